@@ -1,0 +1,32 @@
+#pragma once
+
+#include "core/zk_curve_core_export.h"
+
+/// Puts "t", "f" and "fps" to a moment for as long as it lives and restores them afterwards.
+class ZK_CURVE_CORE_EXPORT EvaluationTime
+{
+public:
+    /// Keeps the present values and writes nothing yet.
+    EvaluationTime();
+    /// Keeps the present values and writes the moment: f is time * fps.
+    EvaluationTime(const double& time, const double& fps);
+    ~EvaluationTime();
+    EvaluationTime(const EvaluationTime&) = delete;
+    EvaluationTime& operator=(const EvaluationTime&) = delete;
+
+    /// Moves on to another moment; values seen before count as old.
+    void set(const double& time, const double& fps);
+
+    /// Leaves "t", "f" and "fps" as they are now: nothing is restored.
+    void keep();
+
+    /// Grows with each moment that an outermost evaluation is made for. A value worked out under
+    /// the same number, at the same "t", "f" and "fps", is still good. 0 outside of any.
+    static unsigned long long epoch();
+
+private:
+    double savedTime;
+    double savedFrame;
+    double savedFps;
+    bool restores = true;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "core/zk_curve_core_export.h"
+
+#include <string>
+
+class FunctionFloatUnary;
+class FunctionFloatBinary;
+class FunctionFloatTernary;
+class FunctionFloatConstant;
+class FunctionFloatVariableBool;
+class FunctionFloatVariableInt;
+class FunctionFloatVariableFloat;
+class FunctionFloatVariableDouble;
+
+/// A node of an expression tree. A tree is owned by one pointer to its root.
+class ZK_CURVE_CORE_EXPORT FunctionFloatBase
+{
+public:
+    FunctionFloatBase();
+    FunctionFloatBase(const FunctionFloatBase& other);
+    FunctionFloatBase& operator=(const FunctionFloatBase& other);
+    virtual ~FunctionFloatBase();
+
+    virtual bool isUnary() const;
+    virtual bool isBinary() const;
+    virtual bool isTernary() const;
+    virtual bool isConstant() const;
+    virtual bool isVariableBool() const;
+    virtual bool isVariableInt() const;
+    virtual bool isVariableFloat() const;
+    virtual bool isVariableDouble() const;
+    virtual const FunctionFloatUnary* getUnaryRef() const;
+    virtual const FunctionFloatBinary* getBinaryRef() const;
+    virtual const FunctionFloatTernary* getTernaryRef() const;
+    virtual const FunctionFloatConstant* getConstantRef() const;
+    virtual const FunctionFloatVariableBool* getVariableBoolRef() const;
+    virtual const FunctionFloatVariableInt* getVariableIntRef() const;
+    virtual const FunctionFloatVariableFloat* getVariableFloatRef() const;
+    virtual const FunctionFloatVariableDouble* getVariableDoubleRef() const;
+
+    /// The value at the present contents of the variables.
+    virtual double value() const = 0;
+
+    /// Canonical text without blanks, which the parser reads back into the same tree.
+    virtual std::string getString() const;
+};
