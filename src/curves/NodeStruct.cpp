@@ -1,0 +1,35 @@
+#include "curves/NodeStruct.h"
+
+#include "core/SplineBase.h"
+
+namespace curve_editor {
+
+void NodeStruct::setSpline(SplineBase* hostSpline)
+{
+    spline = hostSpline;
+    splineLife = hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>();
+}
+
+SplineBase* NodeStruct::livingSpline() const
+{
+    return splineLife.expired() ? nullptr : spline;
+}
+
+FunctionFloatBase** NodeStruct::livingSlot() const
+{
+    const bool splineIsLost = spline && splineLife.expired();
+    return splineIsLost ? nullptr : function;
+}
+
+FunctionFloatBase* NodeStruct::livingExpression() const
+{
+    FunctionFloatBase** slot = livingSlot();
+    return slot ? *slot : nullptr;
+}
+
+QString parserForm(const QString& dotName)
+{
+    return dotName.toLower().replace(QLatin1Char(' '), QLatin1Char('_'));
+}
+
+} // namespace curve_editor
