@@ -1,0 +1,186 @@
+#pragma once
+
+#include "core/SplineBase.h"
+
+#include <QColor>
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <QStringList>
+
+#include <memory>
+
+struct CanvasBackground;
+class CurveEditor;
+class CurveNode;
+class CurveNodeBase;
+class FrameGrid;
+class FunctionEditor;
+class FunctionFloatBase;
+class ParseMessage;
+class QInputEvent;
+class QKeyEvent;
+class QMouseEvent;
+class QPainter;
+class QPoint;
+class SplineCurveGraph;
+class ViewPort;
+
+namespace curve_editor {
+class CommandChangePoints;
+class CommandMovePoints;
+class CommandSelectPoints;
+} // namespace curve_editor
+
+/// The logic of the canvas: the tree of curve objects, the set of curves being edited, painting,
+/// and every gesture on keys and handles.
+class CanvasFunctionBase : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `widget` is the parent and gives the view; `editor` is the dialog. Neither is owned.
+    CanvasFunctionBase(FunctionEditor* widget, CurveEditor* editor);
+    ~CanvasFunctionBase() override;
+
+    bool event(QEvent* event) override;
+
+    /// @name Registry: which curves are on the canvas, and which are being edited
+    /// @{
+    CurveNode* findCurve(const QString& dotName) const;
+    CurveNode* ensurePath(const QString& dotName);
+    CurveNode* addCanvasCurve(const QString& dotName, const QColor& color, const float& curveValue,
+                              SplineBase* spline, FunctionFloatBase** expressionSlot,
+                              const float& minValue, const float& maxValue, const bool& notifyHost);
+    CurveNode* attachCanvasCurve(CurveNode* curve);
+    void removeCanvasCurve(const QString& dotName);
+    void clearCurves();
+    void selectCurves(const QStringList& dotNames);
+    void selectCurveObjects(const QList<CurveNode*>& curves);
+    QList<CurveNode*> editingCurves() const;
+    QStringList editingCurveNames() const;
+    QList<SplineCurveGraph*> keyContainers() const;
+    SplineBase* firstSpline() const;
+    QString firstCurveName() const;
+    int editingType() const;
+    QString commandLineText() const;
+    void markExpressionsChanged();
+    void updateCanvas();
+    void saveCurvesXml(const QString& folder);
+    /// The top nodes of the tree, owned by the canvas.
+    QList<CurveNode*> topNodes() const;
+    /// Deletes a node that stands unlinked; does nothing on any other.
+    void discardUnlinked(CurveNode* node);
+    /// Called by nodes when they come to life and when they die.
+    void nodeCreated(CurveNode* node);
+    void nodeDestroyed(CurveNode* node);
+    /// @}
+
+    /// @name Painting
+    /// @{
+    void paint(QPainter* painter);
+    FrameGrid* frameGrid() const;
+    /// Takes ownership; null removes the picture.
+    void setBackground(CanvasBackground* picture);
+    CanvasBackground* backgroundPicture() const;
+    bool curvesBounds(double& x1, double& x2, double& y1, double& y2) const;
+    bool selectionBounds(double& x1, double& x2, double& y1, double& y2) const;
+    /// @}
+
+    /// @name Events; press returns whether it was consumed
+    /// @{
+    bool press(QMouseEvent* event);
+    void release(QMouseEvent* event);
+    void move(QMouseEvent* event);
+    void doubleClick(QMouseEvent* event);
+    void keyPress(QKeyEvent* event);
+    void watchModifiers(QInputEvent* event);
+    /// @}
+
+    /// @name Gesture commands: at most one of each kind is pending
+    /// @{
+    void beginSelectCommand();
+    void commitSelectCommand();
+    void beginMove(const QPoint& pixel);
+    void beginMoveCommand();
+    void commitMoveCommand();
+    void beginChangeCommand();
+    void commitChangeCommand();
+    void dropPendingCommands();
+    /// @}
+
+    /// @name Keys
+    /// @{
+    void addKey(CurveNode* curve, const double& x, const double& y);
+    void deleteKeys();
+    /// A key at the cursor, asked for by a curve.
+    void createNodeAtCursor(CurveNode* curve);
+    bool hitKeys(const QPoint& pixel, bool& manySelected, bool& anySelected, bool& hitUnselected,
+                 bool& hitSelected, double& spanMin, double& spanMax, QList<PointInfo*>& hits);
+    void selectHits(const QList<PointInfo*>& hits);
+    void toggleHits(const QList<PointInfo*>& hits);
+    void clearSelection();
+    void selectInRect(const bool& add);
+    void scaleSelection(const double& sx, const double& sy);
+    void panSelection(const double& dx, const double& dy);
+    void flatTangents();
+    void setTangentsBroken(const bool& broken);
+    /// @}
+
+    /// Parses in the local 8-bit encoding; an error shows a box titled "Syntax error". Returns
+    /// what the parser returned, owned by the caller.
+    FunctionFloatBase* parseExpression(const QString& text, ParseMessage& message);
+
+    CurveEditor* curveEditor() const;
+    ViewPort* viewPort() const;
+
+    double vSnapRadius = 0.25; ///< share of the grid step
+    double hSnapRadius = 0.1;
+    bool verticalSnap = false;
+    bool horizontalSnap = false;
+    bool toolTipsOn = false;          ///< labels at selected keys always
+    bool toolTipsWhileDragging = true; ///< labels at selected keys during a drag
+    bool defaultBrokenTangent = false; ///< new keys
+    bool defaultAddFunction = false;   ///< stored and read by nobody
+    int defaultNodeType = zk_spline::bezier; ///< new keys
+    QColor selectionColor{20, 10, 105, 255};
+    QColor canvasColor{0, 0, 0};
+
+public slots:
+    void currentNodeHasChanged();
+    void hideMark();
+    void deleteSelectedNodes();
+    void setSelectedLinear();
+    void setSelectedBezier();
+    void setSelectedTcb();
+    void setSelectedStep();
+    void selectAllKeys();
+    void deselectAllKeys();
+    void showRightButtonMenu();
+
+signals:
+    void changeCommandLine();
+    void selectionChanged(QStringList curveNames);
+    void showKeyProperties();
+
+private:
+    FunctionEditor* widget; ///< not owned: the parent
+    CurveEditor* editor;    ///< not owned: outlives the canvas but for its own last moments
+    ViewPort* view;         ///< not owned: the widget's base
+    double lastWorldX = 0.0; ///< press point, then position of the last drag step
+    double lastWorldY = 0.0;
+    double startWorldX = 0.0; ///< where a move began
+    double startWorldY = 0.0;
+    bool rubberSelect = false;
+    bool dragging = false;
+    bool showMark = false; ///< the snap cross-hair is drawn
+    bool selectionPending = false;
+    QList<CurveNode*> editing; ///< leaves of the tree, not owned, each once
+    QList<CurveNode*> tops;    ///< owned
+    QSet<CurveNode*> nodes;    ///< every living node made for this canvas, linked or not
+    std::unique_ptr<FrameGrid> grid;
+    std::unique_ptr<CanvasBackground> background;
+    std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;
+    std::unique_ptr<curve_editor::CommandSelectPoints> pendingSelect;
+    std::unique_ptr<curve_editor::CommandChangePoints> pendingChange;
+};

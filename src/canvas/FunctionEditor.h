@@ -1,0 +1,56 @@
+#pragma once
+
+#include "canvas/CanvasFunctionBase.h"
+#include "canvas/ViewPort.h"
+#include "core/ZkTypes.h"
+
+#include <QWidget>
+
+class CurveEditor;
+
+/// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
+/// then to the key dialog.
+class FunctionEditor : public QWidget, public ViewPort
+{
+    Q_OBJECT
+
+public:
+    FunctionEditor(QWidget* parent, CurveEditor* editor);
+    ~FunctionEditor() override;
+
+    CanvasFunctionBase& canvas();
+
+    /// Each fits the view to all keys, or to the selected ones, of the curves being edited.
+    void completeH();
+    void completeV();
+    void completeSelH();
+    void completeSelV();
+
+    /// Shows the selection in the key dialog: the one place through which the canvas, the
+    /// commands and the editor reach it.
+    void refreshKeysDialog();
+    /// Tells the editor time and value under the cursor and the first curve's value there.
+    void reportCursor(QMouseEvent* event);
+
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+signals:
+    void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
+
+protected slots:
+    void currentNodeHasChanged();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    CanvasFunctionBase logic;
+};

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "curves/ControlSplineNode.h"
+
+#include <QColor>
+#include <QPoint>
+#include <QPolygon>
+
+class FunctionFloatBase;
+class QPainter;
+class ViewPort;
+
+/// The drawing record of a curve's spline: its key selection and its pixels.
+class SplineCurveGraph
+{
+public:
+    /// `view` is used for hit tests before the first rebuild; not owned, may be null.
+    SplineCurveGraph(SplineBase* spline, ViewPort* view);
+
+    ControlSplineNode& selection();
+    const ControlSplineNode& selection() const;
+
+    void setColors(const QColor& main, const QColor& dim);
+    QColor mainColor() const;
+    QColor dimColor() const;
+    void setSpline(SplineBase* spline);
+
+    bool isActive = false;
+
+    /// Samples the curve for a view; values are held between the limits.
+    void rebuildSpline(ViewPort* view, const float& minValue, const float& maxValue);
+    void rebuildSplineWithExpression(ViewPort* view, const float& minValue, const float& maxValue,
+                                     FunctionFloatBase* expression);
+    /// Only the pixels of the keys: hit tests and handles never read pixels older than the
+    /// spline.
+    void rebuildKeyPixels();
+    /// Notes that the samples are old while they were not worth making.
+    void markPixelsOld();
+    bool arePixelsOld() const;
+
+    void drawCurve(QPainter* painter);
+    void drawKeys(QPainter* painter);
+    void drawTangents(QPainter* painter);
+    void drawSelectedKeys(QPainter* painter);
+    void drawLabels(QPainter* painter, const double& fps, const bool& showFrames,
+                    const int& decimals);
+
+    /// Where the handle of the key at `index` ends. `fixedLength` at the ends of the curve.
+    QPoint rightHandlePos(const QPoint& keyPixel, const int& index, const bool& fixedLength) const;
+    QPoint leftHandlePos(const QPoint& keyPixel, const int& index, const bool& fixedLength) const;
+
+    /// The key under a pixel, or null; writes the selection's keyPart.
+    PointInfo* hitTest(const QPoint& pixel);
+    /// Selects the keys strictly inside a world rectangle; `add` keeps the present ones. Returns
+    /// whether any key is selected.
+    bool selectInRect(const bool& add, const double& xMin, const double& xMax, const double& yMin,
+                      const double& yMax);
+
+    QPolygon keyPixels;   ///< one point a key, in key order
+    QPolygon curvePixels; ///< between first and last key, held to the limits
+    QPolygon tailPixels;  ///< behind the last key, up to the right edge
+    QPolygon rawPixels;   ///< as curvePixels, not held to the limits
+
+private:
+    ControlSplineNode keySelection;
+    QColor main;
+    QColor dim;
+    ViewPort* view; ///< not owned
+    bool pixelsAreOld = true;
+};
