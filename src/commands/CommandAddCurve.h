@@ -1,0 +1,52 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QColor>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class CurveEditor;
+class CurveNode;
+class FunctionFloatBase;
+class SplineBase;
+
+namespace curve_editor {
+
+/// Adds a curve of the host to the editor.
+class CommandAddCurve : public CurveCommand
+{
+public:
+    CommandAddCurve(CurveEditor* editor, const QString& node, const QString& curve,
+                    const QColor& color, float curveValue, SplineBase* spline,
+                    FunctionFloatBase** function, float minValue, float maxValue,
+                    const bool& selectByDefault, const bool& notifyHost);
+    ~CommandAddCurve() override;
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor; ///< not owned
+    QString nodeName;
+    QString curveName;
+    QColor color;
+    float curveValue;
+    SplineBase* spline; ///< the host's
+    std::weak_ptr<const void> splineLife;
+    FunctionFloatBase** function; ///< the host's
+    float minValue;
+    float maxValue;
+    QStringList previousSelection;
+    CurveNode* curve = nullptr; ///< the canvas's; freed here while neither linked nor wanted
+    bool isAdded = false;
+    bool isNewRecord = true;
+    bool notifyHost;
+    bool selectByDefault;
+};
+
+} // namespace curve_editor

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QList>
+
+class CurveEditor;
+struct PointInfo;
+
+namespace curve_editor {
+
+struct NodeStruct;
+
+/// Adds one key to a curve.
+class CommandAddPoint : public CurveCommand
+{
+public:
+    /// `time` in seconds. A null node, or one without a spline, makes execute refuse.
+    CommandAddPoint(CurveEditor* editor, NodeStruct* node, const double& time,
+                    const double& value);
+    ~CommandAddPoint() override;
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor; ///< not owned
+    NodeStruct* node;    ///< not owned, never freed
+    double time;
+    double value;
+    PointInfo* point = nullptr; ///< owned while pointInSpline is false, else the spline's
+    QList<PointInfo*> previousSelection; ///< not owned
+    bool pointInSpline = false;
+};
+
+} // namespace curve_editor

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QList>
+
+class CurveEditor;
+struct PointInfo;
+
+namespace curve_editor {
+
+struct NodeStruct;
+
+/// Deletes the selected keys of the curves being edited.
+class CommandDelPoints : public CurveCommand
+{
+public:
+    /// Takes the curves of the moment; the keys are chosen at execute.
+    explicit CommandDelPoints(CurveEditor* editor);
+    ~CommandDelPoints() override;
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor;        ///< not owned
+    QList<NodeStruct*> nodes;   ///< not owned, never freed
+    /// One list a node. Owned while pointsInSpline is false, else their splines'.
+    QList<QList<PointInfo*>> deleted;
+    bool pointsInSpline = true;
+};
+
+} // namespace curve_editor

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QList>
+
+class CurveEditor;
+struct PointInfo;
+
+namespace curve_editor {
+
+struct NodeStruct;
+
+/// A drag of keys: their times and values before and after. Built when the gesture begins, captured when it ends.
+class CommandMovePoints : public CurveCommand
+{
+public:
+    /// Notes the selected keys of the curves being edited, as they are.
+    explicit CommandMovePoints(CurveEditor* editor);
+    ~CommandMovePoints() override;
+
+    /// Notes the same keys as they are now; returns whether anything differs.
+    bool captureFinalState();
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor;      ///< not owned
+    QList<NodeStruct*> nodes; ///< not owned, never freed
+    /// One list a node, in step with each other: the live keys, not owned, and copies of them.
+    QList<QList<PointInfo*>> points;
+    QList<QList<PointInfo*>> before; ///< owned copies
+    QList<QList<PointInfo*>> after;  ///< owned copies
+};
+
+} // namespace curve_editor

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QList>
+
+class CurveEditor;
+struct PointInfo;
+
+namespace curve_editor {
+
+struct NodeStruct;
+
+/// A change of the selected keys; also a part of other commands.
+class CommandSelectPoints : public CurveCommand
+{
+public:
+    /// Notes the selected keys of the curves being edited.
+    explicit CommandSelectPoints(CurveEditor* editor);
+
+    /// Notes the selection as it is now; returns whether it differs. Order does not count.
+    bool captureFinalState();
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor;      ///< not owned
+    QList<NodeStruct*> nodes; ///< not owned, never freed
+    QList<QList<PointInfo*>> before; ///< one list a node; keys not owned
+    QList<QList<PointInfo*>> after;  ///< one list a node; keys not owned
+};
+
+} // namespace curve_editor

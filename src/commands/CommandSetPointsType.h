@@ -1,0 +1,35 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+#include "core/InterpolationType.h"
+
+#include <QList>
+
+class CurveEditor;
+struct PointInfo;
+
+namespace curve_editor {
+
+struct NodeStruct;
+
+/// Sets the interpolation of the selected keys.
+class CommandSetPointsType : public CurveCommand
+{
+public:
+    CommandSetPointsType(CurveEditor* editor, const zk_spline::interpolationType& newType);
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor;      ///< not owned
+    QList<NodeStruct*> nodes; ///< not owned, never freed
+    zk_spline::interpolationType newType;
+    QList<QList<zk_spline::interpolationType>> oldTypes; ///< one list a node
+    QList<QList<PointInfo*>> points;                     ///< one list a node; not owned
+    bool sameType = true; ///< every selected key has the new type already
+};
+
+} // namespace curve_editor
