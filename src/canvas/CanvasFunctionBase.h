@@ -11,6 +11,7 @@
 #include <memory>
 
 struct CanvasBackground;
+class ControlSplineNode;
 class CurveEditor;
 class CurveNode;
 class CurveNodeBase;
@@ -23,6 +24,7 @@ class QKeyEvent;
 class QMouseEvent;
 class QPainter;
 class QPoint;
+class QPointF;
 class SplineCurveGraph;
 class ViewPort;
 
@@ -45,6 +47,9 @@ public:
 
     bool event(QEvent* event) override;
 
+    /// Whether an event tells which modifier keys are held: watchModifiers wants to see it.
+    static bool carriesModifiers(const QEvent* event);
+
     /// @name Registry: which curves are on the canvas, and which are being edited
     /// @{
     CurveNode* findCurve(const QString& dotName) const;
@@ -58,6 +63,8 @@ public:
     void selectCurves(const QStringList& dotNames);
     void selectCurveObjects(const QList<CurveNode*>& curves);
     QList<CurveNode*> editingCurves() const;
+    /// At least one curve is being edited.
+    bool isEditing() const;
     QStringList editingCurveNames() const;
     QList<SplineCurveGraph*> keyContainers() const;
     SplineBase* firstSpline() const;
@@ -138,10 +145,10 @@ public:
     double hSnapRadius = 0.1;
     bool verticalSnap = false;
     bool horizontalSnap = false;
-    bool toolTipsOn = false;          ///< labels at selected keys always
-    bool toolTipsWhileDragging = true; ///< labels at selected keys during a drag
-    bool defaultBrokenTangent = false; ///< new keys
-    bool defaultAddFunction = false;   ///< stored and read by nobody
+    bool toolTipsOn = false;                 ///< labels at selected keys always
+    bool toolTipsWhileDragging = true;       ///< labels at selected keys during a drag
+    bool defaultBrokenTangent = false;       ///< new keys
+    bool defaultAddFunction = false;         ///< stored and read by nobody
     int defaultNodeType = zk_spline::bezier; ///< new keys
     QColor selectionColor{20, 10, 105, 255};
     QColor canvasColor{0, 0, 0};
@@ -164,9 +171,40 @@ signals:
     void showKeyProperties();
 
 private:
-    FunctionEditor* widget; ///< not owned: the parent
-    CurveEditor* editor;    ///< not owned: outlives the canvas but for its own last moments
-    ViewPort* view;         ///< not owned: the widget's base
+    /// How many keys are selected over the editing curves that have keys.
+    struct SelectionState
+    {
+        bool any = false;  ///< some curve has a current key and a selected one
+        bool many = false; ///< more than one key, on one curve or several
+    };
+    SelectionState selectionState() const;
+    QList<SplineCurveGraph*> editableGraphs() const;
+    bool hasEditableKeys() const;
+    void worldAt(const QPoint& pixel, double& time, double& value) const;
+
+    bool pressRight(const bool& outside, const bool& hitUnselected, const bool& anySelected,
+                    const QList<PointInfo*>& hits);
+    bool pressDefault(QMouseEvent* event, const bool& outside, const bool& hitUnselected,
+                      const bool& manySelected, const QList<PointInfo*>& hits);
+    bool pressAddToSelection(const bool& outside, const bool& keyWasHit,
+                             const QList<PointInfo*>& hits);
+    void pressDelete(const QList<PointInfo*>& hits);
+    void beginRubberSelection(const int& mode);
+    void startMove(const QPoint& pixel, const bool& manySelected);
+    void walkSelection(const bool& forward);
+
+    void dragPoint(const QPoint& pixel, double& x, double& y) const;
+    void dragSelection(SplineCurveGraph* graph, const bool& many, const QPointF& raw,
+                       const QPointF& target, const QPointF& delta);
+    void reportDrag(CurveNode* curve);
+    void scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx,
+                   const double& sy);
+    void describeChange(const char* description);
+    void setPointsType(const zk_spline::interpolationType& type);
+
+    FunctionEditor* widget;  ///< not owned: the parent
+    CurveEditor* editor;     ///< not owned: outlives the canvas but for its own last moments
+    ViewPort* view;          ///< not owned: the widget's base
     double lastWorldX = 0.0; ///< press point, then position of the last drag step
     double lastWorldY = 0.0;
     double startWorldX = 0.0; ///< where a move began

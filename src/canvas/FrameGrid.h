@@ -27,8 +27,8 @@ public:
     QPen linePen;
     QColor fontColor;
     QColor timeLineColor;
-    QColor vLineColor; ///< of the line along the bottom border
-    QColor hLineColor; ///< of the line along the left border
+    QColor vLineColor;  ///< of the line along the bottom border
+    QColor hLineColor;  ///< of the line along the left border
     double stepX = 0.0; ///< between lines, in displayed units
     double stepY = 0.0;
     double firstX = 0.0; ///< displayed value of the first line

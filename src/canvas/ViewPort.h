@@ -29,16 +29,16 @@ public:
     double newMaxX = 200.0;
     double newMinY = 1.0;
     double minRectFraction = static_cast<double>(0.05f); ///< smallest rectangle, share of the view
-    bool rectValid = false;    ///< the candidate passed the last check
-    bool rectActive = false;   ///< a rectangle is being dragged or checked
-    bool canvasDirty = true;   ///< grid, background and curves must be rebuilt; never cleared
-    bool rubberDrag = false;   ///< left-button rectangle drag
-    bool panDrag = false;      ///< pan drag
-    bool zoomDrag = false;     ///< continuous zoom drag
-    bool viewDrag = false;     ///< the drag belongs to the zoom tool
-    bool selectDrag = false;   ///< the rectangle drag was started, by whatever tool
-    bool zoomMode = false;     ///< the editor is in mode ZOOMING
-    int lastX = 0;             ///< mouse at the previous drag step
+    bool rectValid = false;                              ///< the candidate passed the last check
+    bool rectActive = false; ///< a rectangle is being dragged or checked
+    bool canvasDirty = true; ///< grid, background and curves must be rebuilt; never cleared
+    bool rubberDrag = false; ///< left-button rectangle drag
+    bool panDrag = false;    ///< pan drag
+    bool zoomDrag = false;   ///< continuous zoom drag
+    bool viewDrag = false;   ///< the drag belongs to the zoom tool
+    bool selectDrag = false; ///< the rectangle drag was started, by whatever tool
+    bool zoomMode = false;   ///< the editor is in mode ZOOMING
+    int lastX = 0;           ///< mouse at the previous drag step
     int lastY = 0;
 
     /// World of a pixel; a canvas without width or height gives minX and maxY.

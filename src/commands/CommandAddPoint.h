@@ -16,8 +16,7 @@ class CommandAddPoint : public CurveCommand
 {
 public:
     /// `time` in seconds. A null node, or one without a spline, makes execute refuse.
-    CommandAddPoint(CurveEditor* editor, NodeStruct* node, const double& time,
-                    const double& value);
+    CommandAddPoint(CurveEditor* editor, NodeStruct* node, const double& time, const double& value);
     ~CommandAddPoint() override;
 
     bool execute() override;
@@ -30,7 +29,7 @@ private:
     NodeStruct* node;    ///< not owned, never freed
     double time;
     double value;
-    PointInfo* point = nullptr; ///< owned while pointInSpline is false, else the spline's
+    PointInfo* point = nullptr;          ///< owned while pointInSpline is false, else the spline's
     QList<PointInfo*> previousSelection; ///< not owned
     bool pointInSpline = false;
 };

@@ -11,7 +11,8 @@ namespace curve_editor {
 
 struct NodeStruct;
 
-/// A change of whole keys, made by a gesture or a dialog. Built when the gesture begins, captured when it ends.
+/// A change of whole keys, made by a gesture or a dialog. Built when the gesture begins, captured
+/// when it ends.
 class CommandChangePoints : public CurveCommand
 {
 public:

@@ -25,8 +25,8 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor;        ///< not owned
-    QList<NodeStruct*> nodes;   ///< not owned, never freed
+    CurveEditor* editor;      ///< not owned
+    QList<NodeStruct*> nodes; ///< not owned, never freed
     /// One list a node. Owned while pointsInSpline is false, else their splines'.
     QList<QList<PointInfo*>> deleted;
     bool pointsInSpline = true;

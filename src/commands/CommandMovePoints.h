@@ -11,7 +11,8 @@ namespace curve_editor {
 
 struct NodeStruct;
 
-/// A drag of keys: their times and values before and after. Built when the gesture begins, captured when it ends.
+/// A drag of keys: their times and values before and after. Built when the gesture begins, captured
+/// when it ends.
 class CommandMovePoints : public CurveCommand
 {
 public:

@@ -27,8 +27,8 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed
+    CurveEditor* editor;             ///< not owned
+    QList<NodeStruct*> nodes;        ///< not owned, never freed
     QList<QList<PointInfo*>> before; ///< one list a node; keys not owned
     QList<QList<PointInfo*>> after;  ///< one list a node; keys not owned
 };

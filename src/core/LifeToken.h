@@ -7,8 +7,12 @@
 class LifeToken
 {
 public:
-    LifeToken() : token(std::make_shared<char>()) {}
-    LifeToken(const LifeToken&) : LifeToken() {}
+    LifeToken()
+        : token(std::make_shared<char>())
+    {}
+    LifeToken(const LifeToken&)
+        : LifeToken()
+    {}
     LifeToken& operator=(const LifeToken&) { return *this; }
     ~LifeToken() = default;
 

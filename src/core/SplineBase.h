@@ -14,7 +14,14 @@ class FunctionFloatBase;
 class ZK_CURVE_CORE_EXPORT SplineBase
 {
 public:
-    enum nodeType : int { zero = 0, constant = 1, loop = 2, loopOffset = 3, followTangent = 4 };
+    enum nodeType : int
+    {
+        zero = 0,
+        constant = 1,
+        loop = 2,
+        loopOffset = 3,
+        followTangent = 4
+    };
 
     SplineBase();
     SplineBase(const SplineBase& other);

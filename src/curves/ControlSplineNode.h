@@ -16,7 +16,13 @@ class ControlSplineNode : public QObject
 
 public:
     /// Which part of the current key the mouse has grabbed.
-    enum keyParts : int { keyItself = 0, handleLine = 1, leftHandle = 2, rightHandle = 3 };
+    enum keyParts : int
+    {
+        keyItself = 0,
+        handleLine = 1,
+        leftHandle = 2,
+        rightHandle = 3
+    };
 
     ControlSplineNode(SplineCurveGraph* owner, SplineBase* spline);
 

@@ -67,7 +67,10 @@ public:
     CurveNode* parentNode() const;
 
 protected:
-    enum leafTag : int { leaf };
+    enum leafTag : int
+    {
+        leaf
+    };
     CurveNode(CanvasFunctionBase* canvas, const QString& name, const QString& path, leafTag);
 
     CanvasFunctionBase* canvas; ///< not owned; outlives the node. May be null

@@ -1,7 +1,8 @@
 #pragma once
 
 /// What a curve is made of. Computed whenever it is asked for, never stored.
-enum curveTypes : int {
+enum curveTypes : int
+{
     splineCurve = 0,
     expressionCurve = 1,
     splinePlusExpressionCurve = 2,

@@ -10,9 +10,9 @@ class SplineHandle
 public:
     SplineHandle() = default;
     explicit SplineHandle(SplineBase* target)
-        : spline(target), life(target ? target->watchLife() : std::weak_ptr<const void>())
-    {
-    }
+        : spline(target)
+        , life(target ? target->watchLife() : std::weak_ptr<const void>())
+    {}
 
     /// The spline; null when there is none or it has been destroyed.
     SplineBase* get() const { return life.expired() ? nullptr : spline; }

@@ -54,7 +54,8 @@ public:
     using NodeStruct = curve_editor::NodeStruct;
     using MainNodeStruct = curve_editor::MainNodeStruct;
 
-    enum curveEditorModes : int {
+    enum curveEditorModes : int
+    {
         DEFAULT = 0,
         SELECT = 1,
         SELECTING = 2,
@@ -71,7 +72,8 @@ public:
     };
     Q_ENUM(curveEditorModes)
 
-    enum topToolBars : int {
+    enum topToolBars : int
+    {
         undoRedoToolBar = 0,
         panScaleToolBar = 1,
         snapToolBar = 2,
@@ -83,7 +85,8 @@ public:
         modeToolBar = 8
     };
 
-    enum topToolBtnsMenus : int {
+    enum topToolBtnsMenus : int
+    {
         copyMenu = 0,
         pasteMenu = 1,
         fitViewMenu = 2,
@@ -92,7 +95,8 @@ public:
     };
 
     /// The value also numbers the button's icon file. 38 is unused.
-    enum topToolButtons : int {
+    enum topToolButtons : int
+    {
         undoButton = 0,
         redoButton = 1,
         panSelectionButton = 2,
@@ -147,8 +151,8 @@ public:
                     float curveValue, SplineBase* spline, FunctionFloatBase** function,
                     float minValue, float maxValue, bool notifyHost);
     void addCurve(const QString& node, const QString& curve, const QColor& color, float curveValue,
-                  SplineBase* spline, FunctionFloatBase** function, float minValue,
-                  float maxValue, bool selectByDefault, bool notifyHost);
+                  SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue,
+                  bool selectByDefault, bool notifyHost);
     MainNodeStruct* searchMainNode(const QString& node) const;
     NodeStruct* searchAllNodeList(const QString& dotName) const;
     NodeStruct* searchAllNodeListCurveName(const QString& parserName) const;
@@ -394,10 +398,10 @@ private:
     QLabel* valueLabel = nullptr;
     QLabel* functionLabel = nullptr;
 
-    QVector<QToolButton*> toolButtons;      ///< by topToolButtons; 38 is null
-    QVector<QToolBar*> topToolBarList;      ///< by topToolBars
-    QVector<QAction*> topToolBarActions;    ///< by topToolBars: shown or hidden
-    QVector<QMenu*> topToolBtnMenus;        ///< by topToolBtnsMenus
+    QVector<QToolButton*> toolButtons;   ///< by topToolButtons; 38 is null
+    QVector<QToolBar*> topToolBarList;   ///< by topToolBars
+    QVector<QAction*> topToolBarActions; ///< by topToolBars: shown or hidden
+    QVector<QMenu*> topToolBtnMenus;     ///< by topToolBtnsMenus
 
     curve_editor::CurveCommandsManager manager;
 };

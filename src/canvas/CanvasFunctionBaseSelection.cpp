@@ -1,0 +1,162 @@
+#include "canvas/CanvasFunctionBase.h"
+
+#include "canvas/SplineCurveGraph.h"
+#include "canvas/ViewPort.h"
+#include "curves/CurveNode.h"
+#include "curves/CurveType.h"
+
+#include <algorithm>
+
+QList<SplineCurveGraph*> CanvasFunctionBase::editableGraphs() const
+{
+    QList<SplineCurveGraph*> graphs;
+    for (CurveNode* curve : editing) {
+        if (hasKeys(curve->curveType()) && curve->splineGraph()) {
+            graphs.append(curve->splineGraph());
+        }
+    }
+    return graphs;
+}
+
+bool CanvasFunctionBase::hasEditableKeys() const
+{
+    return hasKeys(editingType());
+}
+
+CanvasFunctionBase::SelectionState CanvasFunctionBase::selectionState() const
+{
+    SelectionState state;
+    for (SplineCurveGraph* graph : editableGraphs()) {
+        const ControlSplineNode& selection = graph->selection();
+        if (selection.hasSelection()) {
+            state.many = state.many || state.any || selection.selectedPoints.size() > 1;
+            state.any = true;
+        }
+    }
+    return state;
+}
+
+bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& anySelected,
+                                 bool& hitUnselected, bool& hitSelected, double& spanMin,
+                                 double& spanMax, QList<PointInfo*>& hits)
+{
+    hits.clear();
+    hitUnselected = false;
+    hitSelected = false;
+    spanMin = 0.0;
+    spanMax = 0.0;
+    bool spanIsSet = false;
+
+    for (CurveNode* curve : qAsConst(editing)) {
+        SplineCurveGraph* graph = hasKeys(curve->curveType()) ? curve->splineGraph() : nullptr;
+        if (!graph) {
+            hits.append(nullptr); // one entry a curve: the list stays in step with the curves
+            continue;
+        }
+        PointInfo* hit = graph->hitTest(pixel);
+        hits.append(hit);
+        const ControlSplineNode& selection = graph->selection();
+        if (hit) {
+            const bool isSelected =
+                hit == selection.currentPoint || selection.selectedPoints.contains(hit);
+            (isSelected ? hitSelected : hitUnselected) = true;
+        }
+        if (selection.hasSelection()) {
+            double first = 0.0;
+            double last = 0.0;
+            selection.selectedTimeRange(first, last);
+            spanMin = spanIsSet ? std::min(spanMin, first) : first;
+            spanMax = spanIsSet ? std::max(spanMax, last) : last;
+            spanIsSet = true;
+        }
+    }
+
+    const SelectionState state = selectionState();
+    anySelected = state.any;
+    manySelected = state.many;
+    const bool isInSpan = !(lastWorldX < spanMin) && !(lastWorldX > spanMax);
+    return !hitSelected && !hitUnselected && !isInSpan;
+}
+
+void CanvasFunctionBase::selectHits(const QList<PointInfo*>& hits)
+{
+    const qsizetype count = std::min(editing.size(), hits.size());
+    for (qsizetype i = 0; i < count; ++i) {
+        if (hasKeys(editing[i]->curveType()) && editing[i]->splineGraph()) {
+            editing[i]->splineGraph()->selection().selectSinglePoint(hits[i]);
+        }
+    }
+}
+
+void CanvasFunctionBase::toggleHits(const QList<PointInfo*>& hits)
+{
+    const qsizetype count = std::min(editing.size(), hits.size());
+    for (qsizetype i = 0; i < count; ++i) {
+        if (hasKeys(editing[i]->curveType()) && editing[i]->splineGraph()) {
+            editing[i]->splineGraph()->selection().togglePoint(hits[i]);
+        }
+    }
+}
+
+void CanvasFunctionBase::clearSelection()
+{
+    for (SplineCurveGraph* graph : editableGraphs()) {
+        graph->selection().clear();
+    }
+}
+
+void CanvasFunctionBase::selectInRect(const bool& add)
+{
+    const double xMin = std::min(view->newMinX, view->newMaxX);
+    const double xMax = std::max(view->newMinX, view->newMaxX);
+    const double yMin = std::min(view->newMinY, view->newMaxY);
+    const double yMax = std::max(view->newMinY, view->newMaxY);
+    view->rectValid = false;
+    view->rectActive = false;
+    for (SplineCurveGraph* graph : editableGraphs()) {
+        graph->selectInRect(add, xMin, xMax, yMin, yMax);
+    }
+}
+
+void CanvasFunctionBase::selectAllKeys()
+{
+    beginSelectCommand();
+    for (CurveNode* curve : qAsConst(editing)) {
+        SplineBase* spline = curve->spline();
+        if (spline && curve->splineGraph()) {
+            const std::vector<PointInfo*>& keys = spline->getControlPoints();
+            curve->splineGraph()->selection().selectPoints(
+                QList<PointInfo*>(keys.begin(), keys.end()));
+        }
+    }
+    commitSelectCommand();
+}
+
+void CanvasFunctionBase::deselectAllKeys()
+{
+    beginSelectCommand();
+    clearSelection();
+    commitSelectCommand();
+}
+
+void CanvasFunctionBase::walkSelection(const bool& forward)
+{
+    // The first curve's keys lead, whichever curve's selection walks.
+    SplineBase* leading = firstSpline();
+    if (!leading) {
+        return;
+    }
+    for (SplineCurveGraph* graph : keyContainers()) {
+        ControlSplineNode& selection = graph->selection();
+        const PointInfo* current = selection.currentPoint;
+        if (!selection.hasSelection() || selection.selectedPoints.size() > 1) {
+            continue;
+        }
+        const PointInfo* next =
+            forward ? leading->getNext(current->time) : leading->getPrev(current->time);
+        const int index = next ? leading->findIndex(next) : -1;
+        if (index >= 0) {
+            selection.selectSinglePoint(leading->at(static_cast<unsigned>(index)));
+        }
+    }
+}
