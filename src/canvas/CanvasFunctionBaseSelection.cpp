@@ -152,6 +152,10 @@ void CanvasFunctionBase::walkSelection(const bool& forward)
         if (!selection.hasSelection() || selection.selectedPoints.size() > 1) {
             continue;
         }
+        // After a step of several curves the key may be one of the leading curve's.
+        if (selection.spline()->findIndex(current) < 0 && leading->findIndex(current) < 0) {
+            continue;
+        }
         const PointInfo* next =
             forward ? leading->getNext(current->time) : leading->getPrev(current->time);
         const int index = next ? leading->findIndex(next) : -1;
