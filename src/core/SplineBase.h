@@ -4,90 +4,219 @@
 #include "core/PointInfo.h"
 #include "core/zk_curve_core_export.h"
 
+#include <atomic>
+#include <cstddef>
 #include <iosfwd>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
 class FunctionFloatBase;
 
 /// A keyed curve: keys ascending in time, and a behaviour before the first and after the last.
+///
+///     SplineBase spline;
+///     spline.addPoint(0.0, 1.0);
+///     spline.addPoint(2.0, 5.0);
+///     const double middle = spline(1.0);
+///
+/// A spline owns the keys in its list and frees them with itself. A `PointInfo*` stays the same
+/// while keys are re-timed, and a key that `remove` hands back belongs to the caller. Copying the
+/// object and `copyRefs` share keys between two splines: one of the two must give them up with
+/// `clearCtrlPoints` before it dies. `copy` and its kin make keys of their own.
+///
+/// Members that take a key by pointer know it by identity alone. They do nothing when it is not
+/// a key of this spline and never read through such a pointer. Members that take an index do
+/// nothing when it is out of range.
+///
+/// A spline may be evaluated from several threads as long as nobody edits it.
 class ZK_CURVE_CORE_EXPORT SplineBase
 {
 public:
+    /// What the spline does outside its keys. Any other number counts as constant.
     enum nodeType : int
     {
-        zero = 0,
-        constant = 1,
-        loop = 2,
-        loopOffset = 3,
-        followTangent = 4
+        zero = 0,         ///< the value 0
+        constant = 1,     ///< the value of the end key
+        loop = 2,         ///< the keys over and over again
+        loopOffset = 3,   ///< the same, each period raised by last value minus first value
+        followTangent = 4 ///< a straight line with the slope in which the keys end
     };
 
+    /// No key, both behaviours constant, default value 0, no expression added, changed.
     SplineBase();
+    /// Member by member; the copy shares the keys of `other`.
     SplineBase(const SplineBase& other);
+    /// Member by member; shares the keys of `other` and drops its own without freeing them.
     SplineBase& operator=(const SplineBase& other);
+    /// Frees the keys still in the list.
     ~SplineBase();
 
+    /// The number of keys.
     unsigned getControlPointsNumber() const;
+    /// The list itself, ascending in time.
     const std::vector<PointInfo*>& getControlPoints();
+    /// The key at the index, null when out of range. Owned by the spline.
     const PointInfo* operator[](const unsigned& index) const;
+    /// The same. Write times through setTime: the order of the list hangs on them.
     PointInfo* at(const unsigned& index) const;
+    /// The first key; null without keys.
     const PointInfo* getFirst();
+    /// The last key; null without keys.
     const PointInfo* getLast();
+    /// Empties the list without freeing any key. Leaves the changed flag alone.
     void clearCtrlPoints();
-    const int findIndex(const PointInfo* point);
+    /// The index of this key, -1 when it is not a key of this spline.
+    int findIndex(const PointInfo* point);
 
+    /// Copies all fields of source over the key, then takes it out and puts it back in order.
     void copyPoint(const PointInfo* target, const PointInfo* source);
+    /// Copies all fields of source over the key and nothing else: the order and the changed flag
+    /// stay. The next member that inserts or re-times a key restores the order.
     void copyPointNoUpdate(PointInfo* target, const PointInfo* source);
+    /// Writes the key's value.
     void setPos(const PointInfo* point, const double& value);
+    /// Writes the key's time in seconds and moves the key as far as the order asks, and no
+    /// farther. NaN sorts last.
     void setTime(const PointInfo* point, const double& time);
+    /// Writes the key's interpolation.
     void setType(const PointInfo* point, const zk_spline::interpolationType& type);
+    /// Lets the two tangents part; they keep their values.
     void breakTangent(const PointInfo* point);
+    /// Makes the two tangents one: continuity 0, right tangent := left. At the first key, whose
+    /// left tangent shapes nothing, left := right instead.
     void unifyTangent(const PointInfo* point);
+    /// Writes the key's interpolation.
     void setInterpolationType(const PointInfo* point, zk_spline::interpolationType type);
     void setInterpolationType(unsigned index, zk_spline::interpolationType type);
+    /// Writes the incoming slope (value per second), on a unified key the outgoing one too.
     void setTanLeft(const PointInfo* point, const double& slope);
+    /// Writes the outgoing slope (value per second), on a unified key the incoming one too.
     void setTanRight(const PointInfo* point, const double& slope);
+    /// Writes all five fields; a unified key keeps continuity 0.
     void setTcb(const PointInfo* point, const PointInfo::TcbData& data);
     void setTcb(unsigned index, const PointInfo::TcbData& data);
+    /// Writes both slopes; a unified key takes the left one for both.
     void setBezier(const PointInfo* point, const PointInfo::BezierData& data);
     void setBezier(unsigned index, const PointInfo::BezierData& data);
 
-    const double getDefaultValue() const;
+    /// The value of a spline without keys.
+    double getDefaultValue() const;
+    /// Leaves the changed flag alone.
     void setDefaultValue(double value);
-    const bool isAddFunc() const;
+    /// True when an expression is added to this spline.
+    bool isAddFunc() const;
+    /// Leaves the changed flag alone.
     void setAddFunc(const bool& add);
-    const bool hasChanged() const;
+    /// True when something was edited since the flag was last cleared.
+    bool hasChanged() const;
     void setChanged(const bool& change);
+    /// The behaviour before the first key.
     nodeType firstNodeType() const;
+    /// The behaviour after the last key.
     nodeType lastNodeType() const;
     void setFirstNodeType(nodeType type);
     void setLastNodeType(nodeType type);
 
+    /// Adds a new TCB key with all other data 0, behind keys of the same time.
     void addPoint(const double& time, const double& value);
+    /// Takes the key into the spline, behind keys of the same time, and returns it. From then on
+    /// the spline owns it. A key that is inside already is only put in order; null does nothing.
     PointInfo* addPointPtr(PointInfo* point);
+    /// Takes the key out without freeing it: it belongs to the caller.
     void remove(const PointInfo* point);
+    /// Frees all keys.
     void removeAllControlPoints();
 
-    const double operator()(const double& time) const;
-    const double operator()(const double& time, FunctionFloatBase* expression,
-                            const double& fps) const;
-    const double getTangentLeftAtNode(const unsigned& index, double& len) const;
-    const double getTangentRightAtNode(const unsigned& index, double& len) const;
+    /// The value at a time in seconds, the behaviours applied outside the keys. Without keys the
+    /// default value; at a time of NaN, NaN.
+    double operator()(const double& time) const;
+    /// The same with the value of the expression added, which sees "t" as time, "f" as time * fps
+    /// and "fps"; all three are restored afterwards. A null expression adds nothing.
+    double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
+    /// The slope (value per second) with which the curve comes into the key at the index, 0 to
+    /// the number of keys minus one; 0 at any other index. A linear key answers with its chord, a
+    /// stepped one with 0. `len` is always written: it sizes the handle, (1 - tension) / 2 held
+    /// to 0..2 for a TCB key, else 0.667.
+    double getTangentLeftAtNode(const unsigned& index, double& len) const;
+    /// The slope with which the curve leaves the key before the index, which is 1 to the number
+    /// of keys; else as getTangentLeftAtNode.
+    double getTangentRightAtNode(const unsigned& index, double& len) const;
+    /// The nearest key strictly before the time, null if there is none.
     const PointInfo* getPrev(const double& time);
+    /// The nearest key strictly after the time, null if there is none.
     const PointInfo* getNext(const double& time);
 
+    /// Becomes a deep copy: new keys, both behaviours, default value and both flags.
     void copy(const SplineBase& source);
+    /// Takes over the keys of source as pointers and its other fields. Drops its own keys without
+    /// freeing them; the changed flag is set.
     void copyRefs(const SplineBase& source);
+    /// Becomes a copy with new keys moved by `offset` seconds, both behaviours and default value.
     void copyDup(const SplineBase& source, const double& offset);
+    /// Becomes a copy of just those keys of source that are listed, with its behaviours.
     void copySelected(const SplineBase& source, const std::vector<const PointInfo*>& points);
+    /// Adds copies of the keys of source, moved by `offset` seconds. Returns the added ones in
+    /// time order; they belong to this spline.
     std::vector<const PointInfo*> combine(const SplineBase& source, const double& offset);
+    /// Frees the keys and puts both behaviours back to constant. Default value and the mark of an
+    /// added expression stay.
     void reset();
 
+    /// Writes keys, behaviours and default value as text, whatever the locale.
     static void save(SplineBase& spline, std::ofstream& stream);
+    /// Replaces keys, behaviours and default value by what save wrote. On anything else the
+    /// spline stays as it is.
     static void load(SplineBase* spline, std::ifstream& stream);
 
     /// Expires when the spline is destroyed: whoever keeps a pointer to a spline of somebody
     /// else's keeps this beside it.
     std::weak_ptr<const void> watchLife() const;
+
+private:
+    using PointList = std::vector<PointInfo*>;
+
+    PointList::iterator find(const PointInfo* point);
+    void insertInOrder(PointInfo* point);
+    void settle(const std::size_t& index);
+    void restoreOrder();
+    void dropPoints();
+    void freePoints();
+    void takePoints(const PointList& newPoints);
+    void takeFields(const SplineBase& other);
+    PointList duplicates(const double& offset) const;
+
+    std::size_t segmentAt(const double& time) const;
+    void rememberSegment(const std::size_t& index) const;
+    double valueWithin(const double& time) const;
+    double valueInSegment(const std::size_t& index, const double& time) const;
+    double valueOutside(const double& time, const nodeType& behaviour, const bool& before) const;
+    double valueLooped(const double& time, const PointInfo& end, const bool& withOffset) const;
+    double endSlope(const bool& before) const;
+    double chord(const std::size_t& index) const;
+    double incomingSlope(const std::size_t& index) const;
+    double outgoingSlope(const std::size_t& index) const;
+    double tcbSlope(const std::size_t& index, const double& factor0, const double& factor1) const;
+    double handleSlope(const std::size_t& index, const bool& outgoing, double& len) const;
+
+    // The tangent coefficients of a TCB key: Kochanek and Bartels, "Interpolating splines with
+    // local tension, continuity, and bias control", 1984. 0 weighs the gap to the previous key, 1
+    // the gap to the next; L is the left end of the segment that follows, R the right end of the
+    // one before.
+    double getFactorL0(const PointInfo* point) const;
+    double getFactorL1(const PointInfo* point) const;
+    double getFactorR0(const PointInfo* point) const;
+    double getFactorR1(const PointInfo* point) const;
+
+    nodeType firstType = constant;
+    nodeType lastType = constant;
+    double defaultValue = 0.0;
+    bool addFunc = false;
+    bool changed = true;
+    PointList controlPoints; ///< owned, but for copies that share them; see the class comment
+
+    std::unordered_set<const PointInfo*> members; ///< the keys of controlPoints; not owned
+    bool orderUpset = false; ///< times were written past setTime: the list must be sorted anew
+    mutable std::atomic<std::size_t> lastSegment{0}; ///< a guess only: it may be out of range
+    LifeToken life;
 };

@@ -1,0 +1,138 @@
+#include "core/SplineBase.h"
+
+#include <array>
+#include <charconv>
+#include <fstream>
+#include <iomanip>
+#include <string>
+#include <system_error>
+
+// The layout: number of keys, behaviour before, behaviour after, default value; then a line for
+// each key with its numbers in the order of numbersOf, its interpolation and 1 for unified.
+
+namespace {
+
+constexpr int exactDigits = 17;
+constexpr int longestWord = 64;
+
+template <typename Record>
+auto numbersOf(Record& point)
+{
+    return std::array{&point.time,
+                      &point.value,
+                      &point.bezier.tangentLeft,
+                      &point.bezier.tangentRight,
+                      &point.tcb.tension,
+                      &point.tcb.continuity,
+                      &point.tcb.bias,
+                      &point.tcb.easeTo,
+                      &point.tcb.easeFrom};
+}
+
+template <typename... Format>
+void append(std::string& text, const Format&... numberAndFormat)
+{
+    std::array<char, longestWord> word{};
+    const auto end = std::to_chars(word.data(), word.data() + word.size(), numberAndFormat...).ptr;
+    text.append(word.data(), end);
+    text += ' ';
+}
+
+void appendNumber(std::string& text, const double& number)
+{
+    append(text, number, std::chars_format::general, exactDigits);
+}
+
+void endLine(std::string& text)
+{
+    text.back() = '\n';
+}
+
+/// Reads the next word, which must be a number from its first to its last character.
+template <typename Number>
+bool readNumber(std::istream& stream, Number& number)
+{
+    std::string word;
+    if (!(stream >> std::setw(longestWord) >> word)) {
+        return false;
+    }
+    if (word.size() == std::size_t{longestWord}) {
+        return false;
+    }
+    const char* const end = word.data() + word.size();
+    const auto result = std::from_chars(word.data(), end, number);
+    return result.ec == std::errc() && result.ptr == end;
+}
+
+template <typename Enumeration>
+bool readEnumeration(std::istream& stream, Enumeration& value)
+{
+    int number = 0;
+    if (!readNumber(stream, number)) {
+        return false;
+    }
+    value = static_cast<Enumeration>(number);
+    return true;
+}
+
+bool readPoint(std::istream& stream, PointInfo& point)
+{
+    for (double* number : numbersOf(point)) {
+        if (!readNumber(stream, *number)) {
+            return false;
+        }
+    }
+    int unified = 0;
+    if (!readEnumeration(stream, point.type) || !readNumber(stream, unified)) {
+        return false;
+    }
+    point.unifiedTangents = unified == 1;
+    return unified == 0 || unified == 1;
+}
+
+} // namespace
+
+void SplineBase::save(SplineBase& spline, std::ofstream& stream)
+{
+    std::string text;
+    append(text, spline.getControlPointsNumber());
+    append(text, static_cast<int>(spline.firstType));
+    append(text, static_cast<int>(spline.lastType));
+    appendNumber(text, spline.defaultValue);
+    endLine(text);
+    for (const PointInfo* point : spline.controlPoints) {
+        for (const double* number : numbersOf(*point)) {
+            appendNumber(text, *number);
+        }
+        append(text, static_cast<int>(point->type));
+        append(text, point->unifiedTangents ? 1 : 0);
+        endLine(text);
+    }
+    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
+}
+
+void SplineBase::load(SplineBase* spline, std::ifstream& stream)
+{
+    SplineBase loaded;
+    unsigned count = 0;
+    if (spline == nullptr || !readNumber(stream, count) ||
+        !readEnumeration(stream, loaded.firstType) || !readEnumeration(stream, loaded.lastType) ||
+        !readNumber(stream, loaded.defaultValue)) {
+        return;
+    }
+    // The count is the file's word only: memory grows with the keys that are really there.
+    for (unsigned read = 0; read < count; ++read) {
+        PointInfo point;
+        if (!readPoint(stream, point)) {
+            return;
+        }
+        loaded.addPointPtr(new PointInfo(point));
+    }
+    spline->freePoints();
+    spline->controlPoints.swap(loaded.controlPoints);
+    spline->members.swap(loaded.members);
+    spline->firstType = loaded.firstType;
+    spline->lastType = loaded.lastType;
+    spline->defaultValue = loaded.defaultValue;
+    spline->changed = true;
+}
