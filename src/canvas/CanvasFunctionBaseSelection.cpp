@@ -7,6 +7,11 @@
 
 #include <algorithm>
 
+bool CanvasFunctionBase::isEditing() const
+{
+    return !editing.isEmpty();
+}
+
 QList<SplineCurveGraph*> CanvasFunctionBase::editableGraphs() const
 {
     QList<SplineCurveGraph*> graphs;
