@@ -1,0 +1,299 @@
+#include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
+
+using Mode = CurveEditor::curveEditorModes;
+
+/// Rectangles, zooms, double clicks and keys on the canvas.
+class TestGestures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aRectangleSelectsTheKeysStrictlyInside()
+    {
+        EditorFixture fixture;
+        LentCurve& curve =
+            fixture.editCurve("n.a", {{10, 10}, {20, 20}, {25, 15}, {30, 10}, {40, 35}});
+        fixture.paint();
+        // The key at 20 lies exactly on the edge.
+        fixture.drag(fixture.pixel(20, 5), fixture.pixel(35, 30));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
+                 (QList<PointInfo*>{curve.spline.at(2), curve.spline.at(3)}));
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(3));
+        QCOMPARE(fixture.undoAll(), QStringList("Select Control Points"));
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+    }
+
+    void aRectangleOverNothingClearsTheSelection()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.selectKeys("n.a", {0, 1});
+        fixture.paint();
+        fixture.drag(fixture.pixel(30, 5), fixture.pixel(45, 30));
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+        QVERIFY(!fixture.selectionOf("n.a").currentPoint);
+    }
+
+    void shiftPressedInMidRectangleKeepsWhatWasSelected()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}, {30, 10}});
+        fixture.selectKeys("n.a", {0});
+        fixture.paint();
+        fixture.press(fixture.pixel(25, 5));
+        fixture.moveTo(fixture.pixel(28, 8), Qt::LeftButton, Qt::ShiftModifier);
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::ADDING2SEL);
+        fixture.moveTo(fixture.pixel(35, 15), Qt::LeftButton, Qt::ShiftModifier);
+        fixture.release(fixture.pixel(35, 15), Qt::LeftButton, Qt::ShiftModifier);
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
+                 (QList<PointInfo*>{curve.spline.at(0), curve.spline.at(2)}));
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::ADD2SEL);
+    }
+
+    void shiftLetGoInMidRectangleSelectsAnew()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}, {30, 10}});
+        fixture.selectKeys("n.a", {0});
+        fixture.paint();
+        fixture.press(fixture.pixel(25, 5), Qt::LeftButton, Qt::ShiftModifier);
+        fixture.moveTo(fixture.pixel(35, 15));
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::SELECTING);
+        fixture.release(fixture.pixel(35, 15));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
+                 (QList<PointInfo*>{curve.spline.at(2)}));
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::DEFAULT);
+    }
+
+    void altDragZoomsToTheRectangle()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        fixture.press(fixture.pixel(10, 10), Qt::LeftButton, Qt::AltModifier);
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::ZOOMING);
+        QVERIFY(fixture.canvas().viewDrag);
+        fixture.moveTo(fixture.pixel(30, 30), Qt::LeftButton, Qt::AltModifier);
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::ZOOM);
+        fixture.release(fixture.pixel(30, 30), Qt::LeftButton, Qt::AltModifier);
+        QCOMPARE(fixture.canvas().minX, 10.0);
+        QCOMPARE(fixture.canvas().maxX, 30.0);
+        QCOMPARE(fixture.canvas().minY, 10.0);
+        QCOMPARE(fixture.canvas().maxY, 30.0);
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+        fixture.moveTo(fixture.pixel(30, 30), Qt::NoButton);
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::DEFAULT);
+    }
+
+    void aZoomClickWithoutAMoveEndsByTheAltKey()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.editor.setZoomMode();
+        // In the zoom tool without Alt: the release falls back to the tool.
+        fixture.click(fixture.pixel(30, 30));
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::ZOOM);
+        QCOMPARE(fixture.canvas().maxX, 50.0); // a rectangle of no size is refused
+    }
+
+    void aSmallZoomRectangleIsRefused()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.editor.setZoomMode();
+        fixture.drag(fixture.pixel(10, 10), fixture.pixel(12, 30)); // 4 percent of the width
+        QCOMPARE(fixture.canvas().minX, 0.0);
+        QCOMPARE(fixture.canvas().maxX, 50.0);
+        QCOMPARE(fixture.canvas().maxY, 40.0);
+    }
+
+    void theMiddleButtonPansInTheZoomTool()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.editor.setZoomMode();
+        fixture.press(QPoint(100, 100), Qt::MiddleButton);
+        QVERIFY(fixture.canvas().panDrag);
+        fixture.moveTo(QPoint(150, 80), Qt::MiddleButton);
+        fixture.release(QPoint(150, 80), Qt::MiddleButton);
+        QCOMPARE(fixture.canvas().minX, -5.0); // the curves follow the mouse
+        QCOMPARE(fixture.canvas().maxX, 45.0);
+        QCOMPARE(fixture.canvas().minY, -2.0);
+        QVERIFY(!fixture.canvas().panDrag);
+    }
+
+    void theRightButtonZoomsOnAndOnInTheZoomTool()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.editor.setZoomMode();
+        fixture.press(QPoint(250, 200), Qt::RightButton);
+        QVERIFY(fixture.canvas().zoomDrag);
+        fixture.moveTo(QPoint(350, 200), Qt::RightButton);
+        fixture.release(QPoint(350, 200), Qt::RightButton);
+        QVERIFY(fixture.canvas().maxX - fixture.canvas().minX > 50.0); // right widens
+        QVERIFY(fixture.undoSteps().isEmpty());
+    }
+
+    void theWheelZoomsAroundTheCursor()
+    {
+        EditorFixture fixture;
+        fixture.wheel(QPoint(0, 400), 120);
+        QVERIFY(std::fabs(fixture.canvas().minX) < 1e-9);
+        QVERIFY(std::fabs(fixture.canvas().minY) < 1e-9);
+        QCOMPARE(fixture.canvas().maxX, 50.0 * std::pow(5.0, -20.0 / 500.0));
+        QCOMPARE(fixture.canvas().maxY, 40.0 * std::pow(5.0, -20.0 / 400.0));
+    }
+
+    void aDoubleClickAddsAKey()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        fixture.doubleClick(fixture.pixel(35, 30));
+        QCOMPARE(curve.spline.getControlPointsNumber(), 3u);
+        QCOMPARE(curve.spline.at(2)->time, 35.0);
+        QCOMPARE(curve.spline.at(2)->value, 30.0);
+        QCOMPARE(fixture.undoSteps().first(), QString("Add New Control Point"));
+    }
+
+    void aDoubleClickInAnotherToolAddsNothing()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.editor.setDeleteKeyMode();
+        fixture.paint();
+        fixture.doubleClick(fixture.pixel(35, 30));
+        QCOMPARE(curve.spline.getControlPointsNumber(), 2u);
+    }
+
+    void theArrowsWalkFromKeyToKey()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}, {30, 10}});
+        fixture.selectKeys("n.a", {0});
+        fixture.typeKey(Qt::Key_Right);
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(1));
+        fixture.typeKey(Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(2));
+        fixture.typeKey(Qt::Key_Right); // no further key: the selection stays
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(2));
+        fixture.typeKey(Qt::Key_Left);
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(1));
+    }
+
+    void theArrowsLeaveSeveralKeysAlone()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}, {30, 10}});
+        fixture.selectKeys("n.a", {0, 1});
+        fixture.typeKey(Qt::Key_Right);
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints.size(), qsizetype(2));
+    }
+
+    void withSeveralCurvesTheFirstCurvesKeysLead()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.addCurve("n.b", {{5, 30}, {12, 35}, {40, 35}});
+        fixture.editor.selectNodes({"n.a", "n.b"});
+        fixture.selectKeys("n.b", {1});
+        fixture.typeKey(Qt::Key_Right);
+        QCOMPARE(fixture.selectionOf("n.b").currentPoint, a.spline.at(1));
+        // A borrowed key is neither painted, moved nor deleted, and never read once it is gone.
+        fixture.paint();
+        fixture.drag(fixture.pixel(20, 35), fixture.pixel(22, 30));
+        fixture.typeKey(Qt::Key_Delete);
+        QCOMPARE(a.spline.getControlPointsNumber(), 2u);
+        fixture.curves.erase("n.a");
+        fixture.paint();
+        fixture.typeKey(Qt::Key_Left);
+        fixture.typeKey(Qt::Key_Delete);
+        fixture.undoAll();
+    }
+
+    void undoAndRedoKeysAskTheHost_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::addColumn<int>("modifiers");
+        QTest::addColumn<int>("undos");
+        QTest::addColumn<int>("redos");
+        QTest::newRow("ctrl z") << int(Qt::Key_Z) << int(Qt::ControlModifier) << 1 << 0;
+        QTest::newRow("ctrl y") << int(Qt::Key_Y) << int(Qt::ControlModifier) << 0 << 1;
+        QTest::newRow("ctrl shift z")
+            << int(Qt::Key_Z) << int(Qt::ControlModifier | Qt::ShiftModifier) << 0 << 0;
+        QTest::newRow("z alone") << int(Qt::Key_Z) << int(Qt::NoModifier) << 0 << 0;
+    }
+
+    void undoAndRedoKeysAskTheHost()
+    {
+        QFETCH(int, key);
+        QFETCH(int, modifiers);
+        QFETCH(int, undos);
+        QFETCH(int, redos);
+        EditorFixture fixture;
+        int undoCount = 0;
+        int redoCount = 0;
+        connect(&fixture.editor, &CurveEditor::curveEditorUndo, this, [&] { ++undoCount; });
+        connect(&fixture.editor, &CurveEditor::curveEditorRedo, this, [&] { ++redoCount; });
+        fixture.typeKey(key, Qt::KeyboardModifiers(modifiers));
+        QCOMPARE(undoCount, undos);
+        QCOMPARE(redoCount, redos);
+    }
+
+    void theDeleteKeyBuildsACommandEvenWithNothingSelected()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.typeKey(Qt::Key_Delete); // refused: nothing was deleted
+        QCOMPARE(curve.spline.getControlPointsNumber(), 2u);
+        QVERIFY(fixture.undoSteps().isEmpty());
+        fixture.selectKeys("n.a", {0});
+        fixture.typeKey(Qt::Key_Delete);
+        QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
+        QCOMPARE(fixture.undoSteps(), QStringList("Delete Control Points"));
+    }
+
+    void theSlotDeletesOnlyASelection()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.logic().deleteSelectedNodes();
+        QCOMPARE(curve.spline.getControlPointsNumber(), 2u);
+        fixture.selectKeys("n.a", {1});
+        fixture.logic().deleteSelectedNodes();
+        QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
+    }
+
+    void theCursorIsReportedWithTheFirstCurvesValue()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{0, 10}, {50, 10}});
+        QList<double> said;
+        connect(&fixture.canvas(), &FunctionEditor::setFuncPosInfo, this,
+                [&said](double time, double value, double curve) {
+                    said = {time, value, curve};
+                });
+        fixture.moveTo(fixture.pixel(25, 30), Qt::NoButton);
+        QCOMPARE(said, (QList<double>{25.0, 30.0, 10.0}));
+    }
+
+    void aKeyIsMadeAtTheCursorForTheOnlyCurve()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}});
+        fixture.addCurve("n.b", {{10, 20}});
+        fixture.click(fixture.pixel(30, 20));
+        fixture.logic().createNodeAtCursor(fixture.logic().findCurve("n.b"));
+        QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
+        fixture.logic().createNodeAtCursor(fixture.logic().findCurve("n.a"));
+        QCOMPARE(curve.spline.getControlPointsNumber(), 2u);
+        QCOMPARE(curve.spline.at(1)->time, 30.0);
+    }
+};
+
+QTEST_MAIN(TestGestures)
+#include "test_gestures.moc"
