@@ -3,12 +3,18 @@
 #include "core/zk_curve_core_export.h"
 
 /// Puts "t", "f" and "fps" to a moment for as long as it lives and restores them afterwards.
+///
+///     EvaluationTime moment(2.5, 24.0); // t = 2.5, f = 60, fps = 24
+///     const double height = expression->value();
+///
+/// Objects nest: the one made last goes first.
 class ZK_CURVE_CORE_EXPORT EvaluationTime
 {
 public:
     /// Keeps the present values and writes nothing yet.
     EvaluationTime();
-    /// Keeps the present values and writes the moment: f is time * fps.
+    /// Keeps the present values and writes the moment: f is time * fps. Time in seconds, fps in
+    /// frames per second; any number will do.
     EvaluationTime(const double& time, const double& fps);
     ~EvaluationTime();
     EvaluationTime(const EvaluationTime&) = delete;
@@ -20,8 +26,9 @@ public:
     /// Leaves "t", "f" and "fps" as they are now: nothing is restored.
     void keep();
 
-    /// Grows with each moment that an outermost evaluation is made for. A value worked out under
-    /// the same number, at the same "t", "f" and "fps", is still good. 0 outside of any.
+    /// Grows with each moment that an outermost evaluation is made for, and whenever an evaluation
+    /// inside of it goes to another moment or comes back from it. A value worked out under the
+    /// same number, at the same "t", "f" and "fps", is still good. 0 outside of any.
     static unsigned long long epoch();
 
 private:

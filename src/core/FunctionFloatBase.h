@@ -13,7 +13,16 @@ class FunctionFloatVariableInt;
 class FunctionFloatVariableFloat;
 class FunctionFloatVariableDouble;
 
-/// A node of an expression tree. A tree is owned by one pointer to its root.
+/// A node of an expression tree.
+///
+///     ParseMessage message;
+///     FunctionFloatBase* wave =
+///         FunctionParserBase::instance()->parseString("sin(t)", message, false);
+///     const double height = wave->value();
+///     delete wave;
+///
+/// A tree is owned by one pointer to its root: deleting the root frees all of it. It is never
+/// changed after it was parsed; a second tree is made by parsing its text again.
 class ZK_CURVE_CORE_EXPORT FunctionFloatBase
 {
 public:
@@ -30,6 +39,8 @@ public:
     virtual bool isVariableInt() const;
     virtual bool isVariableFloat() const;
     virtual bool isVariableDouble() const;
+
+    /// The node as its own class; null where it is of another kind.
     virtual const FunctionFloatUnary* getUnaryRef() const;
     virtual const FunctionFloatBinary* getBinaryRef() const;
     virtual const FunctionFloatTernary* getTernaryRef() const;
@@ -44,4 +55,10 @@ public:
 
     /// Canonical text without blanks, which the parser reads back into the same tree.
     virtual std::string getString() const;
+
+private:
+    friend class FunctionParserBase;
+
+    // Kept at the root of a tree; empty in the nodes below, whose text is made when asked for.
+    std::string text;
 };

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core/FunctionFloatBase.h"
+
+#include <memory>
+
+/// if(condition, whenTrue, whenFalse). Only the branch taken is evaluated; any condition but 0
+/// takes the first one.
+class ZK_CURVE_CORE_EXPORT FunctionFloatTernary : public FunctionFloatBase
+{
+public:
+    FunctionFloatTernary(std::unique_ptr<FunctionFloatBase> conditionNode,
+                         std::unique_ptr<FunctionFloatBase> trueNode,
+                         std::unique_ptr<FunctionFloatBase> falseNode);
+    ~FunctionFloatTernary() override;
+
+    bool isTernary() const override;
+    const FunctionFloatTernary* getTernaryRef() const override;
+    double value() const override;
+
+    const FunctionFloatBase& condition() const;
+    const FunctionFloatBase& whenTrue() const;
+    const FunctionFloatBase& whenFalse() const;
+
+private:
+    std::unique_ptr<FunctionFloatBase> conditionTree;
+    std::unique_ptr<FunctionFloatBase> trueTree;
+    std::unique_ptr<FunctionFloatBase> falseTree;
+};

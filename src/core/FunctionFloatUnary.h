@@ -1,0 +1,27 @@
+#pragma once
+
+#include "core/FunctionFloatBase.h"
+
+#include <memory>
+
+struct UnaryOperation;
+
+/// A function of one argument, or a minus sign before its argument.
+class ZK_CURVE_CORE_EXPORT FunctionFloatUnary : public FunctionFloatBase
+{
+public:
+    FunctionFloatUnary(const UnaryOperation& unaryOperation,
+                       std::unique_ptr<FunctionFloatBase> argumentNode);
+    ~FunctionFloatUnary() override;
+
+    bool isUnary() const override;
+    const FunctionFloatUnary* getUnaryRef() const override;
+    double value() const override;
+
+    const UnaryOperation& operation() const;
+    const FunctionFloatBase& argument() const;
+
+private:
+    const UnaryOperation* applied; // of the language's tables
+    std::unique_ptr<FunctionFloatBase> argumentTree;
+};

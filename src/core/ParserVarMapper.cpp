@@ -1,0 +1,3 @@
+#include "core/ParserVarMapper.h"
+
+ParserVarMapper::~ParserVarMapper() = default;
