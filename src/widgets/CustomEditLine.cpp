@@ -31,10 +31,12 @@ double numberIn(const QString& text)
     return std::copysign(std::numeric_limits<double>::max(), number);
 }
 
+/// As a 32-bit float; infinite where that holds no more.
 float magnitudeOf(const double& value)
 {
-    constexpr double largest = std::numeric_limits<float>::max();
-    return static_cast<float>(std::min(std::fabs(value), largest));
+    const double magnitude = std::fabs(value);
+    return magnitude > std::numeric_limits<float>::max() ? std::numeric_limits<float>::infinity()
+                                                         : static_cast<float>(magnitude);
 }
 
 /// Away from the user is positive. With Alt held some platforms deliver the turn as a sideways one.
@@ -114,6 +116,10 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     const int delta = event->globalPosition().toPoint().y() - dragStartY;
+    if (delta == 0) {
+        setByMouse(dragStartValue); // an infinite magnitude times zero would be no number
+        return;
+    }
     const double step = static_cast<float>(delta) * stepPerPixel;
     setByMouse(dragStartValue - (magnitudeOf(dragStartValue) + 1.0) * step);
 }
