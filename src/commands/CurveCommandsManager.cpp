@@ -1,0 +1,202 @@
+#include "commands/CurveCommandsManager.h"
+
+#include "commands/CurveCommand.h"
+
+#include <QPointer>
+
+#include <algorithm>
+
+namespace curve_editor {
+
+CurveCommandsManager& CurveCommandsManager::instance()
+{
+    static CurveCommandsManager manager;
+    return manager;
+}
+
+CurveCommandsManager::CurveCommandsManager() = default;
+
+CurveCommandsManager::CurveCommandsManager(const CurveCommandsManager& /*other*/)
+    : QObject(nullptr)
+{
+    instance();
+}
+
+CurveCommandsManager::~CurveCommandsManager()
+{
+    clear();
+}
+
+bool CurveCommandsManager::doCommand(CurveCommand* const command)
+{
+    if (!command) {
+        return false;
+    }
+    if (running) {
+        return executeNested(command);
+    }
+    running = true;
+    const bool executed = command->execute();
+    running = false;
+    if (executed) {
+        keep(command);
+    } else {
+        destroy(command);
+    }
+    const int nestedCount = placeNested();
+    emitExecuted(nestedCount + (executed ? 1 : 0));
+    return executed;
+}
+
+CurveCommand* CurveCommandsManager::undo()
+{
+    return move(undoStack, redoStack, &CurveCommand::undo);
+}
+
+CurveCommand* CurveCommandsManager::redo()
+{
+    return move(redoStack, undoStack, &CurveCommand::redo);
+}
+
+void CurveCommandsManager::clear()
+{
+    clearUndoStack();
+    clearRedoStack();
+}
+
+void CurveCommandsManager::setMaxStackSize(unsigned int size)
+{
+    dropOldest(undoStack, size);
+    dropOldest(redoStack, size);
+    maxStackSize = size;
+}
+
+void CurveCommandsManager::setEnable(bool value)
+{
+    enabled = value;
+    if (!enabled) {
+        clear();
+    }
+}
+
+bool CurveCommandsManager::isEnabled() const
+{
+    return enabled;
+}
+
+/// From the earliest action to the latest, as in clearRedoStack.
+void CurveCommandsManager::clearUndoStack()
+{
+    while (!undoStack.empty()) {
+        CurveCommand* const oldest = undoStack.back();
+        undoStack.pop_back();
+        destroy(oldest);
+    }
+}
+
+void CurveCommandsManager::clearRedoStack()
+{
+    while (!redoStack.empty()) {
+        CurveCommand* const earliest = redoStack.front();
+        redoStack.pop_front();
+        destroy(earliest);
+    }
+}
+
+void CurveCommandsManager::dropOldest(Stack& stack, const unsigned int& size)
+{
+    while (stack.size() > size) {
+        CurveCommand* const last = stack.back();
+        stack.pop_back();
+        destroy(last);
+    }
+}
+
+bool CurveCommandsManager::keepsCommands() const
+{
+    return enabled && maxStackSize > 0;
+}
+
+/// Its place is taken before it runs: what it runs itself comes behind it. A command that was
+/// executed is not freed here even if it can't be kept, for the running one is older than it and
+/// may name the same keys.
+bool CurveCommandsManager::executeNested(CurveCommand* const command)
+{
+    const auto place = nested.insert(nested.end(), command);
+    const bool executed = command->execute();
+    if (!executed) {
+        nested.erase(place);
+        destroy(command);
+    }
+    return executed;
+}
+
+void CurveCommandsManager::keep(CurveCommand* const command)
+{
+    if (!keepsCommands()) {
+        destroy(command);
+        return;
+    }
+    clearRedoStack();
+    // Only at the limit, not above it: what redo carried past a lowered limit stays.
+    if (undoStack.size() == maxStackSize) {
+        dropOldest(undoStack, maxStackSize - 1);
+    }
+    undoStack.push_front(command);
+}
+
+CurveCommand* CurveCommandsManager::move(Stack& from, Stack& to, void (CurveCommand::*step)())
+{
+    if (running || from.empty()) {
+        return nullptr;
+    }
+    CurveCommand* const command = from.front();
+    from.pop_front();
+    running = true;
+    (command->*step)();
+    running = false;
+
+    returning.push_back(command);
+    if (keepsCommands()) {
+        to.push_front(command);
+    } else {
+        destroy(command);
+    }
+    if (!emitExecuted(placeNested())) {
+        return nullptr;
+    }
+    CurveCommand* const result = returning.back();
+    returning.pop_back();
+    return result;
+}
+
+/// Returns how many there were.
+int CurveCommandsManager::placeNested()
+{
+    int count = 0;
+    while (!nested.empty()) {
+        CurveCommand* const command = nested.front();
+        nested.pop_front();
+        keep(command);
+        ++count;
+    }
+    return count;
+}
+
+/// Returns false if a listener destroyed the manager.
+bool CurveCommandsManager::emitExecuted(const int& times)
+{
+    const QPointer<CurveCommandsManager> self(this);
+    for (int time = 0; time < times && self; ++time) {
+        emit curveEditorCmdExec();
+    }
+    return self;
+}
+
+void CurveCommandsManager::destroy(CurveCommand* const command)
+{
+    std::replace(returning.begin(), returning.end(), command, static_cast<CurveCommand*>(nullptr));
+    delete command;
+}
+
+} // namespace curve_editor

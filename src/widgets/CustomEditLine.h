@@ -1,0 +1,70 @@
+#pragma once
+
+#include "core/ZkTypes.h"
+#include "editor/zk_curve_editor_export.h"
+
+#include <QLineEdit>
+
+/// A number within bounds, changed by typing, by dragging the mouse up and down over the field,
+/// or with the wheel.
+///
+/// A value set with the mouse and a value typed come by signals of their own. Press and release
+/// are told as well, so that a listener can make one undoable change of a whole drag. The text
+/// "..." stands for several differing values and is never read when the field is left.
+class ZK_CURVE_EDITOR_EXPORT CustomEditLine : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit CustomEditLine(QWidget* parent = nullptr);
+
+    /// Shows the value with the present number of decimals, as text and tool tip. Sends nothing
+    /// and doesn't look at the bounds.
+    void setValue(const double& value);
+    /// Digits behind the point, from the next setValue on; a negative number counts as 0.
+    void setDecimals(const int& number);
+    /// Bounds of what typing, dragging and the wheel give. The text stays.
+    void setBounds(const double& minimum, const double& maximum);
+
+public slots:
+    /// Brings the text into the bounds, shows it as a number and sends newValueTyped. Text that is
+    /// no number counts as 0; the text "..." stays and nothing is sent.
+    void checkTextBounds();
+
+signals:
+    /// A drag or a step of the wheel gave this value.
+    void newValueSet(ZK_DOUBLE value, CustomEditLine* field);
+    /// A typed value was accepted.
+    void newValueTyped(ZK_DOUBLE value, CustomEditLine* field);
+    /// A press with a button other than the right one began.
+    void mousePressEditLine();
+    /// That press ended.
+    void mouseReleaseEditLine();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    double held(const double& value) const;
+    double textValue() const;
+    void setByMouse(const double& value);
+
+    /// Global y of the last press, in pixels.
+    int dragStartY = 0;
+    /// The value at the last press; the base of every step of the wheel until the next press.
+    double dragStartValue = 0.0;
+    /// A press is held.
+    bool dragging = false;
+    /// The field has selected its text since it last lost focus.
+    bool selectedOnce = false;
+    double maxValue = 100000000.0;
+    double minValue = -100000000.0;
+    int decimals = 2;
+    /// The base class is handling a loss of focus.
+    bool leaving = false;
+};

@@ -1,0 +1,7 @@
+#include "widgets/CustomToolbar.h"
+
+CustomToolbar::CustomToolbar(QWidget* parent)
+    : QToolBar(parent)
+{}
+
+CustomToolbar::~CustomToolbar() = default;

@@ -1,0 +1,156 @@
+#include "widgets/EditingTree.h"
+
+#include "core/Trace.h"
+
+#include <QContextMenuEvent>
+#include <QItemSelection>
+#include <QKeyEvent>
+#include <QSet>
+
+namespace {
+
+/// Descends only where the texts so far are the beginning of the path. This finds what a search of
+/// the whole tree for the last element would, in the same order.
+QTreeWidgetItem* findBelow(const QTreeWidgetItem& parent, const QStringView& rest)
+{
+    const bool lastElement = !rest.contains(QLatin1Char('.'));
+    for (int row = 0; row < parent.childCount(); ++row) {
+        QTreeWidgetItem* const item = parent.child(row);
+        const QString text = item->text(0);
+        if (lastElement) {
+            if (rest == text) {
+                return item;
+            }
+        } else if (rest.size() > text.size() && rest.at(text.size()) == QLatin1Char('.') &&
+                   rest.startsWith(text)) {
+            QTreeWidgetItem* const found = findBelow(*item, rest.mid(text.size() + 1));
+            if (found) {
+                return found;
+            }
+        }
+    }
+    return nullptr;
+}
+
+/// Adds the items below a parent whose dotted names are wanted to a selection, a run of neighbours
+/// as one range.
+void collectSelection(const QTreeWidget& tree, const QTreeWidgetItem& parent,
+                      const QModelIndex& parentIndex, const QString& prefix,
+                      const QSet<QString>& wanted, QItemSelection& selection)
+{
+    const QAbstractItemModel& model = *tree.model();
+    const auto addRun = [&](const int& first, const int& end) {
+        if (first >= 0) {
+            selection.append(QItemSelectionRange(model.index(first, 0, parentIndex),
+                                                 model.index(end - 1, 0, parentIndex)));
+        }
+    };
+    int runStart = -1;
+    for (int row = 0; row < parent.childCount(); ++row) {
+        const QTreeWidgetItem& item = *parent.child(row);
+        const QString name = prefix + item.text(0);
+        if (!wanted.contains(name)) {
+            addRun(runStart, row);
+            runStart = -1;
+        } else if (runStart < 0) {
+            runStart = row;
+        }
+        if (item.childCount() > 0) {
+            collectSelection(tree, item, model.index(row, 0, parentIndex), name + QLatin1Char('.'),
+                             wanted, selection);
+        }
+    }
+    addRun(runStart, parent.childCount());
+}
+
+} // namespace
+
+EditingTree::EditingTree(QWidget* parent)
+    : QTreeWidget(parent)
+{}
+
+QString EditingTree::itemDotName(QTreeWidgetItem* item) const
+{
+    QStringList texts;
+    for (const QTreeWidgetItem* step = item; step; step = step->parent()) {
+        texts.prepend(step->text(0));
+    }
+    return texts.join(QLatin1Char('.'));
+}
+
+QString EditingTree::indexDotName(const QModelIndex& index) const
+{
+    return itemDotName(itemFromIndex(index));
+}
+
+QStringList EditingTree::treeDotNames(const QModelIndexList& indexes) const
+{
+    QStringList names;
+    names.reserve(indexes.size());
+    for (const QModelIndex& index : indexes) {
+        names.append(indexDotName(index));
+    }
+    return names;
+}
+
+QTreeWidgetItem* EditingTree::findTreeItem(const QString& path) const
+{
+    return findBelow(*invisibleRootItem(), path);
+}
+
+void EditingTree::selectTreeItems(const QStringList& names)
+{
+    QItemSelection selection;
+    collectSelection(*this, *invisibleRootItem(), QModelIndex(), QString(),
+                     QSet<QString>(names.cbegin(), names.cend()), selection);
+    selectionModel()->select(selection,
+                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+QStringList EditingTree::removeTreeItem(const QString& path, QTreeWidgetItem* item)
+{
+    QStringList removed;
+    if (!item) {
+        return removed;
+    }
+    const QStringList parts = path.split(QLatin1Char('.'));
+    removeItemWidget(item, 0);
+    trace("EditingTree::delete(%s)", item->text(0));
+    delete item;
+    for (qsizetype count = parts.size() - 1; count >= 1; --count) {
+        const QString ancestorPath = parts.first(count).join(QLatin1Char('.'));
+        QTreeWidgetItem* const ancestor = findTreeItem(ancestorPath);
+        if (ancestor && ancestor->childCount() == 0) {
+            removeItemWidget(ancestor, 0);
+            removed.append(ancestorPath);
+            trace("EditingTree::deleteParent(%s)", ancestorPath);
+            delete ancestor;
+        }
+    }
+    return removed;
+}
+
+void EditingTree::keyPressEvent(QKeyEvent* event)
+{
+    const QModelIndexList selected =
+        event->key() == Qt::Key_Delete ? selectedIndexes() : QModelIndexList();
+    if (!selected.isEmpty()) {
+        emit removeFromEditing(selected);
+    }
+    QTreeView::keyPressEvent(event);
+    if (!selected.isEmpty()) {
+        // Else the key climbs to the dialog, which takes it for the selected keys of the curves.
+        event->accept();
+    }
+}
+
+void EditingTree::contextMenuEvent(QContextMenuEvent* event)
+{
+    const QModelIndex index =
+        event->reason() == QContextMenuEvent::Keyboard ? currentIndex() : indexAt(event->pos());
+    if (index.isValid()) {
+        emit rightButtonPressed(index);
+        return;
+    }
+    QTreeWidget::contextMenuEvent(event);
+}

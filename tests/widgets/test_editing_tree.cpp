@@ -1,0 +1,365 @@
+#include "support/FailOnWarning.h"
+#include "widgets/EditingTree.h"
+
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace {
+
+/// Adds an item for a list of texts from the root on, with whatever is missing on the way.
+QTreeWidgetItem* addPath(QTreeWidget& tree, const QStringList& texts)
+{
+    QTreeWidgetItem* item = tree.invisibleRootItem();
+    for (const QString& text : texts) {
+        QTreeWidgetItem* next = nullptr;
+        for (int row = 0; row < item->childCount() && !next; ++row) {
+            next = item->child(row)->text(0) == text ? item->child(row) : nullptr;
+        }
+        item = next ? next : new QTreeWidgetItem(item, QStringList(text));
+    }
+    return item;
+}
+
+QTreeWidgetItem* addPath(QTreeWidget& tree, const QString& path)
+{
+    return addPath(tree, path.split(QLatin1Char('.')));
+}
+
+/// What the whole tree holds, searched for the last element of the path: the rule in its plainest
+/// form.
+QTreeWidgetItem* searchWholeTree(const EditingTree& tree, const QString& path)
+{
+    const QString last = path.split(QLatin1Char('.')).last();
+    for (QTreeWidgetItem* item : tree.findItems(last, Qt::MatchExactly | Qt::MatchRecursive)) {
+        if (tree.itemDotName(item) == path) {
+            return item;
+        }
+    }
+    return nullptr;
+}
+
+QStringList selectedNames(const EditingTree& tree)
+{
+    QStringList names = tree.treeDotNames(tree.selectionModel()->selectedIndexes());
+    names.sort();
+    return names;
+}
+
+/// A dialog that counts the keys and context menu requests that climb to it.
+class Frame : public QDialog
+{
+public:
+    Frame()
+    {
+        auto* const layout = new QVBoxLayout(this);
+        layout->addWidget(&tree);
+        tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
+        resize(300, 300);
+        show();
+        activateWindow();
+        tree.setFocus();
+    }
+
+    EditingTree tree{nullptr};
+    int keys = 0;
+    int menus = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        ++keys;
+        event->accept();
+    }
+    void contextMenuEvent(QContextMenuEvent* event) override
+    {
+        ++menus;
+        event->accept();
+    }
+};
+
+} // namespace
+
+class TestEditingTree : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        failOnUnexpectedWarning();
+        frame = std::make_unique<Frame>();
+        tree = &frame->tree;
+        QVERIFY(QTest::qWaitForWindowActive(frame.get()));
+    }
+
+    void cleanup() { frame.reset(); }
+
+    void aDottedNameJoinsTheTextsFromTheRoot()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n.a.b");
+        QCOMPARE(tree->itemDotName(item), QStringLiteral("n.a.b"));
+        QCOMPARE(tree->itemDotName(item->parent()->parent()), QStringLiteral("n"));
+        QCOMPARE(tree->itemDotName(nullptr), QString());
+        QCOMPARE(tree->indexDotName(tree->indexFromItem(item)), QStringLiteral("n.a.b"));
+        QCOMPARE(tree->indexDotName(QModelIndex()), QString());
+    }
+
+    void textsThatLookLikePlaceHoldersStayAsTheyAre()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "%2.%1.%2");
+        QCOMPARE(tree->itemDotName(item), QStringLiteral("%2.%1.%2"));
+    }
+
+    void theDottedNamesOfIndexesKeepTheirOrder()
+    {
+        const QModelIndex second = tree->indexFromItem(addPath(*tree, "n.b"));
+        const QModelIndex first = tree->indexFromItem(addPath(*tree, "n.a"));
+        QCOMPARE(tree->treeDotNames({first, second}), QStringList({"n.a", "n.b"}));
+        QCOMPARE(tree->treeDotNames({second, first, second}), QStringList({"n.b", "n.a", "n.b"}));
+        QCOMPARE(tree->treeDotNames({}), QStringList());
+    }
+
+    void theWholePathDecidesBetweenTwoBranchesWithTheSameLastElement()
+    {
+        addPath(*tree, "a.x.c");
+        QTreeWidgetItem* const wanted = addPath(*tree, "a.b.c");
+        QCOMPARE(tree->findTreeItem(QStringLiteral("a.b.c")), wanted);
+    }
+
+    void findTreeItemAnswersAsASearchOfTheWholeTreeDoes_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("found");
+        QTest::newRow("a main node") << "n" << true;
+        QTest::newRow("a leaf") << "n.a.b" << true;
+        QTest::newRow("a deep leaf") << "n.a.b.c.d" << true;
+        QTest::newRow("the same name under another node") << "m.a.b" << true;
+        QTest::newRow("an unknown last element") << "n.a.x" << false;
+        QTest::newRow("an unknown node") << "x.a.b" << false;
+        QTest::newRow("a tail of a path") << "a.b" << false;
+        QTest::newRow("a beginning of a text") << "nod" << false;
+        QTest::newRow("other case") << "N" << false;
+        QTest::newRow("empty, with an item of empty text") << "" << true;
+        QTest::newRow("an empty element inside") << "n..e" << true;
+        QTest::newRow("an empty element at the end") << "n." << true;
+        QTest::newRow("an empty element that is missing") << "m.." << false;
+        QTest::newRow("a text with a point is never found") << "x.y" << false;
+        QTest::newRow("below a text with a point") << "x.y.z" << true;
+        QTest::newRow("the later of two readings of one path") << "p.q.r" << true;
+        QTest::newRow("the first of two equal paths") << "twin.t" << true;
+    }
+
+    void findTreeItemAnswersAsASearchOfTheWholeTreeDoes()
+    {
+        QFETCH(QString, path);
+        QFETCH(bool, found);
+        addPath(*tree, "node");
+        for (const char* known : {"n", "n.a.b", "n.a.b.c.d", "m.a.b", "", "n..e"}) {
+            addPath(*tree, QString::fromLatin1(known));
+        }
+        addPath(*tree, QStringList({"x.y", "z"}));
+        addPath(*tree, QStringList({"p", "q.r"}));
+        addPath(*tree, QStringList({"p.q", "s"}));
+        addPath(*tree, QStringList({"p", "q", "r"}));
+        auto* const twin = new QTreeWidgetItem(tree, QStringList("twin"));
+        new QTreeWidgetItem(twin, QStringList("t"));
+        new QTreeWidgetItem(twin, QStringList("t"));
+
+        QTreeWidgetItem* const item = tree->findTreeItem(path);
+        QCOMPARE(item != nullptr, found);
+        QCOMPARE(item, searchWholeTree(*tree, path));
+    }
+
+    void selectTreeItemsSelectsExactlyTheNamed()
+    {
+        for (const char* path : {"n.a", "n.b", "n.c", "m.a", "m.b.c"}) {
+            addPath(*tree, QString::fromLatin1(path));
+        }
+        tree->selectTreeItems({"n.a", "n.b", "m.b.c", "unknown", "m"});
+        QCOMPARE(selectedNames(*tree), QStringList({"m", "m.b.c", "n.a", "n.b"}));
+        tree->selectTreeItems({"n.c", "n.b"});
+        QCOMPARE(selectedNames(*tree), QStringList({"n.b", "n.c"}));
+    }
+
+    void selectTreeItemsWithAnEmptyListDeselectsEveryItem()
+    {
+        addPath(*tree, "n.a");
+        addPath(*tree, "n.b");
+        tree->selectAll();
+        tree->selectTreeItems({});
+        QCOMPARE(selectedNames(*tree), QStringList());
+    }
+
+    void selectTreeItemsReachesHiddenAndCollapsedItemsAndItemsOfTheSameName()
+    {
+        addPath(*tree, "n.a")->setHidden(true);
+        tree->collapseAll();
+        new QTreeWidgetItem(tree->topLevelItem(0), QStringList("a"));
+        tree->selectTreeItems({"n.a"});
+        QCOMPARE(selectedNames(*tree), QStringList({"n.a", "n.a"}));
+    }
+
+    void selectingThroughSelectTreeItemsFiresTheSelectionSignal()
+    {
+        addPath(*tree, "n.a");
+        const QSignalSpy spy(tree->selectionModel(), &QItemSelectionModel::selectionChanged);
+        tree->selectTreeItems({"n.a"});
+        QCOMPARE(spy.count(), 1);
+        tree->selectTreeItems({});
+        QCOMPARE(spy.count(), 2);
+    }
+
+    void removingTheOnlyCurveUnderAMainNodeRemovesTheNodeToo()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n.a");
+        addPath(*tree, "m.a");
+        QCOMPARE(tree->removeTreeItem(QStringLiteral("n.a"), item), QStringList("n"));
+        QCOMPARE(tree->topLevelItemCount(), 1);
+        QCOMPARE(tree->topLevelItem(0)->text(0), QStringLiteral("m"));
+    }
+
+    void removingOneOfTwoCurvesLeavesTheNode()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n.a");
+        addPath(*tree, "n.b");
+        QCOMPARE(tree->removeTreeItem(QStringLiteral("n.a"), item), QStringList());
+        QVERIFY(tree->findTreeItem(QStringLiteral("n.b")));
+        QVERIFY(!tree->findTreeItem(QStringLiteral("n.a")));
+    }
+
+    void removingACurveWhoseNameHasPointsListsTheEmptyBranchesDeepestFirst()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n.a.b");
+        QCOMPARE(tree->removeTreeItem(QStringLiteral("n.a.b"), item), QStringList({"n.a", "n"}));
+        QCOMPARE(tree->topLevelItemCount(), 0);
+    }
+
+    void anAncestorWithOtherChildrenStaysWithAllAboveIt()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n.a.b.c");
+        addPath(*tree, "n.a.x");
+        QCOMPARE(tree->removeTreeItem(QStringLiteral("n.a.b.c"), item), QStringList("n.a.b"));
+        QVERIFY(tree->findTreeItem(QStringLiteral("n.a.x")));
+    }
+
+    void removingNullDoesNothing()
+    {
+        addPath(*tree, "n.a");
+        QCOMPARE(tree->removeTreeItem(QStringLiteral("n.a"), nullptr), QStringList());
+        QVERIFY(tree->findTreeItem(QStringLiteral("n.a")));
+    }
+
+    void deleteWithASelectionAsksForRemovalAndDoesNotClimb()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n.a");
+        item->setSelected(true);
+        QModelIndexList asked;
+        connect(tree, &EditingTree::removeFromEditing, this,
+                [&](const QModelIndexList& indexes) { asked = indexes; });
+        tree->setFocus();
+        QTest::keyClick(tree, Qt::Key_Delete);
+        QCOMPARE(tree->treeDotNames(asked), QStringList("n.a"));
+        QCOMPARE(frame->keys, 0);
+    }
+
+    void aListenerMayRemoveTheItemsItIsTold()
+    {
+        addPath(*tree, "n.a")->setSelected(true);
+        addPath(*tree, "m.b")->setSelected(true);
+        connect(tree, &EditingTree::removeFromEditing, this, [&](const QModelIndexList& indexes) {
+            for (const QString& name : tree->treeDotNames(indexes)) {
+                tree->removeTreeItem(name, tree->findTreeItem(name));
+            }
+        });
+        QTest::keyClick(tree, Qt::Key_Delete);
+        QCOMPARE(tree->topLevelItemCount(), 0);
+    }
+
+    void deleteWithNothingSelectedSendsNothingAndGoesOnToTheBase()
+    {
+        addPath(*tree, "n.a");
+        tree->setCurrentItem(nullptr);
+        tree->clearSelection();
+        const QSignalSpy spy(tree, SIGNAL(removeFromEditing(const QModelIndexList&)));
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+        QCoreApplication::sendEvent(tree, &event);
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(frame->keys, 1);
+    }
+
+    void otherKeysWorkAsInAnyTree()
+    {
+        addPath(*tree, "n");
+        addPath(*tree, "m");
+        tree->setCurrentItem(tree->topLevelItem(0));
+        const QSignalSpy spy(tree, &EditingTree::removeFromEditing);
+        QTest::keyClick(tree, Qt::Key_Down);
+        QCOMPARE(tree->currentItem(), tree->topLevelItem(1));
+        QCOMPARE(spy.count(), 0);
+    }
+
+    void theContextMenuOfAnItemIsToldAndDoesNotClimb()
+    {
+        QTreeWidgetItem* const item = addPath(*tree, "n");
+        QModelIndex told;
+        connect(tree, &EditingTree::rightButtonPressed, this,
+                [&](const QModelIndex& index) { told = index; });
+        const QPoint position = tree->visualItemRect(item).center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position,
+                                tree->viewport()->mapToGlobal(position));
+        QCoreApplication::sendEvent(tree->viewport(), &event);
+        QCOMPARE(tree->itemFromIndex(QModelIndex(told)), item);
+        QCOMPARE(frame->menus, 0);
+    }
+
+    void theContextMenuOnEmptySpaceGoesToTheBase()
+    {
+        addPath(*tree, "n");
+        const QSignalSpy spy(tree, SIGNAL(rightButtonPressed(const QModelIndex&)));
+        const QPoint position = tree->viewport()->rect().bottomLeft() - QPoint(-5, 5);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, position,
+                                tree->viewport()->mapToGlobal(position));
+        QCoreApplication::sendEvent(tree->viewport(), &event);
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(frame->menus, 1);
+    }
+
+    void theContextMenuAskedByKeyboardIsThatOfTheCurrentItem()
+    {
+        addPath(*tree, "n");
+        QTreeWidgetItem* const current = addPath(*tree, "m");
+        tree->setCurrentItem(current);
+        QModelIndex told;
+        connect(tree, &EditingTree::rightButtonPressed, this,
+                [&](const QModelIndex& index) { told = index; });
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3),
+                                tree->mapToGlobal(QPoint(3, 3)));
+        QCoreApplication::sendEvent(tree, &event);
+        QCOMPARE(tree->itemFromIndex(told), current);
+    }
+
+    void theContextMenuAskedByKeyboardWithoutACurrentItemGoesToTheBase()
+    {
+        addPath(*tree, "n");
+        tree->setCurrentItem(nullptr);
+        const QSignalSpy spy(tree, &EditingTree::rightButtonPressed);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3),
+                                tree->mapToGlobal(QPoint(3, 3)));
+        QCoreApplication::sendEvent(tree, &event);
+        QCOMPARE(spy.count(), 0);
+        QCOMPARE(frame->menus, 1);
+    }
+
+private:
+    std::unique_ptr<Frame> frame;
+    EditingTree* tree = nullptr;
+};
+
+QTEST_MAIN(TestEditingTree)
+#include "test_editing_tree.moc"
