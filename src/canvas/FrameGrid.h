@@ -44,5 +44,7 @@ public:
     int gridHeight = 0;
 
 private:
+    void drawLabels(QPainter* painter) const;
+
     QWidget* owner; ///< not owned
 };
