@@ -2,7 +2,6 @@
 
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 
 #include <algorithm>
 
@@ -46,7 +45,7 @@ void shiftCentreTo(const double& centre, double& low, double& high)
 
 bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double& y2) const
 {
-    if (!hasKeys(editingType())) {
+    if (!hasEditableKeys()) {
         return false;
     }
     KeyBounds bounds;
@@ -76,9 +75,8 @@ bool CanvasFunctionBase::selectionBounds(double& x1, double& x2, double& y1, dou
     KeyBounds bounds;
     const PointInfo* singleKey = nullptr;
     int singleSelections = 0;
-    for (CurveNode* curve : editing) {
-        SplineCurveGraph* graph = curve->splineGraph();
-        if (!graph || !hasKeys(curve->curveType()) || !graph->selection().hasSelection()) {
+    for (SplineCurveGraph* graph : editableGraphs()) {
+        if (!graph->selection().hasSelection()) {
             continue;
         }
         const QList<PointInfo*>& selected = graph->selection().selectedPoints;

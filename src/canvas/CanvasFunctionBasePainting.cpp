@@ -6,7 +6,6 @@
 #include "canvas/SplineCurveGraph.h"
 #include "core/Truncate.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 
 #include <QPainter>
 
@@ -30,15 +29,14 @@ void scaleBackground(CanvasBackground& picture, const ViewPort& view)
 }
 
 /// From the first to the last selected key, over the whole height.
-void paintSelectionSpan(QPainter* painter, const ViewPort& view, const QList<CurveNode*>& curves,
-                        const QColor& color)
+void paintSelectionSpan(QPainter* painter, const ViewPort& view,
+                        const QList<SplineCurveGraph*>& graphs, const QColor& color)
 {
     double low = 0.0;
     double high = 0.0;
     bool isFirst = true;
-    for (CurveNode* curve : curves) {
-        SplineCurveGraph* graph = curve->splineGraph();
-        if (!graph || !hasKeys(curve->curveType()) || !graph->selection().hasSelection()) {
+    for (SplineCurveGraph* graph : graphs) {
+        if (!graph->selection().hasSelection()) {
             continue;
         }
         double first = 0.0;
@@ -97,7 +95,7 @@ void CanvasFunctionBase::paint(QPainter* painter)
     if (view->rectValid || view->rectActive) {
         paintRubberBand(painter, *view, selectionColor, canvasColor);
     } else if (!editing.isEmpty()) {
-        paintSelectionSpan(painter, *view, editing, selectionColor);
+        paintSelectionSpan(painter, *view, editableGraphs(), selectionColor);
     }
     if (showMark) {
         paintCrossHair(painter, *view, view->pixelX(lastWorldX), view->pixelY(lastWorldY));

@@ -88,14 +88,14 @@ QString labelText(const int& index, const int& zeroIndex, const double& value)
 
 } // namespace
 
-FrameGrid::FrameGrid(QWidget* owner)
+FrameGrid::FrameGrid(QWidget* canvasWidget)
     : labelFont(QStringLiteral("Arial"), 8)
     , linePen(QBrush(Qt::white), 1.0, Qt::SolidLine)
     , fontColor(Qt::white)
     , timeLineColor(220, 255, 255, 255)
     , vLineColor(220, 255, 255, 255)
     , hLineColor(220, 255, 255, 255)
-    , owner(owner)
+    , owner(canvasWidget)
 {
     labelFont.setStretch(87);
 }

@@ -13,8 +13,8 @@ class ViewPort;
 class FrameGrid
 {
 public:
-    /// `owner` gives the present size; not owned.
-    explicit FrameGrid(QWidget* owner);
+    /// `canvasWidget` gives the present size; not owned.
+    explicit FrameGrid(QWidget* canvasWidget);
 
     /// Works out steps and lines for a view. An inverted, empty, NaN or infinite range leaves
     /// everything but the size as it was.

@@ -18,9 +18,9 @@ double heldBetween(const double& number, const double& low, const double& high)
 
 } // namespace
 
-SplineCurveGraph::SplineCurveGraph(SplineBase* spline, ViewPort* view)
+SplineCurveGraph::SplineCurveGraph(SplineBase* spline, ViewPort* firstView)
     : keySelection(this, spline)
-    , view(view)
+    , view(firstView)
 {}
 
 ControlSplineNode& SplineCurveGraph::selection()

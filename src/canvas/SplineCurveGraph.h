@@ -14,8 +14,8 @@ class ViewPort;
 class SplineCurveGraph
 {
 public:
-    /// `view` is used for hit tests before the first rebuild; not owned, may be null.
-    SplineCurveGraph(SplineBase* spline, ViewPort* view);
+    /// `firstView` is used for hit tests before the first rebuild; not owned, may be null.
+    SplineCurveGraph(SplineBase* spline, ViewPort* firstView);
 
     ControlSplineNode& selection();
     const ControlSplineNode& selection() const;

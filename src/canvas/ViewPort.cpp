@@ -1,5 +1,6 @@
 #include "canvas/ViewPort.h"
 
+#include "canvas/MousePixel.h"
 #include "core/Truncate.h"
 
 #include <QMouseEvent>
@@ -159,8 +160,9 @@ void ViewPort::wheelTurn(const int& delta, const QPoint& cursor)
 
 void ViewPort::viewPress(QMouseEvent* event)
 {
-    anchorX = lastX = truncateToPixel(event->position().x());
-    anchorY = lastY = truncateToPixel(event->position().y());
+    const QPoint pixel = mousePixel(event->position());
+    anchorX = lastX = pixel.x();
+    anchorY = lastY = pixel.y();
     switch (event->button()) {
     case Qt::LeftButton:
         newMinX = newMaxX = timeAt(anchorX);
@@ -185,21 +187,20 @@ void ViewPort::viewPress(QMouseEvent* event)
 
 void ViewPort::viewMove(QMouseEvent* event)
 {
-    const int x = truncateToPixel(event->position().x());
-    const int y = truncateToPixel(event->position().y());
+    const QPoint pixel = mousePixel(event->position());
     if (rubberDrag) {
-        newMaxX = timeAt(x);
-        newMinY = valueAt(y);
+        newMaxX = timeAt(pixel.x());
+        newMinY = valueAt(pixel.y());
         validateRect(true);
     } else if (panDrag) {
-        panBy(lastX - x, lastY - y);
+        panBy(lastX - pixel.x(), lastY - pixel.y());
         canvasDirty = true;
     } else if (zoomDrag) {
-        zoomBy(lastX - x, lastY - y);
+        zoomBy(lastX - pixel.x(), lastY - pixel.y());
         canvasDirty = true;
     }
-    lastX = x;
-    lastY = y;
+    lastX = pixel.x();
+    lastY = pixel.y();
 }
 
 void ViewPort::candidateFromView()
