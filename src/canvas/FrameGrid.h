@@ -13,8 +13,8 @@ class ViewPort;
 class FrameGrid
 {
 public:
-    /// `owner` gives the present size; not owned.
-    explicit FrameGrid(QWidget* owner);
+    /// `canvasWidget` gives the present size; not owned.
+    explicit FrameGrid(QWidget* canvasWidget);
 
     /// Works out steps and lines for a view. An inverted, empty, NaN or infinite range leaves
     /// everything but the size as it was.
@@ -44,5 +44,7 @@ public:
     int gridHeight = 0;
 
 private:
+    void drawLabels(QPainter* painter) const;
+
     QWidget* owner; ///< not owned
 };

@@ -14,8 +14,8 @@ class ViewPort;
 class SplineCurveGraph
 {
 public:
-    /// `view` is used for hit tests before the first rebuild; not owned, may be null.
-    SplineCurveGraph(SplineBase* spline, ViewPort* view);
+    /// `firstView` is used for hit tests before the first rebuild; not owned, may be null.
+    SplineCurveGraph(SplineBase* spline, ViewPort* firstView);
 
     ControlSplineNode& selection();
     const ControlSplineNode& selection() const;
@@ -62,6 +62,15 @@ public:
     QPolygon rawPixels;   ///< as curvePixels, not held to the limits
 
 private:
+    /// The keys of the living spline, after bringing keyPixels to their number and place. Empty
+    /// without a spline or a view.
+    const std::vector<PointInfo*>& keysWithPixels();
+    bool startRebuild(ViewPort* newView);
+    void drawSquares(QPainter* painter, const QColor& color, const bool& chosen);
+    void drawGuides(QPainter* painter, const QPoint& pixel) const;
+    void drawHandles(QPainter* painter, const int& index,
+                     const std::vector<PointInfo*>& keys) const;
+
     ControlSplineNode keySelection;
     QColor main;
     QColor dim;
