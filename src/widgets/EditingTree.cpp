@@ -1,6 +1,7 @@
 #include "widgets/EditingTree.h"
 
 #include "core/Trace.h"
+#include "widgets/TreeNameIndex.h"
 
 #include <QContextMenuEvent>
 #include <QItemSelection>
@@ -8,29 +9,6 @@
 #include <QSet>
 
 namespace {
-
-/// Descends only where the texts so far are the beginning of the path. This finds what a search of
-/// the whole tree for the last element would, in the same order.
-QTreeWidgetItem* findBelow(const QTreeWidgetItem& parent, const QStringView& rest)
-{
-    const bool lastElement = !rest.contains(QLatin1Char('.'));
-    for (int row = 0; row < parent.childCount(); ++row) {
-        QTreeWidgetItem* const item = parent.child(row);
-        const QString text = item->text(0);
-        if (lastElement) {
-            if (rest == text) {
-                return item;
-            }
-        } else if (rest.size() > text.size() && rest.at(text.size()) == QLatin1Char('.') &&
-                   rest.startsWith(text)) {
-            QTreeWidgetItem* const found = findBelow(*item, rest.mid(text.size() + 1));
-            if (found) {
-                return found;
-            }
-        }
-    }
-    return nullptr;
-}
 
 /// Adds the items below a parent whose dotted names are wanted to a selection, a run of neighbours
 /// as one range.
@@ -67,7 +45,10 @@ void collectSelection(const QTreeWidget& tree, const QTreeWidgetItem& parent,
 
 EditingTree::EditingTree(QWidget* parent)
     : QTreeWidget(parent)
+    , nameIndex(std::make_unique<TreeNameIndex>(*this))
 {}
+
+EditingTree::~EditingTree() = default;
 
 QString EditingTree::itemDotName(QTreeWidgetItem* item) const
 {
@@ -95,7 +76,7 @@ QStringList EditingTree::treeDotNames(const QModelIndexList& indexes) const
 
 QTreeWidgetItem* EditingTree::findTreeItem(const QString& path) const
 {
-    return findBelow(*invisibleRootItem(), path);
+    return nameIndex->find(path);
 }
 
 void EditingTree::selectTreeItems(const QStringList& names)

@@ -6,6 +6,10 @@
 #include <QStringList>
 #include <QTreeWidget>
 
+#include <memory>
+
+class TreeNameIndex;
+
 /// The curves being edited as a tree. An item's text is one element of a dotted name; the texts on
 /// the way from the root, joined by points, are the dotted name of the item.
 ///
@@ -16,6 +20,7 @@ class ZK_CURVE_EDITOR_EXPORT EditingTree : public QTreeWidget
 
 public:
     explicit EditingTree(QWidget* parent = nullptr);
+    ~EditingTree() override;
 
     /// The dotted name of an item; empty for null.
     QString itemDotName(QTreeWidgetItem* item) const;
@@ -41,4 +46,7 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    std::unique_ptr<TreeNameIndex> nameIndex;
 };

@@ -176,6 +176,50 @@ private slots:
         QCOMPARE(item, searchWholeTree(*tree, path));
     }
 
+    void findTreeItemFollowsEveryChangeOfTheTree()
+    {
+        const auto compareAll = [&] {
+            for (const char* path :
+                 {"n", "n.a", "n.b", "n.c", "m", "m.a", "m.b", "n.b.x", "m.b.x"}) {
+                const QString name = QString::fromLatin1(path);
+                QCOMPARE(tree->findTreeItem(name), searchWholeTree(*tree, name));
+            }
+        };
+        QTreeWidgetItem* const node = addPath(*tree, "n.a")->parent();
+        QTreeWidgetItem* const branch = addPath(*tree, "n.b.x")->parent();
+        compareAll();
+        node->child(0)->setText(0, "c");
+        compareAll();
+        QVERIFY(tree->findTreeItem("n.c"));
+        node->setText(0, "m");
+        compareAll();
+        QVERIFY(tree->findTreeItem("m.b.x"));
+        const std::unique_ptr<QTreeWidgetItem> taken(node->takeChild(node->indexOfChild(branch)));
+        compareAll();
+        QVERIFY(!tree->findTreeItem("m.b"));
+        taken->setText(0, "a");
+        compareAll();
+        node->addChild(new QTreeWidgetItem(*taken));
+        compareAll();
+        QVERIFY(tree->findTreeItem("m.a"));
+        new QTreeWidgetItem(node, QStringList("a"));
+        tree->sortItems(0, Qt::DescendingOrder);
+        compareAll();
+        delete tree->findTreeItem("m.a");
+        compareAll();
+        QVERIFY(tree->findTreeItem("m.a"));
+        node->addChildren(
+            {new QTreeWidgetItem(QStringList("p")), new QTreeWidgetItem(QStringList("b"))});
+        compareAll();
+        qDeleteAll(node->takeChildren());
+        compareAll();
+        tree->clear();
+        compareAll();
+        addPath(*tree, "n.a");
+        compareAll();
+        QVERIFY(tree->findTreeItem("n.a"));
+    }
+
     void selectTreeItemsSelectsExactlyTheNamed()
     {
         for (const char* path : {"n.a", "n.b", "n.c", "m.a", "m.b.c"}) {
