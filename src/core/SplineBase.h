@@ -178,7 +178,7 @@ private:
 
     PointList::iterator find(const PointInfo* point);
     void insertInOrder(PointInfo* point);
-    void settle(const std::size_t& index);
+    void settle(std::size_t index);
     void restoreOrder();
     void dropPoints();
     void freePoints();
@@ -186,18 +186,19 @@ private:
     void takeFields(const SplineBase& other);
     PointList duplicates(const double& offset) const;
 
-    std::size_t segmentAt(const double& time) const;
-    void rememberSegment(const std::size_t& index) const;
-    double valueWithin(const double& time) const;
-    double valueInSegment(const std::size_t& index, const double& time) const;
+    std::size_t segmentAt(double time) const;
+    void rememberSegment(std::size_t index) const;
+    double valueWithin(double time) const;
+    bool isCurvedSegment(std::size_t index) const;
+    double valueInSegment(std::size_t index, double time) const;
     double valueOutside(const double& time, const nodeType& behaviour, const bool& before) const;
     double valueLooped(const double& time, const PointInfo& end, const bool& withOffset) const;
     double endSlope(const bool& before) const;
-    double chord(const std::size_t& index) const;
-    double incomingSlope(const std::size_t& index) const;
-    double outgoingSlope(const std::size_t& index) const;
-    double tcbSlope(const std::size_t& index, const double& factor0, const double& factor1) const;
-    double handleSlope(const std::size_t& index, const bool& outgoing, double& len) const;
+    double chord(std::size_t index) const;
+    double incomingSlope(std::size_t index) const;
+    double outgoingSlope(std::size_t index) const;
+    double tcbSlope(std::size_t index, double factor0, double factor1) const;
+    double handleSlope(std::size_t index, const bool& outgoing, double& len) const;
 
     // The tangent coefficients of a TCB key: Kochanek and Bartels, "Interpolating splines with
     // local tension, continuity, and bias control", 1984. 0 weighs the gap to the previous key, 1

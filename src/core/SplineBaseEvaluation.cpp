@@ -1,12 +1,18 @@
-#include "core/EvaluationTime.h"
-#include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
+// All that an evaluation within the keys runs through stands in this one file, for the compiler
+// to make one function of.
+
 namespace {
+
+/// Rise over run; 0 where the run is no positive number.
+double slopeOf(double rise, double run)
+{
+    return run > 0.0 && run <= std::numeric_limits<double>::max() ? rise / run : 0.0;
+}
 
 bool isCurved(const PointInfo& key)
 {
@@ -14,14 +20,14 @@ bool isCurved(const PointInfo& key)
 }
 
 /// Ease held to 0..1; NaN counts as 0.
-double heldEase(const double& ease)
+double heldEase(double ease)
 {
     return ease > 0.0 ? std::min(ease, 1.0) : 0.0;
 }
 
 /// The parameter of a segment slowed down at its two ends: speed grows evenly over the first `a`
 /// of the way, falls evenly over the last `b`, and stays even between.
-double eased(const double& u, const double& easeFrom, const double& easeTo)
+double eased(double u, double easeFrom, double easeTo)
 {
     double a = heldEase(easeFrom);
     double b = heldEase(easeTo);
@@ -35,16 +41,141 @@ double eased(const double& u, const double& easeFrom, const double& easeTo)
     }
     const double speed = 1.0 / (2.0 - a - b);
     if (u < a) {
-        return speed / a * u * u;
+        return speed * u * (u / a);
     }
     if (u < 1.0 - b) {
         return speed * (2.0 * u - a);
     }
     // b is not 0 here: u is below 1.
-    return 1.0 - speed / b * (1.0 - u) * (1.0 - u);
+    return 1.0 - speed * (1.0 - u) * ((1.0 - u) / b);
 }
 
 } // namespace
+
+double SplineBase::getFactorL0(const PointInfo* point) const
+{
+    const PointInfo::TcbData& data = point->tcb;
+    return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 + data.bias);
+}
+
+double SplineBase::getFactorL1(const PointInfo* point) const
+{
+    const PointInfo::TcbData& data = point->tcb;
+    return (1.0 - data.tension) / 2.0 * (1.0 - data.continuity) * (1.0 - data.bias);
+}
+
+double SplineBase::getFactorR0(const PointInfo* point) const
+{
+    const PointInfo::TcbData& data = point->tcb;
+    return (1.0 - data.tension) / 2.0 * (1.0 - data.continuity) * (1.0 + data.bias);
+}
+
+double SplineBase::getFactorR1(const PointInfo* point) const
+{
+    const PointInfo::TcbData& data = point->tcb;
+    return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 - data.bias);
+}
+
+/// The slope of the straight line from the key at the index to the next one.
+double SplineBase::chord(std::size_t index) const
+{
+    const PointInfo& left = *controlPoints[index];
+    const PointInfo& right = *controlPoints[index + 1];
+    return slopeOf(right.value - left.value, right.time - left.time);
+}
+
+/// Kochanek-Bartels over uneven gaps: the published weights hold for gaps of one length, so the
+/// weighted rise is taken over the mean of the two gaps. At an end the one gap stands for both,
+/// which keeps keys on a straight line on that line.
+double SplineBase::tcbSlope(std::size_t index, double factor0, double factor1) const
+{
+    const std::size_t last = controlPoints.size() - 1;
+    if (last == 0) {
+        return 0.0;
+    }
+    const std::size_t before = std::max<std::size_t>(index, 1) - 1;
+    const std::size_t after = std::min(index, last - 1);
+    const double rise0 = controlPoints[before + 1]->value - controlPoints[before]->value;
+    const double rise1 = controlPoints[after + 1]->value - controlPoints[after]->value;
+    const double run0 = controlPoints[before + 1]->time - controlPoints[before]->time;
+    const double run1 = controlPoints[after + 1]->time - controlPoints[after]->time;
+    return slopeOf(2.0 * (factor0 * rise0 + factor1 * rise1), run0 + run1);
+}
+
+/// The slope with which a Bezier or TCB key takes the curve in.
+double SplineBase::incomingSlope(std::size_t index) const
+{
+    const PointInfo* const key = controlPoints[index];
+    return key->type == zk_spline::bezier ? key->bezier.tangentLeft
+                                          : tcbSlope(index, getFactorR0(key), getFactorR1(key));
+}
+
+/// The slope with which a Bezier or TCB key sends the curve on.
+double SplineBase::outgoingSlope(std::size_t index) const
+{
+    const PointInfo* const key = controlPoints[index];
+    return key->type == zk_spline::bezier ? key->bezier.tangentRight
+                                          : tcbSlope(index, getFactorL0(key), getFactorL1(key));
+}
+
+/// The last key at or before the time, which must not lie before the first key. The choice is
+/// written so that it becomes a conditional move: a processor guesses every second branch on the
+/// data wrong.
+std::size_t SplineBase::segmentAt(double time) const
+{
+    const PointInfo* const* const points = controlPoints.data();
+    const PointInfo* const* base = points;
+    std::size_t length = controlPoints.size();
+    while (length > 1) {
+        const std::size_t half = length / 2;
+        const PointInfo* const* const middle = base + half;
+        base = (*middle)->time <= time ? middle : base;
+        length -= half;
+    }
+    return static_cast<std::size_t>(base - points);
+}
+
+double SplineBase::valueWithin(double time) const
+{
+    const std::size_t index = segmentAt(time);
+    if (index + 1 >= controlPoints.size()) {
+        return controlPoints[index]->value;
+    }
+    rememberSegment(index);
+    return valueInSegment(index, time);
+}
+
+/// The guess covers a segment and the next one: the last segment is kept as that next one.
+void SplineBase::rememberSegment(std::size_t index) const
+{
+    const std::size_t highest = std::max<std::size_t>(controlPoints.size(), 3) - 3;
+    lastSegment.store(std::min(index, highest), std::memory_order_relaxed);
+}
+
+bool SplineBase::isCurvedSegment(std::size_t index) const
+{
+    return isCurved(*controlPoints[index]) && isCurved(*controlPoints[index + 1]);
+}
+
+/// Cubic Hermite between two curved keys, else a straight line, or a step.
+[[gnu::flatten]] double SplineBase::valueInSegment(std::size_t index, double time) const
+{
+    const PointInfo& left = *controlPoints[index];
+    const PointInfo& right = *controlPoints[index + 1];
+    const double run = right.time - left.time;
+    if (left.type == zk_spline::stepped || !(run > 0.0) ||
+        !(run <= std::numeric_limits<double>::max())) {
+        return left.value;
+    }
+    const double u = eased((time - left.time) / run, left.tcb.easeFrom, right.tcb.easeTo);
+    const double rise = right.value - left.value;
+    if (!isCurvedSegment(index)) {
+        return left.value + u * rise;
+    }
+    const double out = outgoingSlope(index) * run;
+    const double in = incomingSlope(index + 1) * run;
+    return left.value + u * (out + u * (3.0 * rise - 2.0 * out - in + u * (out + in - 2.0 * rise)));
+}
 
 double SplineBase::operator()(const double& time) const
 {
@@ -52,12 +183,15 @@ double SplineBase::operator()(const double& time) const
     const std::size_t guess = lastSegment.load(std::memory_order_relaxed);
     if (guess + 2 < count) {
         // Whoever walks along the curve asks for the same segment again, or for the next one.
+        // Counting instead of asking twice leaves a processor one branch that it guesses well.
         const PointInfo* const* const points = controlPoints.data() + guess;
-        const double middle = points[1]->time;
-        if ((time >= points[0]->time) & (time < middle)) {
+        const std::size_t reached = static_cast<std::size_t>(time >= points[0]->time) +
+                                    static_cast<std::size_t>(time >= points[1]->time) +
+                                    static_cast<std::size_t>(time >= points[2]->time);
+        if (reached == 1) {
             return valueInSegment(guess, time);
         }
-        if ((time >= middle) & (time < points[2]->time)) {
+        if (reached == 2) {
             rememberSegment(guess + 1);
             return valueInSegment(guess + 1, time);
         }
@@ -72,135 +206,4 @@ double SplineBase::operator()(const double& time) const
         return valueOutside(time, lastType, false);
     }
     return valueWithin(time);
-}
-
-double SplineBase::operator()(const double& time, FunctionFloatBase* expression,
-                              const double& fps) const
-{
-    const double splineValue = (*this)(time);
-    if (expression == nullptr) {
-        return splineValue;
-    }
-    const EvaluationTime moment(time, fps);
-    return splineValue + expression->value();
-}
-
-/// The last key at or before the time, which must not lie before the first key. Without branches
-/// that hang on the data: a processor guesses every second one of them wrong.
-std::size_t SplineBase::segmentAt(const double& time) const
-{
-    const PointInfo* const* const points = controlPoints.data();
-    const PointInfo* const* base = points;
-    std::size_t length = controlPoints.size();
-    while (length > 1) {
-        const std::size_t half = length / 2;
-        base += half & (std::size_t{0} - static_cast<std::size_t>(base[half]->time <= time));
-        length -= half;
-    }
-    return static_cast<std::size_t>(base - points);
-}
-
-double SplineBase::valueWithin(const double& time) const
-{
-    const std::size_t index = segmentAt(time);
-    if (index + 1 >= controlPoints.size()) {
-        return controlPoints[index]->value;
-    }
-    rememberSegment(index);
-    return valueInSegment(index, time);
-}
-
-/// The guess covers a segment and the next one: the last segment is kept as that next one.
-void SplineBase::rememberSegment(const std::size_t& index) const
-{
-    const bool isLast = index + 2 >= controlPoints.size();
-    lastSegment.store(isLast && index > 0 ? index - 1 : index, std::memory_order_relaxed);
-}
-
-/// Cubic Hermite between two curved keys, else a straight line, or a step.
-double SplineBase::valueInSegment(const std::size_t& index, const double& time) const
-{
-    const PointInfo& left = *controlPoints[index];
-    const PointInfo& right = *controlPoints[index + 1];
-    const double run = right.time - left.time;
-    if (left.type == zk_spline::stepped || !(run > 0.0) ||
-        !(run <= std::numeric_limits<double>::max())) {
-        return left.value;
-    }
-    const double u = eased((time - left.time) / run, left.tcb.easeFrom, right.tcb.easeTo);
-    const double rise = right.value - left.value;
-    if (!isCurved(left) || !isCurved(right)) {
-        return left.value + u * rise;
-    }
-    const double out = outgoingSlope(index) * run;
-    const double in = incomingSlope(index + 1) * run;
-    return left.value + u * (out + u * (3.0 * rise - 2.0 * out - in + u * (out + in - 2.0 * rise)));
-}
-
-double SplineBase::valueOutside(const double& time, const nodeType& behaviour,
-                                const bool& before) const
-{
-    if (std::isnan(time)) {
-        return time;
-    }
-    const PointInfo& end = before ? *controlPoints.front() : *controlPoints.back();
-    switch (behaviour) {
-    case zero:
-        return 0.0;
-    case loop:
-        return valueLooped(time, end, false);
-    case loopOffset:
-        return valueLooped(time, end, true);
-    case followTangent: {
-        // No slope times an endless time is still no rise.
-        const double slope = endSlope(before);
-        return slope == 0.0 ? end.value : end.value + slope * (time - end.time);
-    }
-    case constant:
-    default:
-        return end.value;
-    }
-}
-
-/// `end` is the key next to the time; its value stands where no period can be told.
-double SplineBase::valueLooped(const double& time, const PointInfo& end,
-                               const bool& withOffset) const
-{
-    const PointInfo& first = *controlPoints.front();
-    const PointInfo& last = *controlPoints.back();
-    const double period = last.time - first.time;
-    const double distance = time - first.time;
-    if (!(period > 0.0) || !std::isfinite(period) || !std::isfinite(distance)) {
-        return end.value;
-    }
-    double phase = std::fmod(distance, period);
-    if (phase < 0.0) {
-        phase += period;
-    }
-    const double value = valueWithin(std::min(first.time + phase, last.time));
-    if (!withOffset) {
-        return value;
-    }
-    const double rounds = std::round((distance - phase) / period);
-    return value + rounds * (last.value - first.value);
-}
-
-/// The slope in which the keys begin or end: of the curved segment there, or of its straight line.
-double SplineBase::endSlope(const bool& before) const
-{
-    const std::size_t count = controlPoints.size();
-    if (count == 1) {
-        const PointInfo& key = *controlPoints.front();
-        const double slope = before ? key.bezier.tangentRight : key.bezier.tangentLeft;
-        return key.type == zk_spline::bezier ? slope : 0.0;
-    }
-    const std::size_t segment = before ? 0 : count - 2;
-    const PointInfo& left = *controlPoints[segment];
-    if (left.type == zk_spline::stepped) {
-        return 0.0;
-    }
-    if (!isCurved(left) || !isCurved(*controlPoints[segment + 1])) {
-        return chord(segment);
-    }
-    return before ? outgoingSlope(0) : incomingSlope(count - 1);
 }

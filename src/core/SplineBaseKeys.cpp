@@ -146,7 +146,7 @@ void SplineBase::insertInOrder(PointInfo* point)
 }
 
 /// Moves the key at the index past the neighbours that it is out of order with.
-void SplineBase::settle(const std::size_t& index)
+void SplineBase::settle(std::size_t index)
 {
     if (orderUpset) {
         restoreOrder();
