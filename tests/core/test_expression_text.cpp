@@ -3,6 +3,7 @@
 
 #include <QTest>
 
+#include <cctype>
 #include <cmath>
 #include <random>
 

@@ -1,8 +1,11 @@
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 
+#include "core/EvaluationTime.h"
+
 #include <QTest>
 
+#include <algorithm>
 #include <random>
 
 namespace {
@@ -221,7 +224,7 @@ void TestParserErrors::sumsOf8191TermsWork()
 void TestParserErrors::chainsUpToTheLongestTextWork_data()
 {
     QTest::addColumn<QByteArray>("link");
-    for (const char* link : {"+t", "-t", "*t", "/t", "&t", "|t", "=t", "<t", "*t+t", "&t|-t"}) {
+    for (const char* link : {"+t", "-t", "<t", "*t+t", "&t|-t"}) {
         QTest::newRow(link) << QByteArray(link);
     }
 }
@@ -234,8 +237,8 @@ void TestParserErrors::chainsUpToTheLongestTextWork()
     QVERIFY(parsed.tree);
     QVERIFY(isConsistent(parsed, text));
     QCOMPARE(parsed.tree->getString(), text);
-    const double value = parsed.tree->value();
-    QVERIFY(value == value || link == "/t" || link == "*t+t");
+    const EvaluationTime moment(0.0, 24.0);
+    QCOMPARE(parsed.tree->value(), 0.0);
     const auto keys = FunctionParserBase::instance()->getAllVars(parsed.tree.get());
     QCOMPARE(keys.size(), std::size_t(1));
     QCOMPARE(keys[0]->name, std::string("t"));
