@@ -3,16 +3,9 @@
 class FunctionFloatBase;
 class SplineBase;
 
-/// What a curve consists of while it is evaluated. Any pointer may be null.
-struct CurveContent
-{
-    SplineBase* spline = nullptr;
-    FunctionFloatBase* expression = nullptr;
-    float minimum = 0.0f;
-    float maximum = 0.0f;
-};
-
-/// 2 when the spline's add func flag is set, else 1 with an expression, else 0.
+/// The type of a curve made of these, see curves/CurveType.h. Either may be null. The spline's
+/// add func flag wins over everything: with it set the curve is spline plus expression even
+/// without an expression.
 int typeOfCurve(const SplineBase* spline, const FunctionFloatBase* expression);
 
 /// Holds a value between two limits; NaN passes unchanged.

@@ -24,13 +24,17 @@ public:
     virtual ~CurveNode();
 
     virtual bool isCurve() const;
+    /// The dim colour is half way between the colour and the background.
     virtual void setColor(const QColor& color, const QColor& background);
+    /// Rebuilds the pixels for a view, if anything changed since they were built.
     virtual void updateGraph(ViewPort* viewport);
     /// The list of children, owned by the node; null on a leaf.
     virtual QList<CurveNode*>* children();
-    /// Takes ownership of the child. Does nothing on a leaf.
+    /// Takes ownership of the child, out of the group that holds it by now. Null is passed over.
+    /// Does nothing on a leaf.
     virtual void addChild(CurveNode* child);
-    /// See curves/CurveType.h.
+    /// See curves/CurveType.h. A group takes the type of its first child; mixed when another
+    /// child differs and either is a plain spline or mixed, or when there is no child.
     virtual int curveType();
     /// The living splines of the leaves; a curve without one adds nothing.
     virtual QList<SplineBase*> splines();
@@ -40,33 +44,51 @@ public:
     virtual void draw(ViewPort* viewport, QPainter* painter);
     /// The flat list of leaves.
     virtual QList<CurveNode*> curves();
+    /// This node or the first one under it, depth first, of that dotted name; null if none.
     virtual CurveNode* findNode(const QString& dotName);
+    /// The path, a point and the name; the name alone on a top node.
     virtual QString dotName() const;
+    /// Whether the curves are drawn.
     virtual void setActive(bool active);
     /// On a group every child is called with true, whatever was passed.
     virtual void removeExpression(const bool& remove);
+    /// Gives the node a new dotted name, and the nodes under it theirs. A group on top keeps its
+    /// empty path: only its last element counts.
     virtual void setDotName(const QString& dotName);
+    /// Replaces the first element of the path.
     virtual void setRootName(const QString& rootName);
     /// Unlinks the node of that name from the subtree without deleting it.
     virtual void removeNode(const QString& dotName);
+    /// Null on a group.
     virtual SplineCurveGraph* splineGraph();
+    /// Does nothing.
     virtual void reserved();
     /// On a group all children then hold the same expression: callers apply it to leaves.
     virtual void setExpression(FunctionFloatBase* expression, ParseMessage& message);
     virtual void markChanged();
+    /// Does nothing on a group of plain splines or of mixed curves.
     virtual void setAddFunc(const bool& add);
     virtual void reset();
     virtual QString path() const;
+    /// Whether changes of this curve are reported to the host.
     virtual bool notifiesHost() const;
+    /// Children keep their own flag.
     virtual void setNotifiesHost(const bool& notifies);
+    /// Writes the dotted name of the parent, and with it those of all nodes under this one.
     virtual void setPath(const QString& path);
 
+    /// The node's own element of the dotted name.
     QString name() const;
 
     /// The group that holds this node; null on a top node and on one that was unlinked.
     CurveNode* parentNode() const;
 
+    /// Takes the node out of its group, if it stands in one, without deleting it.
+    void unlink();
+
 protected:
+    bool isNamed(const QString& dotName) const;
+
     enum leafTag : int
     {
         leaf
@@ -80,5 +102,8 @@ protected:
     QList<CurveNode*>* childList = nullptr; ///< owned, and so is each child; null on a leaf
 
 private:
+    void renameChildren(const QString& oldDotName);
+    QString pathUnder(const QString& oldDotName, const QString& childPath) const;
+
     CurveNode* parent = nullptr; ///< not owned
 };

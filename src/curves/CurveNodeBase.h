@@ -13,14 +13,27 @@ class FunctionParserBase;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
+namespace curve_editor {
+struct CurveXmlContent;
+} // namespace curve_editor
+
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
-/// one dotted name, evaluates and draws it. Neither spline nor slot is owned; the expression in
-/// the slot is replaced and deleted here.
+/// one dotted name, evaluates and draws it.
+///
+///     auto* curve = new CurveNodeBase(canvas, "width", "body", Qt::red, 0, &spline, &expression,
+///                                     0, 10, true);
+///     const double width = curve->evaluate(1.5);
+///
+/// Neither spline nor slot is owned; the expression in the slot is replaced and deleted here.
+/// Once the host has destroyed the spline the curve has neither spline nor slot: it draws nothing
+/// and evaluates as a spline of value 0.
 class CurveNodeBase : public QObject, public CurveNode
 {
     Q_OBJECT
 
 public:
+    /// `canvas`, `spline`, `expressionSlot` and the expression in it may each be null. Values are
+    /// held between minimum and maximum. `curveValue` is only stored and handed on to copies.
     CurveNodeBase(CanvasFunctionBase* canvas, const QString& name, const QString& path,
                   const QColor& color, float curveValue, SplineBase* spline,
                   FunctionFloatBase** expressionSlot, float minimumValue, float maximumValue,
@@ -41,12 +54,18 @@ public:
     CurveNode* findNode(const QString& dotName) override;
     void setActive(bool active) override;
     void removeExpression(const bool& remove) override;
+    /// A name without a point gives a path equal to the name.
     void setDotName(const QString& dotName) override;
     void removeNode(const QString& dotName) override;
     SplineCurveGraph* splineGraph() override;
+    /// Takes the expression into the slot, owned from now on by the host, and deletes the one
+    /// that was there, unless it is the same. Without a slot the expression is freed. When the
+    /// curve now depends on itself, a box says so and the message marks where: kind 2, spans in
+    /// bytes of its text.
     void setExpression(FunctionFloatBase* expression, ParseMessage& message) override;
     void markChanged() override;
     void setAddFunc(const bool& add) override;
+    /// Deletes the expression, empties selection and spline, and reports the change.
     void reset() override;
     void setPath(const QString& path) override;
 
@@ -60,12 +79,21 @@ public:
     /// Screen data must be rebuilt.
     bool hasChanged() const;
 
+    /// @name The XML curve file
+    /// @{
+    /// Writes the curve to a file; says nothing when that cannot be opened.
     void saveXML(const QString& path);
+    /// Reads a file into spline and slot, with the parser for the expression. False when it
+    /// cannot be opened, or after a message box that tells the error.
     bool LoadXML(const QString& path, FunctionParserBase* parser);
+    /// The same from a reader that stands on the start of a `curve` element, without any box.
+    /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
     void writeXmlStream(QXmlStreamWriter& writer);
+    /// @}
 
 public slots:
+    /// The host edited the spline: the pixels are to be rebuilt.
     void splineChanged();
 
 signals:
@@ -75,8 +103,19 @@ private slots:
     void createNodeAtCursor();
 
 private:
-    bool needsUpdate(const ViewPort* viewport);
-    void sampleExpression(ViewPort* viewport);
+    FunctionFloatBase** livingSlot() const;
+    double framesPerSecond() const;
+    int labelDecimals() const;
+
+    bool isActive(const int& type) const;
+    bool needsUpdate(const ViewPort* viewport) const;
+    void postponeUpdate();
+    void clearChangedFlags();
+    void sampleExpression(const ViewPort& viewport);
+    void drawKeys(ViewPort* viewport, QPainter* painter);
+
+    bool dependsOnItself(QString& offender) const;
+    void takeContent(curve_editor::CurveXmlContent& content, FunctionParserBase* parser);
 
     bool changed = false;
     SplineHandle hostSpline;

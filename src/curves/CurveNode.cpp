@@ -1,0 +1,229 @@
+#include "curves/CurveNode.h"
+
+#include "canvas/CanvasFunctionBase.h"
+#include "core/SplineBase.h"
+#include "curves/CurveType.h"
+
+#include <QColor>
+#include <QStringList>
+
+CurveNode::CurveNode(CanvasFunctionBase* owner, const QString& name, const QString& path)
+    : CurveNode(owner, name, path, leaf)
+{
+    childList = new QList<CurveNode*>;
+}
+
+CurveNode::CurveNode(CanvasFunctionBase* owner, const QString& name, const QString& path, leafTag)
+    : canvas(owner)
+    , ownName(name)
+    , parentPath(path)
+{
+    if (canvas) {
+        canvas->nodeCreated(this);
+    }
+}
+
+CurveNode::~CurveNode()
+{
+    unlink();
+    if (childList) {
+        const QList<CurveNode*> doomed = *childList;
+        childList->clear();
+        for (CurveNode* child : doomed) {
+            child->parent = nullptr;
+            delete child;
+        }
+        delete childList;
+    }
+    if (canvas) {
+        canvas->nodeDestroyed(this);
+    }
+}
+
+bool CurveNode::isCurve() const
+{
+    return false;
+}
+
+void CurveNode::setColor(const QColor& color, const QColor& background)
+{
+    for (CurveNode* child : *childList) {
+        child->setColor(color, background);
+    }
+}
+
+void CurveNode::updateGraph(ViewPort* viewport)
+{
+    for (CurveNode* child : *childList) {
+        child->updateGraph(viewport);
+    }
+}
+
+QList<CurveNode*>* CurveNode::children()
+{
+    return childList;
+}
+
+void CurveNode::addChild(CurveNode* child)
+{
+    if (!childList || !child || child == this) {
+        return;
+    }
+    child->unlink();
+    childList->append(child);
+    child->parent = this;
+}
+
+int CurveNode::curveType()
+{
+    if (childList->isEmpty()) {
+        return mixedCurves;
+    }
+    const int firstType = childList->first()->curveType();
+    for (CurveNode* child : *childList) {
+        const int type = child->curveType();
+        const bool mixes = firstType == splineCurve || type == splineCurve || type == mixedCurves;
+        if (type != firstType && mixes) {
+            return mixedCurves;
+        }
+    }
+    return firstType;
+}
+
+QList<SplineBase*> CurveNode::splines()
+{
+    QList<SplineBase*> all;
+    for (CurveNode* child : *childList) {
+        all += child->splines();
+    }
+    return all;
+}
+
+SplineBase* CurveNode::spline()
+{
+    return nullptr;
+}
+
+FunctionFloatBase* CurveNode::expression()
+{
+    return nullptr;
+}
+
+FunctionFloatBase** CurveNode::expressionSlot()
+{
+    return nullptr;
+}
+
+void CurveNode::draw(ViewPort* viewport, QPainter* painter)
+{
+    for (CurveNode* child : *childList) {
+        child->draw(viewport, painter);
+    }
+}
+
+QList<CurveNode*> CurveNode::curves()
+{
+    if (isCurve()) {
+        return {this};
+    }
+    QList<CurveNode*> leaves;
+    for (CurveNode* child : *childList) {
+        leaves += child->curves();
+    }
+    return leaves;
+}
+
+void CurveNode::setActive(bool active)
+{
+    for (CurveNode* child : *childList) {
+        child->setActive(active);
+    }
+}
+
+void CurveNode::removeExpression(const bool&)
+{
+    for (CurveNode* child : *childList) {
+        child->removeExpression(true);
+    }
+}
+
+void CurveNode::removeNode(const QString& dotName)
+{
+    CurveNode* found = findNode(dotName);
+    if (!found) {
+        return;
+    }
+    if (found->parent == this) {
+        found->unlink();
+        return;
+    }
+    for (CurveNode* child : *childList) {
+        child->removeNode(dotName);
+    }
+}
+
+SplineCurveGraph* CurveNode::splineGraph()
+{
+    return nullptr;
+}
+
+void CurveNode::reserved() {}
+
+void CurveNode::setExpression(FunctionFloatBase* expression, ParseMessage& message)
+{
+    for (CurveNode* child : *childList) {
+        child->setExpression(expression, message);
+    }
+}
+
+void CurveNode::markChanged()
+{
+    for (CurveNode* child : *childList) {
+        child->markChanged();
+    }
+}
+
+void CurveNode::setAddFunc(const bool& add)
+{
+    const int type = curveType();
+    if (type == splineCurve || type == mixedCurves) {
+        return;
+    }
+    for (CurveNode* child : *childList) {
+        child->setAddFunc(add);
+    }
+}
+
+void CurveNode::reset()
+{
+    // A copy: each reset is reported to the host, who may take curves away.
+    const QList<CurveNode*> all = *childList;
+    for (CurveNode* child : all) {
+        if (childList->contains(child)) {
+            child->reset();
+        }
+    }
+}
+
+bool CurveNode::notifiesHost() const
+{
+    return reportsToHost;
+}
+
+void CurveNode::setNotifiesHost(const bool& notifies)
+{
+    reportsToHost = notifies;
+}
+
+CurveNode* CurveNode::parentNode() const
+{
+    return parent;
+}
+
+void CurveNode::unlink()
+{
+    if (parent) {
+        parent->childList->removeOne(this);
+        parent = nullptr;
+    }
+}

@@ -1,0 +1,59 @@
+// Giving a curve an expression, and telling the user when the curve then depends on itself.
+
+#include "canvas/CanvasFunctionBase.h"
+#include "core/FunctionFloatBase.h"
+#include "core/ParseMessage.h"
+#include "curves/CurveNodeBase.h"
+#include "curves/NodeStruct.h"
+#include "editor/CurveEditor.h"
+
+#include <QMessageBox>
+
+#include <algorithm>
+
+namespace {
+
+const int cyclicDependency = 2;
+
+/// Marks every place where the message's text names the variable, overlapping ones included.
+void markVariable(const QString& parserName, ParseMessage& message)
+{
+    const std::string name = parserName.toLocal8Bit().toStdString();
+    std::string text = message.expressionText;
+    std::replace(text.begin(), text.end(), ' ', '_');
+    if (name.empty()) {
+        return;
+    }
+    for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
+        message.errorSpans.emplace_back(static_cast<int>(at), static_cast<int>(name.size()));
+        message.errorKind = cyclicDependency;
+    }
+}
+
+} // namespace
+
+void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& message)
+{
+    FunctionFloatBase** living = livingSlot();
+    if (!living) {
+        delete expression;
+    } else if (*living != expression) {
+        delete *living;
+        *living = expression;
+    }
+    changed = true;
+    QString offender;
+    if (dependsOnItself(offender)) {
+        markVariable(curve_editor::parserForm(offender), message);
+        // Last: the box runs an event loop, in which the host may take this curve away.
+        const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
+        QMessageBox::warning(nullptr, tr("Cyclical dependency"), text);
+    }
+}
+
+bool CurveNodeBase::dependsOnItself(QString& offender) const
+{
+    CurveEditor* editor = canvas ? canvas->curveEditor() : nullptr;
+    const QString name = curve_editor::parserForm(dotName());
+    return editor && editor->checkDependencies(name, name, offender);
+}

@@ -1,0 +1,75 @@
+// A curve and its XML curve file.
+
+#include "canvas/SplineCurveGraph.h"
+#include "core/FunctionFloatBase.h"
+#include "core/FunctionParserBase.h"
+#include "core/ParseMessage.h"
+#include "curves/CurveNodeBase.h"
+#include "curves/CurveXmlReader.h"
+#include "curves/CurveXmlWriter.h"
+
+#include <QFile>
+#include <QMessageBox>
+#include <QXmlStreamReader>
+#include <QXmlStreamWriter>
+
+using curve_editor::CurveXmlContent;
+using curve_editor::CurveXmlReader;
+using curve_editor::CurveXmlWriter;
+
+void CurveNodeBase::saveXML(const QString& path)
+{
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly)) {
+        QXmlStreamWriter stream(&file);
+        CurveXmlWriter(stream).writeDocument(curveType(), spline(), expression());
+    }
+}
+
+void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
+{
+    CurveXmlWriter(writer).writeCurve(curveType(), spline(), expression());
+}
+
+bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    QXmlStreamReader stream(&file);
+    const bool isRead = CurveXmlReader(stream).readDocument(
+        [&](CurveXmlContent& content) { takeContent(content, parser); });
+    file.close();
+    if (!isRead) {
+        QMessageBox::critical(nullptr, tr("Error Reading XML File"),
+                              tr("Error parsing XML curve file.\nReason:\n") +
+                                  stream.errorString());
+    }
+    return isRead;
+}
+
+bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser)
+{
+    CurveXmlContent content;
+    const bool isRead = CurveXmlReader(reader).readCurve(content);
+    if (isRead) {
+        takeContent(content, parser);
+    }
+    return isRead;
+}
+
+/// An expression that does not parse leaves the slot empty, without a word.
+void CurveNodeBase::takeContent(CurveXmlContent& content, FunctionParserBase* parser)
+{
+    ParseMessage message;
+    FunctionParserBase* reader = parser ? parser : FunctionParserBase::instance();
+    if (hasKeys(content.type)) {
+        keysGraph->selection().clear(); // its keys are about to be freed
+    }
+    content.moveInto(spline(), livingSlot(), content.parseExpression(*reader, message));
+    if (hasKeys(content.type)) {
+        keysGraph->setSpline(spline());
+    }
+    changed = true;
+}

@@ -1,0 +1,89 @@
+// The names of the nodes of the tree, and how a new name of one reaches the nodes under it.
+
+#include "curves/CurveNode.h"
+
+namespace {
+
+const QLatin1Char point('.');
+
+} // namespace
+
+QString CurveNode::name() const
+{
+    return ownName;
+}
+
+QString CurveNode::path() const
+{
+    return parentPath;
+}
+
+QString CurveNode::dotName() const
+{
+    return parentPath.isEmpty() ? ownName : parentPath + point + ownName;
+}
+
+CurveNode* CurveNode::findNode(const QString& dotName)
+{
+    if (isNamed(dotName)) {
+        return this;
+    }
+    for (CurveNode* child : *childList) {
+        if (CurveNode* found = child->findNode(dotName)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+void CurveNode::setDotName(const QString& dotName)
+{
+    const QString oldDotName = this->dotName();
+    ownName = dotName.section(point, -1);
+    if (!parentPath.isEmpty()) {
+        // A negative length, of a name without a point, keeps the whole name.
+        parentPath = dotName.left(dotName.length() - ownName.length() - 1);
+    }
+    renameChildren(oldDotName);
+}
+
+void CurveNode::setRootName(const QString& rootName)
+{
+    const QString first = parentPath.section(point, 0, 0);
+    if (rootName != first) {
+        setPath(rootName + parentPath.mid(first.length()));
+    }
+}
+
+void CurveNode::setPath(const QString& path)
+{
+    const QString oldDotName = dotName();
+    parentPath = path;
+    renameChildren(oldDotName);
+}
+
+/// The same as comparing with dotName(), without building it.
+bool CurveNode::isNamed(const QString& dotName) const
+{
+    if (parentPath.isEmpty()) {
+        return dotName == ownName;
+    }
+    return dotName.length() == parentPath.length() + 1 + ownName.length() &&
+           dotName.at(parentPath.length()) == point && dotName.endsWith(ownName) &&
+           dotName.startsWith(parentPath);
+}
+
+void CurveNode::renameChildren(const QString& oldDotName)
+{
+    for (CurveNode* child : *childList) {
+        child->setPath(pathUnder(oldDotName, child->parentPath));
+    }
+}
+
+/// A child's path after this node was renamed. A curve named a.b.b stands right under a with the
+/// path a.b: what its path has beyond the group's name stays.
+QString CurveNode::pathUnder(const QString& oldDotName, const QString& childPath) const
+{
+    const bool reachesDeeper = childPath.startsWith(oldDotName + point);
+    return reachesDeeper ? dotName() + childPath.mid(oldDotName.length()) : dotName();
+}

@@ -1,0 +1,42 @@
+#include "curves/CurveXmlContent.h"
+
+#include "core/FunctionFloatBase.h"
+#include "core/FunctionParserBase.h"
+#include "core/ParseMessage.h"
+#include "core/SplineBase.h"
+
+namespace curve_editor {
+
+std::unique_ptr<FunctionFloatBase> CurveXmlContent::parseExpression(FunctionParserBase& parser,
+                                                                    ParseMessage& message) const
+{
+    if (type == splineCurve) {
+        return nullptr;
+    }
+    const std::string text = expressionText.toLocal8Bit().toStdString();
+    return std::unique_ptr<FunctionFloatBase>(parser.parseString(text, message, false));
+}
+
+void CurveXmlContent::moveInto(SplineBase* spline, FunctionFloatBase** slot,
+                               std::unique_ptr<FunctionFloatBase> expression)
+{
+    if (slot && type != splineCurve) {
+        delete *slot;
+        *slot = expression.release();
+    }
+    if (!spline) {
+        return;
+    }
+    if (hasKeys(type)) {
+        spline->removeAllControlPoints();
+        spline->setFirstNodeType(static_cast<SplineBase::nodeType>(firstNodeType));
+        spline->setLastNodeType(static_cast<SplineBase::nodeType>(lastNodeType));
+        for (std::unique_ptr<PointInfo>& point : points) {
+            spline->addPointPtr(point.release());
+        }
+        points.clear();
+    }
+    spline->setAddFunc(type == splinePlusExpressionCurve);
+}
+
+} // namespace curve_editor
