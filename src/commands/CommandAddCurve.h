@@ -15,7 +15,8 @@ class SplineBase;
 
 namespace curve_editor {
 
-/// Adds a curve of the host to the editor.
+/// Adds a curve of the host to the editor. CurveEditor::addCurve runs it directly: it stands on no
+/// stack, and may be destroyed right after execute.
 class CommandAddCurve : public CurveCommand
 {
 public:
@@ -31,6 +32,11 @@ public:
     ZK_String getDescription() override;
 
 private:
+    void addToCatalogue();
+    bool wantsSelection() const;
+    SplineBase* livingSpline() const;
+    FunctionFloatBase** livingSlot() const;
+
     CurveEditor* editor; ///< not owned
     QString nodeName;
     QString curveName;

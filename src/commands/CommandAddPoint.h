@@ -25,11 +25,15 @@ public:
     ZK_String getDescription() override;
 
 private:
+    bool putIn();
+    void report();
+
     CurveEditor* editor; ///< not owned
     NodeStruct* node;    ///< not owned, never freed
     double time;
     double value;
-    PointInfo* point = nullptr;          ///< owned while pointInSpline is false, else the spline's
+    PointInfo* point = nullptr;          ///< owned while pointInSpline is false, else the spline's;
+                                         ///< null once somebody else has taken it out
     QList<PointInfo*> previousSelection; ///< not owned
     bool pointInSpline = false;
 };

@@ -11,8 +11,8 @@ namespace curve_editor {
 
 struct NodeStruct;
 
-/// A change of whole keys, made by a gesture or a dialog. Built when the gesture begins, captured
-/// when it ends.
+/// A change of whole keys, made by a gesture or a dialog. Built when the gesture
+/// begins, captured when it ends; keys that have left their spline by then are dropped.
 class CommandChangePoints : public CurveCommand
 {
 public:
@@ -29,12 +29,15 @@ public:
     ZK_String getDescription() override;
 
 private:
+    void apply(const QList<QList<PointInfo*>>& states);
+    void report();
+
     CurveEditor* editor;      ///< not owned
     QList<NodeStruct*> nodes; ///< not owned, never freed
     /// One list a node, in step with each other: the live keys, not owned, and copies of them.
     QList<QList<PointInfo*>> points;
     QList<QList<PointInfo*>> before; ///< owned copies
-    QList<QList<PointInfo*>> after;  ///< owned copies
+    QList<QList<PointInfo*>> after;  ///< owned copies; empty until the capture
 };
 
 } // namespace curve_editor

@@ -11,7 +11,8 @@ namespace curve_editor {
 
 struct NodeStruct;
 
-/// Deletes the selected keys of the curves being edited.
+/// Deletes the selected keys of the curves being edited. Whatever the selection is later, it is
+/// these keys that redo takes out again.
 class CommandDelPoints : public CurveCommand
 {
 public:
@@ -25,9 +26,13 @@ public:
     ZK_String getDescription() override;
 
 private:
+    void takeOut(const qsizetype& node);
+    void putBack(const qsizetype& node);
+
     CurveEditor* editor;      ///< not owned
     QList<NodeStruct*> nodes; ///< not owned, never freed
-    /// One list a node. Owned while pointsInSpline is false, else their splines'.
+    /// One list a node. Owned while pointsInSpline is false, else their splines'. Keys that the
+    /// command lost to somebody else, or that went with a destroyed spline, leave the list.
     QList<QList<PointInfo*>> deleted;
     bool pointsInSpline = true;
 };

@@ -27,6 +27,8 @@ public:
     ZK_String getDescription() override;
 
 private:
+    void apply(const QList<QList<PointInfo*>>& lists);
+
     CurveEditor* editor;             ///< not owned
     QList<NodeStruct*> nodes;        ///< not owned, never freed
     QList<QList<PointInfo*>> before; ///< one list a node; keys not owned

@@ -5,19 +5,35 @@
 class ControlSplineNode;
 class CurveEditor;
 class CurveNode;
+class SplineBase;
 struct PointInfo;
 
 namespace curve_editor {
 
 struct NodeStruct;
 
+// Who owns a key. Every key of a host's spline has exactly one owner that frees it: that spline,
+// or one command that took it out and has not put it back.
+//
+// - A key passes to a command only by SplineBase::remove of a key that findIndex has just found,
+//   and back only by SplineBase::addPointPtr. The command's state says which it is.
+// - A command frees the keys that it owns when it is destroyed. It is then the newest command
+//   that can name them (a redo stack is given up), or the oldest (an undo stack drops its end),
+//   and then what is newer was made while the keys were already out of their spline.
+// - A key is known by identity. Before a command reads or writes a key that it does not own, the
+//   spline must still hold it (findIndex); otherwise somebody else has taken it or freed it, and
+//   the command leaves it alone.
+// - A spline that its host has destroyed has freed the keys it held. Commands forget those, and
+//   free what they own themselves.
+
 /// The curves being edited that have keys, with a record each.
 QList<NodeStruct*> eligibleRecords(CurveEditor* editor);
 
-/// The selected keys of a record's curve; none when it is not on the canvas.
+/// The selected keys of a record's curve, all of them keys of its spline; none when the curve is
+/// not on the canvas.
 QList<PointInfo*> selectedPointsOf(CurveEditor* editor, const NodeStruct* record);
 
-/// The leaf on the canvas that bears a record's name, or null.
+/// The leaf on the canvas that bears a record's name and shows its spline, or null.
 CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record);
 
 /// The key selection of a record's curve; null when it is not on the canvas.
@@ -25,5 +41,15 @@ ControlSplineNode* selectionOf(CurveEditor* editor, const NodeStruct* record);
 
 /// Makes these keys a curve's selection; those that have left its spline are passed over.
 void selectList(CurveEditor* editor, const NodeStruct* record, const QList<PointInfo*>& points);
+
+/// Whether a curve object shows what a record speaks of.
+bool showsRecord(CurveNode* curve, const NodeStruct* record);
+
+/// Those of the points that are keys of the spline, which may be null.
+QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points);
+
+/// Takes keys that have left a spline out of the selections of all curves that show it.
+void dropFromSelections(CurveEditor* editor, const SplineBase* spline,
+                        const QList<PointInfo*>& points);
 
 } // namespace curve_editor

@@ -373,6 +373,11 @@ private:
     // Catalogue: CurveEditorCatalogue.cpp
     std::string dumpNodeList() const;
 
+    // Editing set: CurveEditorEditingSet.cpp
+    void enterCanvas(NodeStruct* record, CurveNode* curve);
+    void addTreeItems(const NodeStruct* record);
+    void takeOutItem(QTreeWidgetItem* item);
+
     std::unique_ptr<curve_editor::Catalogue> catalogue; ///< mainNodes, allNodes and their index
     QStringList selectedDotNames;                       ///< the selection, in the order given
     bool selectionBusy = false;                         ///< re-entry guard of the selection

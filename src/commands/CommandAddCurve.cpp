@@ -1,0 +1,119 @@
+#include "commands/CommandAddCurve.h"
+
+#include "canvas/FunctionEditor.h"
+#include "core/SplineBase.h"
+#include "curves/CurveNode.h"
+#include "editor/CurveEditor.h"
+
+namespace curve_editor {
+
+namespace {
+
+/// The curve of that name; a group of the name is none.
+CurveNode* findLeaf(const CurveEditor* editor, const QString& dotName)
+{
+    CurveNode* const found = editor->curveFromDotName(dotName);
+    return found && found->isCurve() ? found : nullptr;
+}
+
+} // namespace
+
+CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, const QString& name,
+                                 const QColor& drawingColor, float givenValue,
+                                 SplineBase* hostSpline, FunctionFloatBase** slot, float minimum,
+                                 float maximum, const bool& select, const bool& notify)
+    : editor(curveEditor)
+    , nodeName(node)
+    , curveName(name)
+    , color(drawingColor)
+    , curveValue(givenValue)
+    , spline(hostSpline)
+    , splineLife(hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>())
+    , function(slot)
+    , minValue(minimum)
+    , maxValue(maximum)
+    , previousSelection(curveEditor->getSelection())
+    , notifyHost(notify)
+    , selectByDefault(select)
+{}
+
+CommandAddCurve::~CommandAddCurve()
+{
+    if (!isAdded && isNewRecord && curve)
+        editor->getFunctionEditor()->canvas().discardUnlinked(curve);
+}
+
+bool CommandAddCurve::execute()
+{
+    const QString name = nodeName + QLatin1Char('.') + curveName;
+    isNewRecord = !editor->searchAllNodeList(name);
+    curve = findLeaf(editor, name);
+    if (curve) {
+        isAdded = true;
+        if (selectByDefault)
+            editor->setDefaultSelected(nodeName, curveName);
+        return false;
+    }
+    addToCatalogue();
+    if (wantsSelection())
+        editor->setDefaultSelected(nodeName, curveName);
+    curve = findLeaf(editor, name);
+    isAdded = true;
+    editor->emitSignalCurvesHaveChanged();
+    return true;
+}
+
+void CommandAddCurve::undo()
+{
+    if (isNewRecord)
+        editor->removeCurve(nodeName, curveName);
+    else
+        editor->removeCurveFromEditing(nodeName + QLatin1Char('.') + curveName);
+    editor->selectNodes(previousSelection);
+    editor->emitSignalCurvesHaveChanged();
+    isAdded = false;
+}
+
+void CommandAddCurve::redo()
+{
+    addToCatalogue();
+    if (wantsSelection())
+        editor->setDefaultSelected(nodeName, curveName, curve);
+    editor->emitSignalCurvesHaveChanged();
+    isAdded = true;
+}
+
+ZK_String CommandAddCurve::getDescription()
+{
+    return "Add Curve to Curve Editor";
+}
+
+void CommandAddCurve::addToCatalogue()
+{
+    editor->addNewMainNode(nodeName);
+    editor->addNewNode(nodeName, curveName, color, curveValue, livingSpline(), livingSlot(),
+                       minValue, maxValue, notifyHost);
+}
+
+/// A curve with neither a key nor an expression stays off the canvas.
+bool CommandAddCurve::wantsSelection() const
+{
+    const SplineBase* const keys = livingSpline();
+    FunctionFloatBase** const slot = livingSlot();
+    const bool hasContent = (keys && keys->getControlPointsNumber() > 0) || (slot && *slot);
+    return selectByDefault && hasContent;
+}
+
+SplineBase* CommandAddCurve::livingSpline() const
+{
+    return splineLife.expired() ? nullptr : spline;
+}
+
+/// Once the host has destroyed the spline its slot is left alone as well.
+FunctionFloatBase** CommandAddCurve::livingSlot() const
+{
+    const bool splineIsLost = spline && splineLife.expired();
+    return splineIsLost ? nullptr : function;
+}
+
+} // namespace curve_editor

@@ -1,0 +1,97 @@
+#include "commands/CommandAddPoint.h"
+
+#include "canvas/FunctionEditor.h"
+#include "commands/EligibleCurves.h"
+#include "curves/ControlSplineNode.h"
+#include "editor/CurveEditor.h"
+
+namespace curve_editor {
+
+CommandAddPoint::CommandAddPoint(CurveEditor* curveEditor, NodeStruct* record,
+                                 const double& keyTime, const double& keyValue)
+    : editor(curveEditor)
+    , node(record)
+    , time(keyTime)
+    , value(keyValue)
+{
+    if (const ControlSplineNode* const selection = selectionOf(editor, node))
+        previousSelection = selection->selectedPoints;
+}
+
+CommandAddPoint::~CommandAddPoint()
+{
+    if (!pointInSpline)
+        delete point;
+}
+
+bool CommandAddPoint::execute()
+{
+    pointInSpline = false;
+    SplineBase* const spline = node ? node->livingSpline() : nullptr;
+    if (!spline)
+        return false;
+    const CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
+    point = new PointInfo;
+    point->time = time;
+    point->value = value;
+    point->type = static_cast<zk_spline::interpolationType>(canvas.defaultNodeType);
+    point->unifiedTangents = !canvas.defaultBrokenTangent;
+    putIn();
+    report();
+    editor->refreshEditor();
+    return true;
+}
+
+void CommandAddPoint::undo()
+{
+    SplineBase* const spline = node ? node->livingSpline() : nullptr;
+    if (pointInSpline) {
+        if (spline && spline->findIndex(point) >= 0) {
+            spline->remove(point);
+            dropFromSelections(editor, spline, {point});
+        } else {
+            point = nullptr;
+        }
+        pointInSpline = false;
+    }
+    if (findCurveOf(editor, node)) {
+        selectList(editor, node, previousSelection);
+        report();
+    }
+    editor->refreshEditor();
+}
+
+void CommandAddPoint::redo()
+{
+    if (putIn())
+        report();
+    editor->refreshEditor();
+}
+
+ZK_String CommandAddPoint::getDescription()
+{
+    return "Add New Control Point";
+}
+
+/// Gives the point to the spline and selects it; returns whether the curve is on the canvas.
+bool CommandAddPoint::putIn()
+{
+    SplineBase* const spline = node->livingSpline();
+    if (spline && point && !pointInSpline) {
+        spline->addPointPtr(point);
+        pointInSpline = true;
+    }
+    ControlSplineNode* const selection = selectionOf(editor, node);
+    if (selection && pointInSpline)
+        selection->selectSinglePoint(point);
+    return selection;
+}
+
+void CommandAddPoint::report()
+{
+    QString nodeName = node->mainNodeName;
+    QString curveName = node->curveName;
+    editor->emitSignalCurveHasChanged(nodeName, curveName);
+}
+
+} // namespace curve_editor

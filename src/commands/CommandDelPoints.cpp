@@ -1,0 +1,89 @@
+#include "commands/CommandDelPoints.h"
+
+#include "commands/EligibleCurves.h"
+#include "curves/ControlSplineNode.h"
+#include "editor/CurveEditor.h"
+
+#include <QtAlgorithms>
+
+#include <utility>
+
+namespace curve_editor {
+
+CommandDelPoints::CommandDelPoints(CurveEditor* curveEditor)
+    : editor(curveEditor)
+    , nodes(eligibleRecords(curveEditor))
+{}
+
+CommandDelPoints::~CommandDelPoints()
+{
+    if (pointsInSpline)
+        return;
+    for (const QList<PointInfo*>& list : std::as_const(deleted))
+        qDeleteAll(list);
+}
+
+bool CommandDelPoints::execute()
+{
+    QStringList names;
+    deleted.clear();
+    for (qsizetype node = 0; node < nodes.size(); ++node) {
+        deleted.append(selectedPointsOf(editor, nodes[node]));
+        if (!deleted[node].isEmpty())
+            names.append(editor->dotName(nodes[node]));
+        takeOut(node);
+    }
+    pointsInSpline = names.isEmpty();
+    editor->emitSignalCurvesHaveChanged(names);
+    return !names.isEmpty();
+}
+
+void CommandDelPoints::undo()
+{
+    for (qsizetype node = 0; node < nodes.size(); ++node)
+        putBack(node);
+    pointsInSpline = true;
+    editor->emitSignalCurvesHaveChanged(nodes);
+}
+
+void CommandDelPoints::redo()
+{
+    for (qsizetype node = 0; node < nodes.size(); ++node)
+        takeOut(node);
+    pointsInSpline = false;
+    editor->emitSignalCurvesHaveChanged(nodes);
+}
+
+ZK_String CommandDelPoints::getDescription()
+{
+    return "Delete Control Points";
+}
+
+/// Takes a node's keys out of its spline and into the command's hands, but for those that are no
+/// longer the spline's to give.
+void CommandDelPoints::takeOut(const qsizetype& node)
+{
+    SplineBase* const spline = nodes[node]->livingSpline();
+    deleted[node] = membersOf(spline, deleted[node]);
+    for (PointInfo* point : std::as_const(deleted[node]))
+        spline->remove(point);
+    if (ControlSplineNode* const selection = selectionOf(editor, nodes[node]))
+        selection->clear();
+    dropFromSelections(editor, spline, deleted[node]);
+}
+
+/// Gives a node's keys back to its spline. If its host has destroyed the spline they end here.
+void CommandDelPoints::putBack(const qsizetype& node)
+{
+    SplineBase* const spline = nodes[node]->livingSpline();
+    if (!spline) {
+        qDeleteAll(deleted[node]);
+        deleted[node].clear();
+        return;
+    }
+    for (PointInfo* point : std::as_const(deleted[node]))
+        spline->addPointPtr(point);
+    selectList(editor, nodes[node], deleted[node]);
+}
+
+} // namespace curve_editor

@@ -1,0 +1,129 @@
+#include "editor/Catalogue.h"
+
+#include "curves/CurveVariable.h"
+
+#include <deque>
+
+namespace curve_editor {
+
+namespace {
+
+/// The store of the process. It is never destroyed, and its static pointer keeps the records
+/// reachable.
+template <class Record>
+Record* store(const Record& content)
+{
+    static auto* const records = new std::deque<Record>;
+    records->push_back(content);
+    return &records->back();
+}
+
+} // namespace
+
+Catalogue::Catalogue() = default;
+
+Catalogue::~Catalogue() = default;
+
+const QList<MainNodeStruct*>& Catalogue::mainNodes() const
+{
+    return mainList;
+}
+
+const QList<NodeStruct*>& Catalogue::allNodes() const
+{
+    return nodeList;
+}
+
+MainNodeStruct* Catalogue::addMainNode(const QString& name)
+{
+    MainNodeStruct* const node = store(MainNodeStruct{name});
+    const Number number = nextNumber++;
+    mainList.append(node);
+    mainEntries.emplace(node, MainEntry{number, name});
+    mainNames.add(name, number, node);
+    return node;
+}
+
+NodeStruct* Catalogue::addNode(const NodeStruct& content)
+{
+    NodeStruct* const record = store(content);
+    Entry entry;
+    entry.number = nextNumber++;
+    entry.dotName = record->dotName;
+    entry.parserName = parserForm(record->dotName);
+    entry.variable = std::make_unique<CurveVariable>(record);
+    nodeList.append(record);
+    dotNames.add(entry.dotName, entry.number, record);
+    parserNames.add(entry.parserName, entry.number, record);
+    entries.emplace(record, std::move(entry));
+    return record;
+}
+
+void Catalogue::removeMainNode(MainNodeStruct* node)
+{
+    const auto found = mainEntries.find(node);
+    if (found == mainEntries.end())
+        return;
+    mainNames.remove(found->second.name, found->second.number);
+    mainEntries.erase(found);
+    mainList.removeAll(node);
+}
+
+void Catalogue::removeNode(NodeStruct* record)
+{
+    const auto found = entries.find(record);
+    if (found == entries.end())
+        return;
+    dotNames.remove(found->second.dotName, found->second.number);
+    parserNames.remove(found->second.parserName, found->second.number);
+    entries.erase(found);
+    nodeList.removeOne(record);
+}
+
+void Catalogue::nameHasChanged(MainNodeStruct* node)
+{
+    const auto found = mainEntries.find(node);
+    if (found == mainEntries.end())
+        return;
+    MainEntry& entry = found->second;
+    mainNames.remove(entry.name, entry.number);
+    entry.name = node->name;
+    mainNames.add(entry.name, entry.number, node);
+}
+
+void Catalogue::nameHasChanged(NodeStruct* record)
+{
+    const auto found = entries.find(record);
+    if (found == entries.end())
+        return;
+    Entry& entry = found->second;
+    dotNames.remove(entry.dotName, entry.number);
+    parserNames.remove(entry.parserName, entry.number);
+    entry.dotName = record->dotName;
+    entry.parserName = parserForm(record->dotName);
+    dotNames.add(entry.dotName, entry.number, record);
+    parserNames.add(entry.parserName, entry.number, record);
+    entry.variable->rename();
+}
+
+MainNodeStruct* Catalogue::findMainNode(const QString& name) const
+{
+    return mainNames.first(name);
+}
+
+NodeStruct* Catalogue::find(const QString& dotName) const
+{
+    return dotNames.firstWithoutPrefix(dotName);
+}
+
+NodeStruct* Catalogue::findExactly(const QString& dotName) const
+{
+    return dotNames.first(dotName);
+}
+
+NodeStruct* Catalogue::findParserName(const QString& parserName) const
+{
+    return parserNames.first(parserName);
+}
+
+} // namespace curve_editor

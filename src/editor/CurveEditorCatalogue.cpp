@@ -1,0 +1,165 @@
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "commands/CommandAddCurve.h"
+#include "curves/CurveNode.h"
+#include "editor/Catalogue.h"
+
+#include <QTreeWidgetItem>
+
+#include <sstream>
+
+using curve_editor::CommandAddCurve;
+using curve_editor::parserForm;
+
+namespace {
+
+QString joinedName(const QString& node, const QString& curve)
+{
+    return node + QLatin1Char('.') + curve;
+}
+
+QString withUnderscores(QString name)
+{
+    return name.replace(QLatin1Char(' '), QLatin1Char('_'));
+}
+
+} // namespace
+
+void CurveEditor::addNewMainNode(const QString& node)
+{
+    if (searchMainNode(node))
+        return;
+    catalogue->addMainNode(node);
+    auto* const item = new QTreeWidgetItem(checkListsEditing);
+    item->setText(0, node);
+}
+
+void CurveEditor::addNewNode(const QString& node, const QString& curve, const QColor& color,
+                             float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                             float minValue, float maxValue, bool notifyHost)
+{
+    if (!searchMainNode(node))
+        return;
+    const QString name = joinedName(node, curve);
+    if (searchAllNodeList(name))
+        return;
+    NodeStruct content;
+    content.setSpline(spline);
+    content.function = function;
+    content.color = color;
+    content.curveValue = curveValue;
+    content.minValue = minValue;
+    content.maxValue = maxValue;
+    content.mainNodeName = node;
+    content.curveName = curve;
+    content.dotName = name;
+    content.safeDotName = withUnderscores(name);
+    content.isEditing = false;
+    content.notifyHost = notifyHost;
+    catalogue->addNode(content);
+}
+
+void CurveEditor::addCurve(const QString& node, const QString& curve, const QColor& color,
+                           float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                           float minValue, float maxValue, bool selectByDefault, bool notifyHost)
+{
+    CommandAddCurve command(this, node, curve, color, curveValue, spline, function, minValue,
+                            maxValue, selectByDefault, notifyHost);
+    command.execute();
+}
+
+CurveEditor::MainNodeStruct* CurveEditor::searchMainNode(const QString& node) const
+{
+    return catalogue->findMainNode(node);
+}
+
+CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& dotName) const
+{
+    return catalogue->find(dotName);
+}
+
+CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& parserName) const
+{
+    return catalogue->findParserName(parserName);
+}
+
+CurveEditor::NodeStruct* CurveEditor::structFromDotName(const QString& dotName) const
+{
+    return searchAllNodeList(dotName);
+}
+
+CurveEditor::NodeStruct* CurveEditor::structFromCurve(CurveNode const* curve) const
+{
+    return curve ? searchAllNodeList(curve->dotName()) : nullptr;
+}
+
+QList<CurveEditor::NodeStruct*>
+CurveEditor::structsFromCurves(const QList<CurveNode*>& curves) const
+{
+    QList<NodeStruct*> records;
+    records.reserve(curves.size());
+    for (const CurveNode* curve : curves)
+        records.append(structFromCurve(curve));
+    return records;
+}
+
+QList<CurveEditor::NodeStruct*> CurveEditor::structsFromDotNames(const QStringList& dotNames) const
+{
+    QList<NodeStruct*> records;
+    records.reserve(dotNames.size());
+    for (const QString& name : dotNames)
+        records.append(searchAllNodeList(name));
+    return records;
+}
+
+CurveNode* CurveEditor::curveFromDotName(const QString& dotName) const
+{
+    return functionEditor->canvas().findCurve(dotName);
+}
+
+CurveNode* CurveEditor::curveFromStruct(NodeStruct const* record) const
+{
+    return record ? curveFromDotName(dotName(record)) : nullptr;
+}
+
+QString CurveEditor::dotName(NodeStruct const* record) const
+{
+    return record ? joinedName(record->mainNodeName, record->curveName) : QString();
+}
+
+QString CurveEditor::dotName(CurveNode const* curve) const
+{
+    return curve ? curve->dotName() : QString();
+}
+
+QStringList CurveEditor::dotNamesFromStructs(const QList<NodeStruct*>& records) const
+{
+    QStringList names;
+    names.reserve(records.size());
+    for (const NodeStruct* record : records) {
+        if (record)
+            names.append(dotName(record));
+    }
+    return names;
+}
+
+QTreeWidgetItem* CurveEditor::getNodeItem(const QString& text) const
+{
+    return checkListsEditing->findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive)
+        .value(0, nullptr);
+}
+
+void CurveEditor::updateCurves()
+{
+    functionEditor->canvasDirty = true;
+    functionEditor->canvas().updateCanvas();
+}
+
+std::string CurveEditor::dumpNodeList() const
+{
+    std::ostringstream text;
+    for (const NodeStruct* record : catalogue->allNodes())
+        text << record->dotName.toLocal8Bit().constData() << std::endl;
+    return text.str();
+}

@@ -1,0 +1,232 @@
+// Which curves of the catalogue are on the canvas and in the tree.
+
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "commands/CommandRemoveCurves.h"
+#include "curves/CurveNodeBase.h"
+#include "editor/Catalogue.h"
+#include "widgets/ControlMenu2.h"
+
+#include <QColorDialog>
+#include <QPointer>
+#include <QTreeWidgetItem>
+
+#include <utility>
+
+using curve_editor::CommandRemoveCurves;
+
+namespace {
+
+QTreeWidgetItem* newItem(QTreeWidgetItem* parent, const QString& text)
+{
+    auto* const item = new QTreeWidgetItem(parent);
+    item->setText(0, text);
+    return item;
+}
+
+/// A group with curves answers to this name: it belongs to them, not to a curve of the name.
+bool isPeopledGroup(const CanvasFunctionBase& canvas, const QString& dotName)
+{
+    CurveNode* const found = canvas.findCurve(dotName);
+    return found && !found->isCurve() && !found->curves().isEmpty();
+}
+
+} // namespace
+
+void CurveEditor::setCurveEditableOn(NodeStruct* record)
+{
+    setCurveEditableOn(record, nullptr);
+}
+
+void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
+{
+    if (!record)
+        return;
+    selectionBusy = true;
+    if (!record->isEditing)
+        enterCanvas(record, curve);
+    addTreeItems(record);
+    selectionBusy = false;
+    functionEditor->canvas().updateCanvas();
+    update();
+}
+
+void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
+{
+    CanvasFunctionBase& canvas = functionEditor->canvas();
+    if (curve)
+        canvas.attachCanvasCurve(curve);
+    else
+        curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
+                                      record->livingSpline(), record->livingSlot(),
+                                      record->minValue, record->maxValue, record->notifyHost);
+    record->isEditing = true;
+    auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);
+    if (leaf && record->notifyHost)
+        connect(leaf, SIGNAL(curveHasChanged(QString&, QString&)), this,
+                SLOT(emitSignalCurveHasChanged(QString&, QString&)));
+}
+
+void CurveEditor::addTreeItems(const NodeStruct* record)
+{
+    QTreeWidgetItem* item = getNodeItem(record->mainNodeName);
+    const QTreeWidgetItem* const leaf = checkListsEditing->findTreeItem(dotName(record));
+    if (!item) {
+        item = new QTreeWidgetItem(checkListsEditing);
+        item->setText(0, record->mainNodeName);
+    }
+    if (leaf)
+        return;
+    QString path = record->mainNodeName;
+    const QStringList parts = record->curveName.split(QLatin1Char('.'));
+    for (const QString& part : parts) {
+        path += QLatin1Char('.') + part;
+        item->setExpanded(true);
+        QTreeWidgetItem* child = checkListsEditing->findTreeItem(path);
+        if (!child)
+            child = newItem(item, part);
+        item->sortChildren(0, Qt::AscendingOrder);
+        item = child;
+    }
+}
+
+void CurveEditor::setCurveEditableOff(NodeStruct* record)
+{
+    if (!record)
+        return;
+    selectionBusy = true;
+    CanvasFunctionBase& canvas = functionEditor->canvas();
+    const QString name = record->dotName;
+    if (!isPeopledGroup(canvas, name)) {
+        QStringList names(name);
+        names += checkListsEditing->removeTreeItem(name, checkListsEditing->findTreeItem(name));
+        for (const QString& gone : std::as_const(names))
+            canvas.removeCanvasCurve(gone);
+    }
+    selectNodes(QStringList());
+    record->isEditing = false;
+    selectionBusy = false;
+    update();
+}
+
+void CurveEditor::setDefaultSelected(const QString& node, const QString& curve)
+{
+    const QString name = node + QLatin1Char('.') + curve;
+    NodeStruct* const record = searchAllNodeList(name);
+    if (!record)
+        return;
+    setCurveEditableOn(record);
+    selectNodes(QStringList(name));
+    update();
+}
+
+void CurveEditor::setDefaultSelected(const QString& node, const QString& curve,
+                                     CurveNode* curveNode)
+{
+    const QString name = node + QLatin1Char('.') + curve;
+    setCurveEditableOn(searchAllNodeList(name), curveNode);
+    selectNodes(QStringList(name));
+    update();
+}
+
+void CurveEditor::cleanSelecteds()
+{
+    const QList<NodeStruct*> records = catalogue->allNodes();
+    for (NodeStruct* record : records)
+        setCurveEditableOff(record);
+    update();
+}
+
+void CurveEditor::slotRemoveFromEditing(QModelIndexList indexes)
+{
+    manager.doCommand(new CommandRemoveCurves(this, checkListsEditing->treeDotNames(indexes)));
+}
+
+void CurveEditor::removeCurvesFromEditing()
+{
+    manager.doCommand(new CommandRemoveCurves(this, functionEditor->canvas().editingCurveNames()));
+}
+
+void CurveEditor::slotMenuEditingNodeRemove()
+{
+    removeCurvesFromEditing();
+}
+
+void CurveEditor::removeCurveFromEditing(QString dotName)
+{
+    if (NodeStruct* const record = searchAllNodeList(dotName)) {
+        if (record->isEditing)
+            setCurveEditableOff(record);
+        update();
+        return;
+    }
+    QTreeWidgetItem* item = checkListsEditing->findTreeItem(dotName);
+    // A child may stay, for want of a record that answers to it: then its sibling is next.
+    int next = 0;
+    while (item && next < item->childCount()) {
+        const int before = item->childCount();
+        removeCurveFromEditing(checkListsEditing->itemDotName(item->child(next)));
+        item = checkListsEditing->findTreeItem(dotName);
+        if (item && item->childCount() >= before)
+            ++next;
+    }
+    if (item && item->childCount() == 0)
+        takeOutItem(item);
+    update();
+}
+
+void CurveEditor::takeOutItem(QTreeWidgetItem* item)
+{
+    const int index = checkListsEditing->indexOfTopLevelItem(item);
+    if (index >= 0)
+        delete checkListsEditing->takeTopLevelItem(index);
+    else
+        checkListsEditing->removeItemWidget(item, 0);
+}
+
+void CurveEditor::rightButtonPressedEditingItem(QModelIndex index)
+{
+    if (!index.isValid())
+        return;
+    treeMenu->itemName = checkListsEditing->indexDotName(index);
+    treeMenu->exec(QCursor::pos());
+}
+
+void CurveEditor::slotMenuEditingNodeColor()
+{
+    NodeStruct* const record = searchAllNodeList(treeMenu->itemName);
+    if (!record)
+        return;
+    const QPointer<CurveEditor> self(this);
+    const QColor color = QColorDialog::getColor(record->color, this);
+    if (!self)
+        return;
+    setColorToEditingNode(record, color);
+    refreshEditor();
+}
+
+void CurveEditor::setColorToEditingNode(NodeStruct* record, const QColor& color)
+{
+    if (!record)
+        return;
+    record->color = color;
+    CurveNode* const curve = curveFromDotName(record->dotName);
+    if (curve && curve->isCurve())
+        curve->setColor(record->color, functionEditor->canvas().canvasColor);
+}
+
+void CurveEditor::setCheckListStyle(QStyle* style)
+{
+    checkListsEditing->setStyle(style);
+}
+
+void CurveEditor::setTreeVisible(bool visible)
+{
+    checkListsEditing->setVisible(visible);
+}
+
+bool CurveEditor::isTreeVisible() const
+{
+    return checkListsEditing->isVisible();
+}

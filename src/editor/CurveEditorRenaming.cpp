@@ -1,0 +1,127 @@
+// Removing and renaming what stands in the catalogue.
+
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "curves/CurveNode.h"
+#include "editor/Catalogue.h"
+
+#include <QTreeWidgetItem>
+
+namespace {
+
+/// A curve whose name holds this lives on with a hidden tree item.
+constexpr QLatin1String oldCurveMarker("###OLD###");
+
+/// The curve of that name; a group of the name is none.
+CurveNode* findLeaf(const CanvasFunctionBase& canvas, const QString& dotName)
+{
+    CurveNode* const found = canvas.findCurve(dotName);
+    return found && found->isCurve() ? found : nullptr;
+}
+
+} // namespace
+
+void CurveEditor::removeCurve(const QString& node, const QString& curve)
+{
+    if (!searchMainNode(node))
+        return;
+    if (NodeStruct* const record = catalogue->findExactly(node + QLatin1Char('.') + curve)) {
+        setCurveEditableOff(record);
+        catalogue->removeNode(record);
+    }
+    update();
+}
+
+void CurveEditor::removeNode(const QString& node)
+{
+    const QString name = node;
+    checkListsEditing->selectionModel()->clear();
+    MainNodeStruct* const mainNode = searchMainNode(name);
+    if (!mainNode)
+        return;
+    const QList<NodeStruct*> records = catalogue->allNodes();
+    for (NodeStruct* record : records) {
+        if (record->mainNodeName == mainNode->name) {
+            setCurveEditableOff(record);
+            catalogue->removeNode(record);
+        }
+    }
+    catalogue->removeMainNode(mainNode);
+
+    QTreeWidgetItem* const item = checkListsEditing->findTreeItem(name);
+    if (!item)
+        return;
+    const int index = checkListsEditing->indexOfTopLevelItem(item);
+    if (index >= 0)
+        checkListsEditing->takeTopLevelItem(index);
+    else
+        checkListsEditing->removeItemWidget(item, 0);
+    delete item;
+}
+
+void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, const QString& newCurve)
+{
+    if (!searchMainNode(node))
+        return;
+    const QString oldName = node + QLatin1Char('.') + oldCurve;
+    const QString newName = node + QLatin1Char('.') + newCurve;
+    NodeStruct* const record = catalogue->findExactly(oldName);
+    if (!record)
+        return;
+    CurveNode* const held = findLeaf(functionEditor->canvas(), oldName);
+    record->dotName = newName;
+    record->curveName = newCurve;
+    catalogue->nameHasChanged(record);
+    if (held)
+        held->setDotName(newName);
+
+    // Without an object of its own an item of that name belongs to the curves below it.
+    QTreeWidgetItem* const item = checkListsEditing->findTreeItem(oldName);
+    if (!item || !record->isEditing)
+        return;
+    checkListsEditing->removeTreeItem(oldName, item);
+    record->isEditing = false;
+    setCurveEditableOn(record, held);
+    if (newName.contains(oldCurveMarker)) {
+        if (QTreeWidgetItem* const renamed = checkListsEditing->findTreeItem(newName))
+            renamed->setHidden(true);
+    }
+    selectNodes(QStringList());
+}
+
+void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
+{
+    const QString oldName = oldNode;
+    const QString newName = newNode;
+    MainNodeStruct* const mainNode = searchMainNode(oldName);
+    if (!mainNode)
+        return;
+    const CanvasFunctionBase& canvas = functionEditor->canvas();
+
+    // The curves are looked up while all of them still answer to their old names.
+    QList<NodeStruct*> records;
+    QList<CurveNode*> curves;
+    for (NodeStruct* record : catalogue->allNodes()) {
+        if (record->mainNodeName == oldName) {
+            records.append(record);
+            curves.append(findLeaf(canvas, record->dotName));
+        }
+    }
+    if (CurveNode* const group = canvas.findCurve(oldName))
+        group->setDotName(newName);
+    for (qsizetype i = 0; i < records.size(); ++i) {
+        NodeStruct* const record = records[i];
+        record->mainNodeName = newName;
+        record->dotName = newName + QLatin1Char('.') + record->curveName;
+        record->safeDotName = record->dotName;
+        record->safeDotName.replace(QLatin1Char(' '), QLatin1Char('_'));
+        catalogue->nameHasChanged(record);
+        if (curves[i] && curves[i]->dotName() != record->dotName)
+            curves[i]->setDotName(record->dotName);
+    }
+    if (QTreeWidgetItem* const item = getNodeItem(oldName))
+        item->setText(0, newName);
+    mainNode->name = newName;
+    catalogue->nameHasChanged(mainNode);
+}
