@@ -15,6 +15,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class ControlMenu;
 class ControlMenu2;
@@ -26,6 +27,7 @@ class QAction;
 class QInputEvent;
 class QLabel;
 class QMenu;
+class QMenuBar;
 class QStyle;
 class QToolBar;
 class QToolButton;
@@ -349,8 +351,24 @@ public slots:
     QString getAdd2selModifier();
 
 private:
-    // Shell: CurveEditor.cpp, CurveEditorShell.cpp, CurveEditorRefresh.cpp
+    // Shell: CurveEditor.cpp, CurveEditorShell.cpp
     void preInit();
+    void initMainMenu();
+    CustomEditLine* newPositionField();
+    QLabel* newReadout(const QString& text);
+    void initCanvas();
+    void connectWidgets();
+
+    // Steps of refreshEditor: CurveEditorRefresh.cpp
+    void refreshToolbars();
+    void refreshSnapDisplay();
+    void disableForEmptySet();
+    void refreshFileAndExpression(const int& type, const bool& multi);
+    void refreshEnabledStates(const int& type, const bool& multi, const bool& noKeys);
+    void refreshBehaviours();
+    bool hasSelectedKeys() const;
+    void setItemEnabled(const int& kind, const int& value, const bool& enabled);
+    void checkButton(const topToolButtons& which, const bool& checked);
 
     // Toolbars and menus: CurveEditorToolbars.cpp, CurveEditorMenus.cpp
     void initTopToolbar();
@@ -360,15 +378,31 @@ private:
                           const topToolButtons& which, QToolBar* toolbar);
     void addTopToolbarMenuBtn(const char* text, const QString& toolTip, const char* slot,
                               const topToolButtons& which, QMenu* menu);
+    QAction* newButtonAction(const char* text, const QString& toolTip, const char* slot,
+                             const topToolButtons& which, QWidget* parent);
+    void addDropDown(const topToolButtons& button);
+    void initToolButtonStates();
+    void initActions();
+    void initMenus();
+    void addMenuEntry(QMenu* menu, const int& kind, const int& value);
+    void initInsertMenu();
 
     // Modes: CurveEditorModes.cpp
     void setModifier(QString& target, const QString& value);
     bool isModifierPressed(QInputEvent* e, const QString& name) const;
+    void toggleTool(const curveEditorModes& tool);
     QCursor buildCursor(const int& icon, const int& hotX, const int& hotY) const;
 
     // View: CurveEditorView.cpp
     void setMinTime(const double& time);
     void setMaxTime(const double& time);
+    /// Sets canvasDirty and asks the canvas for a repaint.
+    void repaintCanvas();
+    void repaintAll();
+
+    // Types of keys and ends: CurveEditorNodeTypes.cpp
+    void doSetLastNode(const int& behaviour, const bool& isFirst);
+    void doSetPointsType(const int& interpolation);
 
     // Catalogue: CurveEditorCatalogue.cpp
     std::string dumpNodeList() const;
@@ -407,6 +441,12 @@ private:
     QVector<QToolBar*> topToolBarList;   ///< by topToolBars
     QVector<QAction*> topToolBarActions; ///< by topToolBars: shown or hidden
     QVector<QMenu*> topToolBtnMenus;     ///< by topToolBtnsMenus
+    QVector<QAction*> toolButtonActions; ///< by topToolButtons: the action made for each
+    QVector<QAction*> plainActions;      ///< by curve_editor::editorActions; children
+    QVector<QMenu*> menus;               ///< by curve_editor::editorMenus
+    QMenuBar* menuBar = nullptr;         ///< on mainMenu
+    /// Buttons that hold the entries of drop-downs; never shown, without a parent.
+    std::vector<std::unique_ptr<QToolButton>> menuEntryButtons;
 
     curve_editor::CurveCommandsManager manager;
 };

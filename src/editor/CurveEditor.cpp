@@ -1,0 +1,165 @@
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "editor/Catalogue.h"
+#include "widgets/ControlMenu2.h"
+#include "widgets/CustomEditLine.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QToolButton>
+
+ControlMenu* CurveEditor::canvasMenu = nullptr;
+
+CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
+    : QDialog(parent, Qt::WindowFlags())
+    , catalogue(std::make_unique<curve_editor::Catalogue>())
+    , zoomModifier("alt")
+    , snapModifier("alt")
+    , addModifier("ctrl")
+    , add2selModifier("shift")
+    , iconsPath(iconsFolder)
+    , manager(curve_editor::CurveCommandsManager::instance())
+{
+    manager.setMaxStackSize(10);
+    setupUi(this);
+    preInit();
+
+    checkListsEditing->setHeaderLabel(tr("Curves"));
+    checkListsEditing->clear();
+    checkListsEditing->setAutoScroll(true);
+
+    initCanvas();
+    posX->setFocusPolicy(Qt::StrongFocus);
+    posY->setFocusPolicy(Qt::StrongFocus);
+    functionEditor->setFocusPolicy(Qt::ClickFocus);
+    resize(500, 300);
+    connectWidgets();
+
+    setFocusPolicy(Qt::StrongFocus);
+    setShowFrames();
+    functionEditor->canvas().clearCurves();
+    selectNodes(QStringList());
+    QWidget::update();
+}
+
+/// The canvas goes while the rest of the editor lives: what its curves and pending commands reach
+/// is still there. Before it go the commands, which may name its curves.
+CurveEditor::~CurveEditor()
+{
+    disconnect(&functionEditor->canvas(), nullptr, this, nullptr);
+    disconnect(functionEditor, nullptr, this, nullptr);
+    disconnect(checkListsEditing, nullptr, this, nullptr);
+    disconnect(checkListsEditing->selectionModel(), nullptr, this, nullptr);
+    manager.clear();
+    delete functionEditor;
+    functionEditor = nullptr;
+}
+
+FunctionEditor* CurveEditor::getFunctionEditor() const
+{
+    return functionEditor;
+}
+
+curve_editor::CurveCommandsManager* CurveEditor::getCmdManager()
+{
+    return &manager;
+}
+
+/// Past QDialog.
+bool CurveEditor::event(QEvent* event)
+{
+    return QWidget::event(event);
+}
+
+void CurveEditor::keyPressEvent(QKeyEvent* event)
+{
+    functionEditor->keyPressEvent(event);
+    QDialog::keyPressEvent(event);
+}
+
+void CurveEditor::keyReleaseEvent(QKeyEvent* event)
+{
+    functionEditor->keyReleaseEvent(event);
+    QWidget::keyReleaseEvent(event);
+}
+
+/// QDialog's own would ask reject(), which does nothing, and leave the window open.
+void CurveEditor::closeEvent(QCloseEvent* event)
+{
+    event->accept();
+}
+
+void CurveEditor::reject() {}
+
+/// The host decides what becomes of it.
+void CurveEditor::undo()
+{
+    emit curveEditorUndo();
+}
+
+void CurveEditor::redo()
+{
+    emit curveEditorRedo();
+}
+
+void CurveEditor::clearStack()
+{
+    manager.clear();
+}
+
+void CurveEditor::setUndoLevels(ZK_UINT levels)
+{
+    manager.setMaxStackSize(levels);
+}
+
+void CurveEditor::setEnableUndo(ZK_BOOL enable)
+{
+    manager.setEnable(enable);
+}
+
+void CurveEditor::selectAllKeys()
+{
+    functionEditor->canvas().selectAllKeys();
+    refreshEditor();
+}
+
+void CurveEditor::selectNoneKeys()
+{
+    functionEditor->canvas().beginSelectCommand();
+    functionEditor->canvas().deselectAllKeys();
+    functionEditor->refreshKeysDialog();
+}
+
+void CurveEditor::deleteSelectedKeys()
+{
+    functionEditor->canvas().deleteSelectedNodes();
+    refreshEditor();
+    functionEditor->refreshKeysDialog();
+}
+
+void CurveEditor::flatTangents()
+{
+    functionEditor->canvas().flatTangents();
+    functionEditor->canvas().updateCanvas();
+    functionEditor->refreshKeysDialog();
+}
+
+void CurveEditor::breakTangents()
+{
+    functionEditor->canvas().setTangentsBroken(true);
+    functionEditor->canvas().updateCanvas();
+    functionEditor->refreshKeysDialog();
+}
+
+void CurveEditor::unifyTangents()
+{
+    functionEditor->canvas().setTangentsBroken(false);
+    functionEditor->canvas().updateCanvas();
+    functionEditor->refreshKeysDialog();
+}
+
+void CurveEditor::refreshCommandLine()
+{
+    commandLine->setText(functionEditor->canvas().commandLineText());
+}

@@ -1,0 +1,86 @@
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "editor/Timecode.h"
+#include "widgets/CustomEditLine.h"
+
+#include <QLabel>
+
+namespace {
+
+/// What a field holds as a number; a text that is none counts as 0.
+double fieldValue(const CustomEditLine* field)
+{
+    const double value = field->text().toDouble();
+    return qIsFinite(value) ? value : 0.0;
+}
+
+} // namespace
+
+void CurveEditor::setShowTime()
+{
+    if (!functionEditor->showFrames) {
+        return;
+    }
+    functionEditor->showFrames = false;
+    functionEditor->canvasDirty = true;
+    posX->setValue(fieldValue(posX) / functionEditor->fps);
+    repaintCanvas();
+}
+
+/// Here it is posY whose tool tip is renewed; posX keeps its old one.
+void CurveEditor::setShowFrames()
+{
+    if (functionEditor->showFrames) {
+        return;
+    }
+    functionEditor->showFrames = true;
+    functionEditor->canvasDirty = true;
+    const QString oldToolTip = posX->toolTip();
+    posX->setValue(fieldValue(posX) * functionEditor->fps);
+    posX->setToolTip(oldToolTip);
+    posY->setToolTip(posY->text());
+    repaintCanvas();
+}
+
+void CurveEditor::switchFramesTime()
+{
+    if (functionEditor->showFrames) {
+        setShowTime();
+    } else {
+        setShowFrames();
+    }
+}
+
+void CurveEditor::setPosX(ZK_DOUBLE valueX)
+{
+    posX->setValue(functionEditor->showFrames ? valueX * functionEditor->fps : valueX);
+}
+
+void CurveEditor::setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val)
+{
+    const auto text = [this](const QString& pattern, const double& number) {
+        return pattern.arg(number, 0, 'f', numberOfDecimals);
+    };
+    const double fps = functionEditor->fps;
+    frameLabel->setText(functionEditor->showFrames ? text(tr("F %1"), fps * valueX)
+                                                   : text(tr("t %1"), valueX));
+    valueLabel->setText(text(tr("y %1"), valueY));
+    functionLabel->setText(text(tr("f(x) %1"), val));
+    timecodeLabel->setText(tr("TC %1").arg(
+        curve_editor::timecodeText(valueX, fps, numberOfDecimals, functionEditor->frameDigits)));
+}
+
+void CurveEditor::setNumberOfDecimals(const int& decimals)
+{
+    numberOfDecimals = decimals;
+    for (CustomEditLine* const field : findChildren<CustomEditLine*>()) {
+        field->setDecimals(decimals);
+    }
+    refreshEditor();
+}
+
+const int& CurveEditor::getNumberOfDecimals() const
+{
+    return numberOfDecimals;
+}

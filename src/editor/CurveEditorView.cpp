@@ -1,0 +1,172 @@
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "core/Truncate.h"
+#include "widgets/CustomEditLine.h"
+
+#include <cmath>
+
+void CurveEditor::setTimeLine(ZK_DOUBLE time)
+{
+    functionEditor->timeLine = time;
+    repaintCanvas();
+}
+
+void CurveEditor::setTimeLine(ZK_INT frame)
+{
+    functionEditor->timeLine = frame / functionEditor->fps;
+    repaintCanvas();
+}
+
+void CurveEditor::setFps(ZK_DOUBLE framesPerSecond)
+{
+    functionEditor->fps = framesPerSecond;
+    functionEditor->frameDigits =
+        truncateToInt(std::ceil(std::log(framesPerSecond) / std::log(10.0)));
+    repaintCanvas();
+}
+
+double CurveEditor::getFps() const
+{
+    return functionEditor->fps;
+}
+
+void CurveEditor::setTimeRange(ZK_DOUBLE timeMin, ZK_DOUBLE timeMax)
+{
+    setMinTime(timeMin);
+    setMaxTime(timeMax);
+}
+
+void CurveEditor::setMinTime(const double& time)
+{
+    functionEditor->minX = time;
+    functionEditor->canvasDirty = true;
+}
+
+void CurveEditor::setMaxTime(const double& time)
+{
+    functionEditor->maxX = time;
+    repaintCanvas();
+}
+
+void CurveEditor::setMinValue(ZK_DOUBLE value)
+{
+    functionEditor->minY = value;
+    repaintCanvas();
+}
+
+void CurveEditor::setMaxValue(ZK_DOUBLE value)
+{
+    functionEditor->maxY = value;
+    repaintCanvas();
+}
+
+bool CurveEditor::isModeFrames() const
+{
+    return functionEditor->showFrames;
+}
+
+bool CurveEditor::isModeTime() const
+{
+    return !functionEditor->showFrames;
+}
+
+void CurveEditor::resetViewport()
+{
+    functionEditor->resetView();
+    functionEditor->canvas().updateCanvas();
+}
+
+void CurveEditor::centerTimeline()
+{
+    functionEditor->centerTimeline();
+    repaintAll();
+}
+
+void CurveEditor::completeViewport()
+{
+    functionEditor->completeH();
+    functionEditor->completeV();
+    repaintAll();
+}
+
+void CurveEditor::completeViewportH()
+{
+    functionEditor->completeH();
+    repaintAll();
+}
+
+void CurveEditor::completeViewportV()
+{
+    functionEditor->completeV();
+    repaintAll();
+}
+
+void CurveEditor::completeViewportSel()
+{
+    functionEditor->completeSelH();
+    functionEditor->completeSelV();
+    repaintAll();
+}
+
+void CurveEditor::completeViewportSelH()
+{
+    functionEditor->completeSelH();
+    repaintAll();
+}
+
+void CurveEditor::completeViewportSelV()
+{
+    functionEditor->completeSelV();
+    repaintAll();
+}
+
+// A choice from a drop-down becomes what its button repeats.
+
+void CurveEditor::completeViewportBtn()
+{
+    setDefaultButton(toolButtonActions[fitViewButton], fitButton);
+    completeViewport();
+}
+
+void CurveEditor::completeViewportHBtn()
+{
+    setDefaultButton(toolButtonActions[fitHorizontalViewButton], fitButton);
+    completeViewportH();
+}
+
+void CurveEditor::completeViewportVBtn()
+{
+    setDefaultButton(toolButtonActions[fitVerticalViewButton], fitButton);
+    completeViewportV();
+}
+
+void CurveEditor::completeViewportSelBtn()
+{
+    setDefaultButton(toolButtonActions[fitViewToSelectionButton], fitSelectionButton);
+    completeViewportSel();
+}
+
+void CurveEditor::completeViewportSelHBtn()
+{
+    setDefaultButton(toolButtonActions[fitHorizontalViewToSelectionButton], fitSelectionButton);
+    completeViewportSelH();
+}
+
+void CurveEditor::completeViewportSelVBtn()
+{
+    setDefaultButton(toolButtonActions[fitVerticalViewToSelectionButton], fitSelectionButton);
+    completeViewportSelV();
+}
+
+void CurveEditor::repaintCanvas()
+{
+    functionEditor->canvasDirty = true;
+    functionEditor->canvas().updateCanvas();
+}
+
+void CurveEditor::repaintAll()
+{
+    repaintCanvas();
+    QWidget::update();
+}
