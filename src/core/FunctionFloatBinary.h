@@ -24,7 +24,9 @@ public:
     const FunctionFloatBinary* getBinaryRef() const override;
     double value() const override;
 
+    /// Of the language's tables; each operation has one record.
     const BinaryOperation& operation() const;
+    /// The operands are owned by this node.
     const FunctionFloatBase& left() const;
     const FunctionFloatBase& right() const;
 

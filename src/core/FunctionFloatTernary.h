@@ -18,6 +18,7 @@ public:
     const FunctionFloatTernary* getTernaryRef() const override;
     double value() const override;
 
+    /// The three are owned by this node.
     const FunctionFloatBase& condition() const;
     const FunctionFloatBase& whenTrue() const;
     const FunctionFloatBase& whenFalse() const;

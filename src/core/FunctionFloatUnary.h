@@ -18,7 +18,9 @@ public:
     const FunctionFloatUnary* getUnaryRef() const override;
     double value() const override;
 
+    /// Of the language's tables; each operation has one record.
     const UnaryOperation& operation() const;
+    /// Owned by this node.
     const FunctionFloatBase& argument() const;
 
 private:

@@ -54,7 +54,8 @@ public:
     /// message. The last argument has no effect.
     ///
     /// Text of more than 1,000,000 bytes, or whose canonical form is longer than that, is an
-    /// error, and so is nesting deeper than 256.
+    /// error, and so is nesting deeper than 256. Variables are looked up as they are spelt, then in
+    /// lower case (of ASCII letters), then by the mapper.
     FunctionFloatBase* parseString(const std::string& text, ParseMessage& message, bool unused);
 
     /// The key of exactly this name, not owned; null if nobody has the name registered.
