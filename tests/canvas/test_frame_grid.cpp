@@ -88,7 +88,7 @@ private slots:
         QTest::newRow("-50 to 50") << -50.0 << 50.0 << 25.0 << 5 << 2;
         QTest::newRow("0 to 99") << 0.0 << 99.0 << 10.0 << 10 << 0;
         QTest::newRow("0 to 0.001") << 0.0 << 0.001 << 0.00025 << 5 << 0;
-        QTest::newRow("-1e300 to 1e300") << -1e300 << 1e300 << 5e299 << 5 << 2;
+        QTest::newRow("-1.2e300 to 1.2e300") << -1.2e300 << 1.2e300 << 5e299 << 5 << 2;
     }
     void theStepIsAPowerOfTenHalvedUntilFiveLinesFit()
     {
@@ -261,12 +261,12 @@ private slots:
         view.maxX = 9.8;
         draw();
         QCOMPARE(grid.lines.at(0).x(), 8);
-        QVERIFY(!isPainted(QRect(11, 186, 60, 12)));
+        QVERIFY(!isPainted(QRect(11, 186, 40, 12)));
         view.minX = -0.225;
         view.maxX = 9.775;
         draw();
         QCOMPARE(grid.lines.at(0).x(), 9);
-        QVERIFY(isPainted(QRect(12, 186, 60, 12)));
+        QVERIFY(isPainted(QRect(12, 186, 40, 12)));
     }
 
     void theTimeLineIsDrawnOnlyOnTheGrid()
