@@ -52,14 +52,28 @@ public:
 
     /// @name Registry: which curves are on the canvas, and which are being edited
     /// @{
+    /// The first node of that name, a group or a leaf; null if there is none.
     CurveNode* findCurve(const QString& dotName) const;
+    /// The group that a curve of this name goes into, made where it is missing. Null where the
+    /// curve is to stand on top: its name has one element, or two of equal text at its start and
+    /// end, or a curve stands in the way of a group.
     CurveNode* ensurePath(const QString& dotName);
+    /// Makes a curve, or gives back the node of that name, which may be a group. Owned by the
+    /// canvas; spline and slot, which may be null, stay the caller's.
     CurveNode* addCanvasCurve(const QString& dotName, const QColor& color, const float& curveValue,
                               SplineBase* spline, FunctionFloatBase** expressionSlot,
                               const float& minValue, const float& maxValue, const bool& notifyHost);
+    /// Puts an unlinked curve back into the tree, unless a node of its name is there, which is
+    /// given back then.
     CurveNode* attachCanvasCurve(CurveNode* curve);
+    /// Unlinks the node of that name without freeing it: commands may hold it. It is freed with
+    /// the canvas at the latest.
     void removeCanvasCurve(const QString& dotName);
+    /// Frees all nodes that are linked.
     void clearCurves();
+    /// Exactly these curves are being edited, and drawn, from now on. A group stands for its
+    /// leaves; unknown names and null are passed over. selectionChanged is emitted at once and
+    /// once more by the next updateCanvas.
     void selectCurves(const QStringList& dotNames);
     void selectCurveObjects(const QList<CurveNode*>& curves);
     QList<CurveNode*> editingCurves() const;
@@ -67,12 +81,19 @@ public:
     bool isEditing() const;
     QStringList editingCurveNames() const;
     QList<SplineCurveGraph*> keyContainers() const;
+    /// The spline of the first curve being edited, null if there is none.
     SplineBase* firstSpline() const;
+    /// Its dotted name, or "None".
     QString firstCurveName() const;
+    /// See curves/CurveType.h: the type of the first curve, mixed when it or another one that
+    /// differs is a plain spline; expression when no curve is being edited.
     int editingType() const;
+    /// What the expression line shows: "..." where the expressions differ.
     QString commandLineText() const;
     void markExpressionsChanged();
+    /// Sends the notice of the editing set that is still due, and schedules a repaint.
     void updateCanvas();
+    /// Writes each curve being edited to a file of its dotted name.
     void saveCurvesXml(const QString& folder);
     /// The top nodes of the tree, owned by the canvas.
     QList<CurveNode*> topNodes() const;
@@ -171,6 +192,10 @@ signals:
     void showKeyProperties();
 
 private:
+    void link(CurveNode* node, CurveNode* group);
+    void leaveEditing();
+    QStringList enterEditing(CurveNode* node);
+
     /// How many keys are selected over the editing curves that have keys.
     struct SelectionState
     {

@@ -106,7 +106,6 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
         points.setPoint(i, truncateToPixel(column), drawnRow(viewport, value));
     }
     expressionGraph->setPolyline(points);
-    expressionGraph->pixelsAreOld = false;
 }
 
 void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
+#include <array>
 #include <string>
+#include <vector>
 
 namespace curve_editor {
 
@@ -24,14 +24,24 @@ public:
     void rename();
 
 private:
+    /// What "t", "f" and "fps" hold, in this order.
+    using Moment = std::array<double, 3>;
+
+    void registerName();
     void refresh();
-    void evaluate();
+    bool isUpToDate(const Moment& moment) const;
+    void evaluate(const Moment& moment);
+    void evaluateWithDependencies(const Moment& moment);
+    std::vector<CurveVariable*> dependencies() const;
 
     const NodeStruct* record;
     std::string registeredName;
     double value = 0.0;
+    /// The value is being worked out; whoever asks meanwhile is part of a cycle and gets the last
+    /// one.
     bool isEvaluating = false;
-    unsigned long long epochOfValue = 0;
+    unsigned long long epochOfValue = 0; ///< 0: there is no value yet
+    Moment momentOfValue = {};
 };
 
 } // namespace curve_editor

@@ -1,0 +1,200 @@
+// The set of curves being edited, and what it says of itself.
+
+#include "canvas/CanvasFunctionBase.h"
+#include "canvas/FunctionEditor.h"
+#include "core/FunctionFloatBase.h"
+#include "core/FunctionParserBase.h"
+#include "core/ParseMessage.h"
+#include "curves/CurveNodeBase.h"
+#include "curves/CurveType.h"
+
+#include <QMessageBox>
+
+namespace {
+
+const int unknownName = 1;
+const int openParenthesis = 3;
+
+QString expressionText(CurveNode* curve)
+{
+    const FunctionFloatBase* expression = curve->expression();
+    return expression ? QString::fromLocal8Bit(expression->getString().c_str()) : QString();
+}
+
+/// The piece of the message's text that its first span marks.
+QString markedText(const ParseMessage& message)
+{
+    const auto [start, length] = message.errorSpans.front();
+    const QByteArray text = QByteArray::fromStdString(message.expressionText);
+    return QString::fromLocal8Bit(text.mid(start, length));
+}
+
+} // namespace
+
+void CanvasFunctionBase::leaveEditing()
+{
+    for (CurveNode* curve : std::as_const(editing)) {
+        curve->setActive(false);
+    }
+    editing.clear();
+}
+
+/// Takes a leaf, or all leaves of a group, into the set, each once. Returns the names of those
+/// that were not in it.
+QStringList CanvasFunctionBase::enterEditing(CurveNode* node)
+{
+    QStringList entered;
+    const QList<CurveNode*> leaves = node->curves();
+    for (CurveNode* leaf : leaves) {
+        if (!editing.contains(leaf)) {
+            editing.append(leaf);
+            entered.append(leaf->dotName());
+        }
+    }
+    node->setActive(true);
+    return entered;
+}
+
+void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
+{
+    const QStringList names = dotNames; // whoever hears the signal may change the caller's list
+    leaveEditing();
+    for (const QString& name : names) {
+        if (CurveNode* node = findCurve(name)) {
+            enterEditing(node);
+        }
+    }
+    selectionPending = true;
+    emit selectionChanged(names);
+}
+
+void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
+{
+    const QList<CurveNode*> wanted = curves; // the argument may be our own list
+    leaveEditing();
+    QStringList names;
+    for (CurveNode* node : wanted) {
+        if (node) {
+            names += enterEditing(node);
+        }
+    }
+    selectionPending = true;
+    emit selectionChanged(names);
+}
+
+QList<CurveNode*> CanvasFunctionBase::editingCurves() const
+{
+    return editing;
+}
+
+bool CanvasFunctionBase::isEditing() const
+{
+    return !editing.isEmpty();
+}
+
+QStringList CanvasFunctionBase::editingCurveNames() const
+{
+    QStringList names;
+    for (const CurveNode* curve : editing) {
+        names.append(curve->dotName());
+    }
+    return names;
+}
+
+QList<SplineCurveGraph*> CanvasFunctionBase::keyContainers() const
+{
+    QList<SplineCurveGraph*> graphs;
+    for (CurveNode* curve : editing) {
+        graphs.append(curve->splineGraph());
+    }
+    return graphs;
+}
+
+SplineBase* CanvasFunctionBase::firstSpline() const
+{
+    return editing.isEmpty() ? nullptr : editing.first()->spline();
+}
+
+QString CanvasFunctionBase::firstCurveName() const
+{
+    return editing.isEmpty() ? tr("None") : editing.first()->dotName();
+}
+
+int CanvasFunctionBase::editingType() const
+{
+    if (editing.isEmpty()) {
+        return expressionCurve;
+    }
+    const int firstType = editing.first()->curveType();
+    for (CurveNode* curve : editing) {
+        const int type = curve->curveType();
+        const bool mixes = firstType == splineCurve || type == splineCurve || type == mixedCurves;
+        if (type != firstType && mixes) {
+            return mixedCurves;
+        }
+    }
+    return firstType;
+}
+
+QString CanvasFunctionBase::commandLineText() const
+{
+    const int type = editingType();
+    if (editing.isEmpty() || type == splineCurve) {
+        return QString();
+    }
+    if (type != expressionCurve && type != splinePlusExpressionCurve) {
+        return tr("Multiple Types");
+    }
+    const QString text = expressionText(editing.first());
+    for (CurveNode* curve : editing) {
+        if (expressionText(curve) != text) {
+            return QStringLiteral("...");
+        }
+    }
+    return text;
+}
+
+void CanvasFunctionBase::markExpressionsChanged()
+{
+    for (CurveNode* curve : std::as_const(editing)) {
+        curve->markChanged();
+    }
+    emit changeCommandLine();
+}
+
+void CanvasFunctionBase::updateCanvas()
+{
+    if (selectionPending) {
+        selectCurveObjects(editing);
+        selectionPending = false;
+    }
+    if (widget) {
+        widget->update();
+    }
+}
+
+void CanvasFunctionBase::saveCurvesXml(const QString& folder)
+{
+    for (CurveNode* node : std::as_const(editing)) {
+        if (auto* curve = dynamic_cast<CurveNodeBase*>(node)) {
+            curve->saveXML(folder + QLatin1Char('/') + curve->dotName() + QLatin1String(".xml"));
+        }
+    }
+}
+
+FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
+{
+    FunctionFloatBase* expression = FunctionParserBase::instance()->parseString(
+        text.toLocal8Bit().toStdString(), message, false);
+    if (message.errorSpans.empty()) {
+        return expression;
+    }
+    QString problem = tr("Unknown");
+    if (message.errorKind == unknownName) {
+        problem = tr("Variable %1 not found").arg(markedText(message));
+    } else if (message.errorKind == openParenthesis) {
+        problem = tr("Unmatched parenthesis");
+    }
+    QMessageBox::warning(nullptr, tr("Syntax error"), problem);
+    return expression;
+}

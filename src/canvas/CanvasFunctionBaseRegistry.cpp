@@ -1,0 +1,183 @@
+// Which curves are on the canvas, and which of them are being edited.
+
+#include "canvas/CanvasBackground.h"
+#include "canvas/CanvasFunctionBase.h"
+#include "canvas/FrameGrid.h"
+#include "canvas/FunctionEditor.h"
+#include "commands/CommandChangePoints.h"
+#include "commands/CommandMovePoints.h"
+#include "commands/CommandSelectPoints.h"
+#include "curves/CurveNodeBase.h"
+
+#include <utility>
+
+namespace {
+
+const QLatin1Char point('.');
+
+/// A dotted name without its last element; empty when it has but one.
+QString pathOf(const QString& dotName)
+{
+    const auto end = dotName.lastIndexOf(point);
+    return end < 0 ? QString() : dotName.left(end);
+}
+
+} // namespace
+
+CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEditor* dialog)
+    : QObject(functionEditor)
+    , widget(functionEditor)
+    , editor(dialog)
+    , view(functionEditor)
+    , grid(std::make_unique<FrameGrid>(functionEditor))
+{}
+
+CanvasFunctionBase::~CanvasFunctionBase()
+{
+    grid.reset();
+    background.reset();
+    clearCurves();
+    // What commands had unlinked. A group takes its children along, so the roots are enough.
+    QList<CurveNode*> roots;
+    for (CurveNode* node : std::as_const(nodes)) {
+        if (!node->parentNode()) {
+            roots.append(node);
+        }
+    }
+    qDeleteAll(roots);
+}
+
+CurveEditor* CanvasFunctionBase::curveEditor() const
+{
+    return editor;
+}
+
+ViewPort* CanvasFunctionBase::viewPort() const
+{
+    return view;
+}
+
+QList<CurveNode*> CanvasFunctionBase::topNodes() const
+{
+    return tops;
+}
+
+void CanvasFunctionBase::nodeCreated(CurveNode* node)
+{
+    nodes.insert(node);
+}
+
+void CanvasFunctionBase::nodeDestroyed(CurveNode* node)
+{
+    nodes.remove(node);
+    editing.removeAll(node);
+    tops.removeAll(node);
+}
+
+void CanvasFunctionBase::discardUnlinked(CurveNode* node)
+{
+    if (nodes.contains(node) && !node->parentNode() && !tops.contains(node)) {
+        delete node;
+    }
+}
+
+CurveNode* CanvasFunctionBase::findCurve(const QString& dotName) const
+{
+    for (CurveNode* top : tops) {
+        if (CurveNode* found = top->findNode(dotName)) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+CurveNode* CanvasFunctionBase::ensurePath(const QString& dotName)
+{
+    const QStringList parts = dotName.split(point);
+    // By text, not by place: a.b.b has no group a.b.
+    const auto groups = parts.indexOf(parts.last());
+    CurveNode* group = nullptr;
+    qsizetype reached = 0;
+    for (; reached < groups; ++reached) {
+        CurveNode* found = findCurve(parts.mid(0, reached + 1).join(point));
+        if (!found) {
+            break;
+        }
+        if (found->isCurve()) {
+            return nullptr;
+        }
+        group = found;
+    }
+    for (; reached < groups; ++reached) {
+        const QString path = group ? group->dotName() : QString();
+        auto* created = new CurveNode(this, parts.at(reached), path);
+        link(created, group);
+        group = created;
+    }
+    return group;
+}
+
+/// Under a group, or on top where that is null.
+void CanvasFunctionBase::link(CurveNode* node, CurveNode* group)
+{
+    if (group) {
+        group->addChild(node);
+    } else {
+        node->unlink();
+        tops.append(node);
+    }
+}
+
+CurveNode* CanvasFunctionBase::addCanvasCurve(const QString& dotName, const QColor& color,
+                                              const float& curveValue, SplineBase* spline,
+                                              FunctionFloatBase** expressionSlot,
+                                              const float& minValue, const float& maxValue,
+                                              const bool& notifyHost)
+{
+    if (CurveNode* found = findCurve(dotName)) {
+        return found;
+    }
+    CurveNode* group = ensurePath(dotName);
+    // The whole name without its last element, also where the curve lies higher than that: it
+    // has to report the name that it was asked for.
+    auto* curve =
+        new CurveNodeBase(this, dotName.section(point, -1), pathOf(dotName), color, curveValue,
+                          spline, expressionSlot, minValue, maxValue, notifyHost);
+    curve->setAddFunc(spline && spline->isAddFunc());
+    link(curve, group);
+    return curve;
+}
+
+CurveNode* CanvasFunctionBase::attachCanvasCurve(CurveNode* curve)
+{
+    if (!curve) {
+        return nullptr;
+    }
+    if (CurveNode* found = findCurve(curve->dotName())) {
+        return found;
+    }
+    link(curve, ensurePath(curve->dotName()));
+    return curve;
+}
+
+void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
+{
+    CurveNode* node = findCurve(dotName);
+    if (!node) {
+        return;
+    }
+    tops.removeAll(node);
+    for (CurveNode* top : std::as_const(tops)) {
+        top->removeNode(dotName);
+    }
+    editing.removeAll(node);
+    // Only curves of the editing set are drawn, also when an undo puts this one back.
+    node->setActive(false);
+}
+
+void CanvasFunctionBase::clearCurves()
+{
+    editing.clear();
+    qDeleteAll(std::exchange(tops, {}));
+    selectCurves({});
+}
