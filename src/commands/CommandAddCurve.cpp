@@ -39,8 +39,9 @@ CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, 
 
 CommandAddCurve::~CommandAddCurve()
 {
-    if (!isAdded && isNewRecord && curve)
+    if (!isAdded && isNewRecord && curve) {
         editor->getFunctionEditor()->canvas().discardUnlinked(curve);
+    }
 }
 
 bool CommandAddCurve::execute()
@@ -50,13 +51,15 @@ bool CommandAddCurve::execute()
     curve = findLeaf(editor, name);
     if (curve) {
         isAdded = true;
-        if (selectByDefault)
+        if (selectByDefault) {
             editor->setDefaultSelected(nodeName, curveName);
+        }
         return false;
     }
     addToCatalogue();
-    if (wantsSelection())
+    if (wantsSelection()) {
         editor->setDefaultSelected(nodeName, curveName);
+    }
     curve = findLeaf(editor, name);
     isAdded = true;
     editor->emitSignalCurvesHaveChanged();
@@ -65,10 +68,11 @@ bool CommandAddCurve::execute()
 
 void CommandAddCurve::undo()
 {
-    if (isNewRecord)
+    if (isNewRecord) {
         editor->removeCurve(nodeName, curveName);
-    else
+    } else {
         editor->removeCurveFromEditing(nodeName + QLatin1Char('.') + curveName);
+    }
     editor->selectNodes(previousSelection);
     editor->emitSignalCurvesHaveChanged();
     isAdded = false;
@@ -77,8 +81,9 @@ void CommandAddCurve::undo()
 void CommandAddCurve::redo()
 {
     addToCatalogue();
-    if (wantsSelection())
+    if (wantsSelection()) {
         editor->setDefaultSelected(nodeName, curveName, curve);
+    }
     editor->emitSignalCurvesHaveChanged();
     isAdded = true;
 }

@@ -2,6 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
+#include "core/SplineBase.h"
 #include "curves/ControlSplineNode.h"
 #include "editor/CurveEditor.h"
 
@@ -14,22 +15,25 @@ CommandAddPoint::CommandAddPoint(CurveEditor* curveEditor, NodeStruct* record,
     , time(keyTime)
     , value(keyValue)
 {
-    if (const ControlSplineNode* const selection = selectionOf(editor, node))
+    if (const ControlSplineNode* const selection = selectionOf(editor, node)) {
         previousSelection = selection->selectedPoints;
+    }
 }
 
 CommandAddPoint::~CommandAddPoint()
 {
-    if (!pointInSpline)
+    if (!pointInSpline) {
         delete point;
+    }
 }
 
 bool CommandAddPoint::execute()
 {
     pointInSpline = false;
     SplineBase* const spline = node ? node->livingSpline() : nullptr;
-    if (!spline)
+    if (!spline) {
         return false;
+    }
     const CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
     point = new PointInfo;
     point->time = time;
@@ -63,8 +67,9 @@ void CommandAddPoint::undo()
 
 void CommandAddPoint::redo()
 {
-    if (putIn())
+    if (putIn()) {
         report();
+    }
     editor->refreshEditor();
 }
 
@@ -82,8 +87,9 @@ bool CommandAddPoint::putIn()
         pointInSpline = true;
     }
     ControlSplineNode* const selection = selectionOf(editor, node);
-    if (selection && pointInSpline)
+    if (selection && pointInSpline) {
         selection->selectSinglePoint(point);
+    }
     return selection;
 }
 

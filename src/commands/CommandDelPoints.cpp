@@ -1,6 +1,7 @@
 #include "commands/CommandDelPoints.h"
 
 #include "commands/EligibleCurves.h"
+#include "core/SplineBase.h"
 #include "curves/ControlSplineNode.h"
 #include "editor/CurveEditor.h"
 
@@ -17,10 +18,12 @@ CommandDelPoints::CommandDelPoints(CurveEditor* curveEditor)
 
 CommandDelPoints::~CommandDelPoints()
 {
-    if (pointsInSpline)
+    if (pointsInSpline) {
         return;
-    for (const QList<PointInfo*>& list : std::as_const(deleted))
+    }
+    for (const QList<PointInfo*>& list : std::as_const(deleted)) {
         qDeleteAll(list);
+    }
 }
 
 bool CommandDelPoints::execute()
@@ -29,8 +32,9 @@ bool CommandDelPoints::execute()
     deleted.clear();
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         deleted.append(selectedPointsOf(editor, nodes[node]));
-        if (!deleted[node].isEmpty())
+        if (!deleted[node].isEmpty()) {
             names.append(editor->dotName(nodes[node]));
+        }
         takeOut(node);
     }
     pointsInSpline = names.isEmpty();
@@ -40,16 +44,18 @@ bool CommandDelPoints::execute()
 
 void CommandDelPoints::undo()
 {
-    for (qsizetype node = 0; node < nodes.size(); ++node)
+    for (qsizetype node = 0; node < nodes.size(); ++node) {
         putBack(node);
+    }
     pointsInSpline = true;
     editor->emitSignalCurvesHaveChanged(nodes);
 }
 
 void CommandDelPoints::redo()
 {
-    for (qsizetype node = 0; node < nodes.size(); ++node)
+    for (qsizetype node = 0; node < nodes.size(); ++node) {
         takeOut(node);
+    }
     pointsInSpline = false;
     editor->emitSignalCurvesHaveChanged(nodes);
 }
@@ -65,10 +71,12 @@ void CommandDelPoints::takeOut(const qsizetype& node)
 {
     SplineBase* const spline = nodes[node]->livingSpline();
     deleted[node] = membersOf(spline, deleted[node]);
-    for (PointInfo* point : std::as_const(deleted[node]))
+    for (PointInfo* point : std::as_const(deleted[node])) {
         spline->remove(point);
-    if (ControlSplineNode* const selection = selectionOf(editor, nodes[node]))
+    }
+    if (ControlSplineNode* const selection = selectionOf(editor, nodes[node])) {
         selection->clear();
+    }
     dropFromSelections(editor, spline, deleted[node]);
 }
 
@@ -81,8 +89,9 @@ void CommandDelPoints::putBack(const qsizetype& node)
         deleted[node].clear();
         return;
     }
-    for (PointInfo* point : std::as_const(deleted[node]))
+    for (PointInfo* point : std::as_const(deleted[node])) {
         spline->addPointPtr(point);
+    }
     selectList(editor, nodes[node], deleted[node]);
 }
 

@@ -1,15 +1,11 @@
 #pragma once
 
 #include "commands/CurveCommand.h"
-
-#include <QList>
+#include "commands/GestureKeys.h"
 
 class CurveEditor;
-struct PointInfo;
 
 namespace curve_editor {
-
-struct NodeStruct;
 
 /// A drag of keys: their times and values before and after. Built when the gesture
 /// begins, captured when it ends; keys that have left their spline by then are dropped.
@@ -18,7 +14,6 @@ class CommandMovePoints : public CurveCommand
 public:
     /// Notes the selected keys of the curves being edited, as they are.
     explicit CommandMovePoints(CurveEditor* editor);
-    ~CommandMovePoints() override;
 
     /// Notes the same keys as they are now; returns whether anything differs.
     bool captureFinalState();
@@ -29,15 +24,7 @@ public:
     ZK_String getDescription() override;
 
 private:
-    void apply(const QList<QList<PointInfo*>>& states);
-    void report();
-
-    CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed
-    /// One list a node, in step with each other: the live keys, not owned, and copies of them.
-    QList<QList<PointInfo*>> points;
-    QList<QList<PointInfo*>> before; ///< owned copies
-    QList<QList<PointInfo*>> after;  ///< owned copies; empty until the capture
+    GestureKeys keys;
 };
 
 } // namespace curve_editor

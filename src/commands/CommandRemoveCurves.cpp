@@ -42,8 +42,9 @@ void CommandRemoveCurves::undo()
     const qsizetype count = qMin(returning.size(), curves.size());
     for (qsizetype i = 0; i < count; ++i) {
         NodeStruct* const record = editor->searchAllNodeList(returning[i]);
-        if (record)
+        if (record) {
             editor->setCurveEditableOn(record, fits(curves[i], record) ? curves[i] : nullptr);
+        }
     }
     editor->selectNodes(previousSelection);
     editor->update();

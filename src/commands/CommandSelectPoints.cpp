@@ -27,8 +27,9 @@ CommandSelectPoints::CommandSelectPoints(CurveEditor* curveEditor)
     : editor(curveEditor)
     , nodes(eligibleRecords(curveEditor))
 {
-    for (const NodeStruct* node : std::as_const(nodes))
+    for (const NodeStruct* node : std::as_const(nodes)) {
         before.append(selectedPointsOf(editor, node));
+    }
 }
 
 bool CommandSelectPoints::captureFinalState()
@@ -37,8 +38,9 @@ bool CommandSelectPoints::captureFinalState()
     bool differs = false;
     for (qsizetype i = 0; i < nodes.size(); ++i) {
         after.append(selectedPointsOf(editor, nodes[i]));
-        if (findCurveOf(editor, nodes[i]))
+        if (findCurveOf(editor, nodes[i])) {
             differs = differs || !isSameSet(before[i], after[i]);
+        }
     }
     return differs;
 }
@@ -67,8 +69,9 @@ ZK_String CommandSelectPoints::getDescription()
 void CommandSelectPoints::apply(const QList<QList<PointInfo*>>& lists)
 {
     const qsizetype count = qMin(nodes.size(), lists.size());
-    for (qsizetype i = 0; i < count; ++i)
+    for (qsizetype i = 0; i < count; ++i) {
         selectList(editor, nodes[i], lists[i]);
+    }
     editor->getFunctionEditor()->refreshKeysDialog();
     editor->refreshEditor();
 }

@@ -12,12 +12,14 @@ namespace {
 void setBehaviour(const NodeStruct* node, const SplineBase::nodeType& type, const bool& isFirst)
 {
     SplineBase* const spline = node->livingSpline();
-    if (!spline)
+    if (!spline) {
         return;
-    if (isFirst)
+    }
+    if (isFirst) {
         spline->setFirstNodeType(type);
-    else
+    } else {
         spline->setLastNodeType(type);
+    }
     spline->setChanged(true);
 }
 
@@ -41,8 +43,9 @@ CommandSetLastNode::CommandSetLastNode(CurveEditor* curveEditor, const SplineBas
 bool CommandSetLastNode::execute()
 {
     if (!sameType) {
-        for (const NodeStruct* node : std::as_const(nodes))
+        for (const NodeStruct* node : std::as_const(nodes)) {
             setBehaviour(node, newType, isFirst);
+        }
     }
     editor->refreshEditor();
     editor->emitSignalCurvesHaveChanged(nodes);
@@ -51,8 +54,9 @@ bool CommandSetLastNode::execute()
 
 void CommandSetLastNode::undo()
 {
-    for (qsizetype node = 0; node < nodes.size(); ++node)
+    for (qsizetype node = 0; node < nodes.size(); ++node) {
         setBehaviour(nodes[node], oldTypes[node], isFirst);
+    }
     editor->emitSignalCurvesHaveChanged(nodes);
     editor->refreshEditor();
 }

@@ -1,6 +1,7 @@
 #include "commands/CommandSetPointsType.h"
 
 #include "commands/EligibleCurves.h"
+#include "core/SplineBase.h"
 #include "editor/CurveEditor.h"
 
 #include <utility>
@@ -27,13 +28,15 @@ CommandSetPointsType::CommandSetPointsType(CurveEditor* curveEditor,
 
 bool CommandSetPointsType::execute()
 {
-    if (sameType)
+    if (sameType) {
         return false;
+    }
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         SplineBase* const spline = nodes[node]->livingSpline();
         for (PointInfo* point : std::as_const(points[node])) {
-            if (spline)
+            if (spline) {
                 spline->setType(point, newType);
+            }
         }
     }
     editor->emitSignalCurvesHaveChanged(nodes);
@@ -44,8 +47,9 @@ void CommandSetPointsType::undo()
 {
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         SplineBase* const spline = nodes[node]->livingSpline();
-        for (qsizetype i = 0; spline && i < points[node].size(); ++i)
+        for (qsizetype i = 0; spline && i < points[node].size(); ++i) {
             spline->setType(points[node][i], oldTypes[node][i]);
+        }
     }
     editor->emitSignalCurvesHaveChanged(nodes);
 }

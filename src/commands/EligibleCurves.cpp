@@ -20,8 +20,9 @@ NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve)
 {
     const QString name = curve->dotName();
     NodeStruct* record = editor->searchAllNodeList(name);
-    if (!record)
+    if (!record) {
         record = editor->searchAllNodeListCurveName(parserForm(name));
+    }
     return record && record->dotName == name ? record : nullptr;
 }
 
@@ -32,11 +33,13 @@ QList<NodeStruct*> eligibleRecords(CurveEditor* editor)
     QList<NodeStruct*> records;
     const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
     for (CurveNode* curve : curves) {
-        if (!hasKeys(curve->curveType()))
+        if (!hasKeys(curve->curveType())) {
             continue;
+        }
         NodeStruct* const record = recordOf(editor, curve);
-        if (record && record->livingSpline() && showsRecord(curve, record))
+        if (record && record->livingSpline() && showsRecord(curve, record)) {
             records.append(record);
+        }
     }
     return records;
 }
@@ -50,8 +53,9 @@ QList<PointInfo*> selectedPointsOf(CurveEditor* editor, const NodeStruct* record
 
 CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record)
 {
-    if (!record)
+    if (!record) {
         return nullptr;
+    }
     CurveNode* const found =
         editor->getFunctionEditor()->canvas().findCurve(editor->dotName(record));
     return showsRecord(found, record) ? found : nullptr;
@@ -66,8 +70,9 @@ ControlSplineNode* selectionOf(CurveEditor* editor, const NodeStruct* record)
 
 void selectList(CurveEditor* editor, const NodeStruct* record, const QList<PointInfo*>& points)
 {
-    if (ControlSplineNode* const selection = selectionOf(editor, record))
+    if (ControlSplineNode* const selection = selectionOf(editor, record)) {
         selection->selectPoints(membersOf(record->livingSpline(), points));
+    }
 }
 
 bool showsRecord(CurveNode* curve, const NodeStruct* record)
@@ -79,8 +84,9 @@ QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points)
 {
     QList<PointInfo*> members;
     for (PointInfo* point : points) {
-        if (spline && point && spline->findIndex(point) >= 0)
+        if (spline && point && spline->findIndex(point) >= 0) {
             members.append(point);
+        }
     }
     return members;
 }
@@ -88,19 +94,22 @@ QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points)
 void dropFromSelections(CurveEditor* editor, const SplineBase* spline,
                         const QList<PointInfo*>& points)
 {
-    if (!spline || points.isEmpty())
+    if (!spline || points.isEmpty()) {
         return;
+    }
     const QSet<PointInfo*> gone(points.cbegin(), points.cend());
     const auto isGone = [&](PointInfo* point) { return gone.contains(point); };
     for (CurveNode* top : editor->getFunctionEditor()->canvas().topNodes()) {
         for (CurveNode* curve : top->curves()) {
-            if (curve->spline() != spline || !curve->splineGraph())
+            if (curve->spline() != spline || !curve->splineGraph()) {
                 continue;
+            }
             ControlSplineNode& selection = curve->splineGraph()->selection();
             QList<PointInfo*> kept = selection.selectedPoints;
             kept.erase(std::remove_if(kept.begin(), kept.end(), isGone), kept.end());
-            if (kept.size() != selection.selectedPoints.size())
+            if (kept.size() != selection.selectedPoints.size()) {
                 selection.selectPoints(kept);
+            }
         }
     }
 }

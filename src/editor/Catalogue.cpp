@@ -62,8 +62,9 @@ NodeStruct* Catalogue::addNode(const NodeStruct& content)
 void Catalogue::removeMainNode(MainNodeStruct* node)
 {
     const auto found = mainEntries.find(node);
-    if (found == mainEntries.end())
+    if (found == mainEntries.end()) {
         return;
+    }
     mainNames.remove(found->second.name, found->second.number);
     mainEntries.erase(found);
     mainList.removeAll(node);
@@ -72,8 +73,9 @@ void Catalogue::removeMainNode(MainNodeStruct* node)
 void Catalogue::removeNode(NodeStruct* record)
 {
     const auto found = entries.find(record);
-    if (found == entries.end())
+    if (found == entries.end()) {
         return;
+    }
     dotNames.remove(found->second.dotName, found->second.number);
     parserNames.remove(found->second.parserName, found->second.number);
     entries.erase(found);
@@ -83,8 +85,9 @@ void Catalogue::removeNode(NodeStruct* record)
 void Catalogue::nameHasChanged(MainNodeStruct* node)
 {
     const auto found = mainEntries.find(node);
-    if (found == mainEntries.end())
+    if (found == mainEntries.end()) {
         return;
+    }
     MainEntry& entry = found->second;
     mainNames.remove(entry.name, entry.number);
     entry.name = node->name;
@@ -94,8 +97,9 @@ void Catalogue::nameHasChanged(MainNodeStruct* node)
 void Catalogue::nameHasChanged(NodeStruct* record)
 {
     const auto found = entries.find(record);
-    if (found == entries.end())
+    if (found == entries.end()) {
         return;
+    }
     Entry& entry = found->second;
     dotNames.remove(entry.dotName, entry.number);
     parserNames.remove(entry.parserName, entry.number);

@@ -28,8 +28,9 @@ QString withUnderscores(QString name)
 
 void CurveEditor::addNewMainNode(const QString& node)
 {
-    if (searchMainNode(node))
+    if (searchMainNode(node)) {
         return;
+    }
     catalogue->addMainNode(node);
     auto* const item = new QTreeWidgetItem(checkListsEditing);
     item->setText(0, node);
@@ -39,11 +40,13 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
                              float curveValue, SplineBase* spline, FunctionFloatBase** function,
                              float minValue, float maxValue, bool notifyHost)
 {
-    if (!searchMainNode(node))
+    if (!searchMainNode(node)) {
         return;
+    }
     const QString name = joinedName(node, curve);
-    if (searchAllNodeList(name))
+    if (searchAllNodeList(name)) {
         return;
+    }
     NodeStruct content;
     content.setSpline(spline);
     content.function = function;
@@ -99,8 +102,9 @@ CurveEditor::structsFromCurves(const QList<CurveNode*>& curves) const
 {
     QList<NodeStruct*> records;
     records.reserve(curves.size());
-    for (const CurveNode* curve : curves)
+    for (const CurveNode* curve : curves) {
         records.append(structFromCurve(curve));
+    }
     return records;
 }
 
@@ -108,8 +112,9 @@ QList<CurveEditor::NodeStruct*> CurveEditor::structsFromDotNames(const QStringLi
 {
     QList<NodeStruct*> records;
     records.reserve(dotNames.size());
-    for (const QString& name : dotNames)
+    for (const QString& name : dotNames) {
         records.append(searchAllNodeList(name));
+    }
     return records;
 }
 
@@ -138,8 +143,9 @@ QStringList CurveEditor::dotNamesFromStructs(const QList<NodeStruct*>& records) 
     QStringList names;
     names.reserve(records.size());
     for (const NodeStruct* record : records) {
-        if (record)
+        if (record) {
             names.append(dotName(record));
+        }
     }
     return names;
 }
@@ -159,7 +165,8 @@ void CurveEditor::updateCurves()
 std::string CurveEditor::dumpNodeList() const
 {
     std::ostringstream text;
-    for (const NodeStruct* record : catalogue->allNodes())
+    for (const NodeStruct* record : catalogue->allNodes()) {
         text << record->dotName.toLocal8Bit().constData() << std::endl;
+    }
     return text.str();
 }

@@ -21,12 +21,14 @@ Step stepInto(const curve_editor::NodeStruct* record)
 {
     Step step{record, {}};
     const FunctionFloatBase* const expression = record->livingExpression();
-    if (!expression)
+    if (!expression) {
         return step;
+    }
     for (const auto* key : FunctionParserBase::instance()->getAllVars(expression)) {
-        if (key)
+        if (key) {
             step.variables.append(QString::fromLocal8Bit(key->name.c_str())
                                       .replace(QLatin1Char(' '), QLatin1Char('_')));
+        }
     }
     return step;
 }
@@ -37,8 +39,9 @@ const curve_editor::NodeStruct* culpritOf(const std::vector<Step>& way, const QS
 {
     const curve_editor::NodeStruct* culprit = way.back().record;
     for (std::size_t i = way.size() - 1; i > 0; --i) {
-        if (variable != curve_editor::parserForm(way[i - 1].record->dotName))
+        if (variable != curve_editor::parserForm(way[i - 1].record->dotName)) {
             culprit = way[i].record;
+        }
     }
     return culprit;
 }
@@ -51,8 +54,9 @@ const curve_editor::NodeStruct* culpritOf(const std::vector<Step>& way, const QS
 bool CurveEditor::checkDependencies(const QString& variable, const QString& curve, QString& culprit)
 {
     const NodeStruct* const start = searchAllNodeListCurveName(curve);
-    if (!start)
+    if (!start) {
         return false;
+    }
     QSet<const NodeStruct*> seen{start};
     std::vector<Step> way{stepInto(start)};
     while (!way.empty()) {

@@ -41,11 +41,13 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record)
 
 void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
 {
-    if (!record)
+    if (!record) {
         return;
+    }
     selectionBusy = true;
-    if (!record->isEditing)
+    if (!record->isEditing) {
         enterCanvas(record, curve);
+    }
     addTreeItems(record);
     selectionBusy = false;
     functionEditor->canvas().updateCanvas();
@@ -55,17 +57,19 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
 void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
 {
     CanvasFunctionBase& canvas = functionEditor->canvas();
-    if (curve)
+    if (curve) {
         canvas.attachCanvasCurve(curve);
-    else
+    } else {
         curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
                                       record->livingSpline(), record->livingSlot(),
                                       record->minValue, record->maxValue, record->notifyHost);
+    }
     record->isEditing = true;
     auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);
-    if (leaf && record->notifyHost)
+    if (leaf && record->notifyHost) {
         connect(leaf, SIGNAL(curveHasChanged(QString&, QString&)), this,
                 SLOT(emitSignalCurveHasChanged(QString&, QString&)));
+    }
 }
 
 void CurveEditor::addTreeItems(const NodeStruct* record)
@@ -76,16 +80,18 @@ void CurveEditor::addTreeItems(const NodeStruct* record)
         item = new QTreeWidgetItem(checkListsEditing);
         item->setText(0, record->mainNodeName);
     }
-    if (leaf)
+    if (leaf) {
         return;
+    }
     QString path = record->mainNodeName;
     const QStringList parts = record->curveName.split(QLatin1Char('.'));
     for (const QString& part : parts) {
         path += QLatin1Char('.') + part;
         item->setExpanded(true);
         QTreeWidgetItem* child = checkListsEditing->findTreeItem(path);
-        if (!child)
+        if (!child) {
             child = newItem(item, part);
+        }
         item->sortChildren(0, Qt::AscendingOrder);
         item = child;
     }
@@ -93,16 +99,18 @@ void CurveEditor::addTreeItems(const NodeStruct* record)
 
 void CurveEditor::setCurveEditableOff(NodeStruct* record)
 {
-    if (!record)
+    if (!record) {
         return;
+    }
     selectionBusy = true;
     CanvasFunctionBase& canvas = functionEditor->canvas();
     const QString name = record->dotName;
     if (!isPeopledGroup(canvas, name)) {
         QStringList names(name);
         names += checkListsEditing->removeTreeItem(name, checkListsEditing->findTreeItem(name));
-        for (const QString& gone : std::as_const(names))
+        for (const QString& gone : std::as_const(names)) {
             canvas.removeCanvasCurve(gone);
+        }
     }
     selectNodes(QStringList());
     record->isEditing = false;
@@ -114,8 +122,9 @@ void CurveEditor::setDefaultSelected(const QString& node, const QString& curve)
 {
     const QString name = node + QLatin1Char('.') + curve;
     NodeStruct* const record = searchAllNodeList(name);
-    if (!record)
+    if (!record) {
         return;
+    }
     setCurveEditableOn(record);
     selectNodes(QStringList(name));
     update();
@@ -133,8 +142,9 @@ void CurveEditor::setDefaultSelected(const QString& node, const QString& curve,
 void CurveEditor::cleanSelecteds()
 {
     const QList<NodeStruct*> records = catalogue->allNodes();
-    for (NodeStruct* record : records)
+    for (NodeStruct* record : records) {
         setCurveEditableOff(record);
+    }
     update();
 }
 
@@ -156,8 +166,9 @@ void CurveEditor::slotMenuEditingNodeRemove()
 void CurveEditor::removeCurveFromEditing(QString dotName)
 {
     if (NodeStruct* const record = searchAllNodeList(dotName)) {
-        if (record->isEditing)
+        if (record->isEditing) {
             setCurveEditableOff(record);
+        }
         update();
         return;
     }
@@ -168,27 +179,31 @@ void CurveEditor::removeCurveFromEditing(QString dotName)
         const int before = item->childCount();
         removeCurveFromEditing(checkListsEditing->itemDotName(item->child(next)));
         item = checkListsEditing->findTreeItem(dotName);
-        if (item && item->childCount() >= before)
+        if (item && item->childCount() >= before) {
             ++next;
+        }
     }
-    if (item && item->childCount() == 0)
+    if (item && item->childCount() == 0) {
         takeOutItem(item);
+    }
     update();
 }
 
 void CurveEditor::takeOutItem(QTreeWidgetItem* item)
 {
     const int index = checkListsEditing->indexOfTopLevelItem(item);
-    if (index >= 0)
+    if (index >= 0) {
         delete checkListsEditing->takeTopLevelItem(index);
-    else
+    } else {
         checkListsEditing->removeItemWidget(item, 0);
+    }
 }
 
 void CurveEditor::rightButtonPressedEditingItem(QModelIndex index)
 {
-    if (!index.isValid())
+    if (!index.isValid()) {
         return;
+    }
     treeMenu->itemName = checkListsEditing->indexDotName(index);
     treeMenu->exec(QCursor::pos());
 }
@@ -196,24 +211,28 @@ void CurveEditor::rightButtonPressedEditingItem(QModelIndex index)
 void CurveEditor::slotMenuEditingNodeColor()
 {
     NodeStruct* const record = searchAllNodeList(treeMenu->itemName);
-    if (!record)
+    if (!record) {
         return;
+    }
     const QPointer<CurveEditor> self(this);
     const QColor color = QColorDialog::getColor(record->color, this);
-    if (!self)
+    if (!self) {
         return;
+    }
     setColorToEditingNode(record, color);
     refreshEditor();
 }
 
 void CurveEditor::setColorToEditingNode(NodeStruct* record, const QColor& color)
 {
-    if (!record)
+    if (!record) {
         return;
+    }
     record->color = color;
     CurveNode* const curve = curveFromDotName(record->dotName);
-    if (curve && curve->isCurve())
+    if (curve && curve->isCurve()) {
         curve->setColor(record->color, functionEditor->canvas().canvasColor);
+    }
 }
 
 void CurveEditor::setCheckListStyle(QStyle* style)

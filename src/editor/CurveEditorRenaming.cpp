@@ -24,8 +24,9 @@ CurveNode* findLeaf(const CanvasFunctionBase& canvas, const QString& dotName)
 
 void CurveEditor::removeCurve(const QString& node, const QString& curve)
 {
-    if (!searchMainNode(node))
+    if (!searchMainNode(node)) {
         return;
+    }
     if (NodeStruct* const record = catalogue->findExactly(node + QLatin1Char('.') + curve)) {
         setCurveEditableOff(record);
         catalogue->removeNode(record);
@@ -38,8 +39,9 @@ void CurveEditor::removeNode(const QString& node)
     const QString name = node;
     checkListsEditing->selectionModel()->clear();
     MainNodeStruct* const mainNode = searchMainNode(name);
-    if (!mainNode)
+    if (!mainNode) {
         return;
+    }
     const QList<NodeStruct*> records = catalogue->allNodes();
     for (NodeStruct* record : records) {
         if (record->mainNodeName == mainNode->name) {
@@ -50,42 +52,49 @@ void CurveEditor::removeNode(const QString& node)
     catalogue->removeMainNode(mainNode);
 
     QTreeWidgetItem* const item = checkListsEditing->findTreeItem(name);
-    if (!item)
+    if (!item) {
         return;
+    }
     const int index = checkListsEditing->indexOfTopLevelItem(item);
-    if (index >= 0)
+    if (index >= 0) {
         checkListsEditing->takeTopLevelItem(index);
-    else
+    } else {
         checkListsEditing->removeItemWidget(item, 0);
+    }
     delete item;
 }
 
 void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, const QString& newCurve)
 {
-    if (!searchMainNode(node))
+    if (!searchMainNode(node)) {
         return;
+    }
     const QString oldName = node + QLatin1Char('.') + oldCurve;
     const QString newName = node + QLatin1Char('.') + newCurve;
     NodeStruct* const record = catalogue->findExactly(oldName);
-    if (!record)
+    if (!record) {
         return;
+    }
     CurveNode* const held = findLeaf(functionEditor->canvas(), oldName);
     record->dotName = newName;
     record->curveName = newCurve;
     catalogue->nameHasChanged(record);
-    if (held)
+    if (held) {
         held->setDotName(newName);
+    }
 
     // Without an object of its own an item of that name belongs to the curves below it.
     QTreeWidgetItem* const item = checkListsEditing->findTreeItem(oldName);
-    if (!item || !record->isEditing)
+    if (!item || !record->isEditing) {
         return;
+    }
     checkListsEditing->removeTreeItem(oldName, item);
     record->isEditing = false;
     setCurveEditableOn(record, held);
     if (newName.contains(oldCurveMarker)) {
-        if (QTreeWidgetItem* const renamed = checkListsEditing->findTreeItem(newName))
+        if (QTreeWidgetItem* const renamed = checkListsEditing->findTreeItem(newName)) {
             renamed->setHidden(true);
+        }
     }
     selectNodes(QStringList());
 }
@@ -95,8 +104,9 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
     const QString oldName = oldNode;
     const QString newName = newNode;
     MainNodeStruct* const mainNode = searchMainNode(oldName);
-    if (!mainNode)
+    if (!mainNode) {
         return;
+    }
     const CanvasFunctionBase& canvas = functionEditor->canvas();
 
     // The curves are looked up while all of them still answer to their old names.
@@ -108,8 +118,9 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
             curves.append(findLeaf(canvas, record->dotName));
         }
     }
-    if (CurveNode* const group = canvas.findCurve(oldName))
+    if (CurveNode* const group = canvas.findCurve(oldName)) {
         group->setDotName(newName);
+    }
     for (qsizetype i = 0; i < records.size(); ++i) {
         NodeStruct* const record = records[i];
         record->mainNodeName = newName;
@@ -117,11 +128,13 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
         record->safeDotName = record->dotName;
         record->safeDotName.replace(QLatin1Char(' '), QLatin1Char('_'));
         catalogue->nameHasChanged(record);
-        if (curves[i] && curves[i]->dotName() != record->dotName)
+        if (curves[i] && curves[i]->dotName() != record->dotName) {
             curves[i]->setDotName(record->dotName);
+        }
     }
-    if (QTreeWidgetItem* const item = getNodeItem(oldName))
+    if (QTreeWidgetItem* const item = getNodeItem(oldName)) {
         item->setText(0, newName);
+    }
     mainNode->name = newName;
     catalogue->nameHasChanged(mainNode);
 }

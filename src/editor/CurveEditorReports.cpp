@@ -11,8 +11,9 @@ void CurveEditor::emitSignalCurveHasChanged(QString& nodeName, QString& curveNam
 {
     const CurveNode* const curve =
         functionEditor->canvas().findCurve(QStringLiteral("%1.%2").arg(nodeName, curveName));
-    if (curve && !curve->notifiesHost())
+    if (curve && !curve->notifiesHost()) {
         return;
+    }
     emit curveHasChanged(nodeName, curveName);
 }
 

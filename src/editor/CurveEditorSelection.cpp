@@ -29,8 +29,9 @@ void CurveEditor::selectNodes(QStringList names)
     checkListsEditing->selectTreeItems(names);
     functionEditor->canvas().selectCurves(names);
     refreshEditor();
-    if (!same)
+    if (!same) {
         refreshCommandLine();
+    }
     selectionBusy = false;
     update();
 }
@@ -57,8 +58,9 @@ void CurveEditor::selectionChangedEditingItem(QItemSelection selected, QItemSele
     const QSet<QString> gone(off.cbegin(), off.cend());
     QStringList names;
     for (const QString& name : std::as_const(selectedDotNames)) {
-        if (!gone.contains(name))
+        if (!gone.contains(name)) {
             names.append(name);
+        }
     }
     selectNodes(names + on);
 }

@@ -23,11 +23,13 @@ public:
     void remove(const QString& name, const Number& number)
     {
         const auto found = byName.find(name);
-        if (found == byName.end())
+        if (found == byName.end()) {
             return;
+        }
         found->second.erase(number);
-        if (found->second.empty())
+        if (found->second.empty()) {
             byName.erase(found);
+        }
     }
 
     /// The first record of exactly that name, or null.
@@ -42,11 +44,13 @@ public:
     Record* firstWithoutPrefix(const QStringView& name) const
     {
         const auto found = byName.find(name);
-        if (found == byName.end())
+        if (found == byName.end()) {
             return nullptr;
+        }
         const Number limit = found->second.begin()->first;
-        if (hasPrefixBefore(name, limit) || hasExtensionBefore(found, limit))
+        if (hasPrefixBefore(name, limit) || hasExtensionBefore(found, limit)) {
             return nullptr;
+        }
         return found->second.begin()->second;
     }
 
@@ -62,8 +66,9 @@ private:
     {
         const qsizetype most = qMin(a.size(), b.size());
         qsizetype length = 0;
-        while (length < most && a[length] == b[length])
+        while (length < most && a[length] == b[length]) {
             ++length;
+        }
         return a.first(length);
     }
 
@@ -75,15 +80,18 @@ private:
         QStringView rest = name.chopped(name.isEmpty() ? 0 : 1);
         while (true) {
             auto entry = byName.upper_bound(rest);
-            if (entry == byName.begin())
+            if (entry == byName.begin()) {
                 return false;
+            }
             --entry;
             const QStringView common = commonStart(rest, entry->first);
             const bool isPrefix = common.size() == entry->first.size();
-            if (isPrefix && entry->second.begin()->first < limit)
+            if (isPrefix && entry->second.begin()->first < limit) {
                 return true;
-            if (common.isEmpty())
+            }
+            if (common.isEmpty()) {
                 return false;
+            }
             rest = isPrefix ? common.chopped(1) : common;
         }
     }
@@ -93,8 +101,9 @@ private:
     {
         const QStringView name = entry->first;
         for (++entry; entry != byName.end() && entry->first.startsWith(name); ++entry) {
-            if (entry->second.begin()->first < limit)
+            if (entry->second.begin()->first < limit) {
                 return true;
+            }
         }
         return false;
     }

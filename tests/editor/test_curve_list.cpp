@@ -1,0 +1,495 @@
+// What a host does with the list of curves: adding, looking up, removing, renaming.
+
+#include "support/EditorFixture.h"
+
+#include "curves/CurveNodeBase.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+QStringList topTexts(const CurveEditor& editor)
+{
+    QStringList texts;
+    for (int i = 0; i < editor.checkListsEditing->topLevelItemCount(); ++i) {
+        texts.append(editor.checkListsEditing->topLevelItem(i)->text(0));
+    }
+    return texts;
+}
+
+} // namespace
+
+class TestCurveList : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aNodeIsAddedOnceWithItsItem()
+    {
+        EditorFixture fixture;
+        fixture.editor.addNewMainNode("n");
+        fixture.editor.addNewMainNode("n");
+        fixture.editor.addNewMainNode("a");
+        QCOMPARE(topTexts(fixture.editor), (QStringList{"n", "a"}));
+        QCOMPARE(fixture.editor.searchMainNode("n")->name, QString("n"));
+        QVERIFY(!fixture.editor.searchMainNode("N"));
+        QCOMPARE(fixture.editor.getNodeItem("a")->text(0), QString("a"));
+        QVERIFY(!fixture.editor.getNodeItem("A"));
+    }
+
+    void addNewNodeUnderAnUnknownNodeDoesNothing()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        fixture.editor.addNewNode("n", "a", Qt::red, 0, &curve.spline, &curve.expression, 0, 1,
+                                  true);
+        QVERIFY(!fixture.editor.searchAllNodeList("n.a"));
+        QVERIFY(topTexts(fixture.editor).isEmpty());
+    }
+
+    void addNewNodeKeepsWhatItIsGiven()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        fixture.editor.addNewMainNode("My Node");
+        fixture.editor.addNewNode("My Node", "a b.c", Qt::red, 0.5f, &curve.spline,
+                                  &curve.expression, -1.5f, 2.5f, false);
+        const CurveEditor::NodeStruct* const record =
+            fixture.editor.searchAllNodeList("My Node.a b.c");
+        QVERIFY(record);
+        QCOMPARE(record->spline, &curve.spline);
+        QCOMPARE(record->function, &curve.expression);
+        QCOMPARE(record->color, QColor(Qt::red));
+        QCOMPARE(record->curveValue, 0.5f);
+        QCOMPARE(record->minValue, -1.5f);
+        QCOMPARE(record->maxValue, 2.5f);
+        QCOMPARE(record->mainNodeName, QString("My Node"));
+        QCOMPARE(record->curveName, QString("a b.c"));
+        QCOMPARE(record->dotName, QString("My Node.a b.c"));
+        QCOMPARE(record->safeDotName, QString("My_Node.a_b.c"));
+        QVERIFY(!record->isEditing);
+        QVERIFY(!record->notifyHost);
+        QVERIFY(!fixture.editor.checkListsEditing->findTreeItem("My Node.a b"));
+        QVERIFY(fixture.logic().topNodes().isEmpty());
+    }
+
+    void aCurveWithNothingInItIsListedButStaysOffTheCanvas()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, &curve.expression, 0, 1, true,
+                                true);
+        QVERIFY(fixture.editor.searchAllNodeList("n.a"));
+        QVERIFY(!fixture.logic().findCurve("n.a"));
+        QCOMPARE(topTexts(fixture.editor), QStringList{"n"});
+        QVERIFY(fixture.editor.getSelection().isEmpty());
+    }
+
+    void aCurveWithKeysOrAnExpressionIsSelectedOnRequest_data()
+    {
+        QTest::addColumn<bool>("keys");
+        QTest::addColumn<bool>("expression");
+        QTest::addColumn<bool>("request");
+        QTest::newRow("keys") << true << false << true;
+        QTest::newRow("expression") << false << true << true;
+        QTest::newRow("not asked for") << true << true << false;
+    }
+
+    void aCurveWithKeysOrAnExpressionIsSelectedOnRequest()
+    {
+        QFETCH(bool, keys);
+        QFETCH(bool, expression);
+        QFETCH(bool, request);
+        LentCurve curve;
+        EditorFixture fixture;
+        if (keys) {
+            curve.addKey(0.0, 1.0);
+        }
+        if (expression) {
+            curve.setExpression("t");
+        }
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, &curve.expression, 0, 1,
+                                request, true);
+        QCOMPARE(fixture.logic().findCurve("n.a") != nullptr, request);
+        QCOMPARE(fixture.editor.getSelection(), request ? QStringList{"n.a"} : QStringList());
+        QCOMPARE(fixture.logic().editingCurveNames(), fixture.editor.getSelection());
+    }
+
+    void addingACurveTwiceOnlySelectsItAgain()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
+        CurveNode* const object = fixture.logic().findCurve("n.a");
+        fixture.editor.selectNodes(QStringList());
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, &curve.expression, 0, 1, false,
+                                true);
+        QVERIFY(fixture.editor.getSelection().isEmpty());
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, &curve.expression, 0, 1, true,
+                                true);
+        QCOMPARE(fixture.editor.getSelection(), QStringList{"n.a"});
+        QCOMPARE(fixture.logic().findCurve("n.a"), object);
+        fixture.editor.removeCurve("n", "a");
+        QVERIFY(!fixture.editor.searchAllNodeList("n.a")); // there was no second record
+    }
+
+    void addingACurveIsNoStepOfUndo()
+    {
+        EditorFixture fixture;
+        QSignalSpy executed(fixture.editor.getCmdManager(),
+                            &curve_editor::CurveCommandsManager::curveEditorCmdExec);
+        fixture.editCurve("n.a", {{1, 1}});
+        QCOMPARE(executed.count(), 0);
+        QVERIFY(!fixture.editor.getCmdManager()->undo());
+        QVERIFY(!fixture.editor.getCmdManager()->redo());
+    }
+
+    void nullSplinesAndSlotsArePassedOver()
+    {
+        EditorFixture fixture;
+        fixture.editor.addCurve("n", "a", Qt::red, 0, nullptr, nullptr, 0, 1, true, true);
+        QVERIFY(fixture.editor.searchAllNodeList("n.a"));
+        fixture.editor.setDefaultSelected("n", "a");
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"n.a"});
+        fixture.editor.selectAllKeys();
+        fixture.editor.deleteSelectedKeys();
+        fixture.editor.setLastNodeLoop();
+        fixture.paint();
+        QVERIFY(fixture.undoSteps().isEmpty());
+        fixture.editor.removeCurve("n", "a");
+        QVERIFY(!fixture.logic().findCurve("n.a"));
+    }
+
+    void lookUpsTakeAndGiveNull()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        CurveEditor& editor = fixture.editor;
+        CurveEditor::NodeStruct* const record = editor.structFromDotName("n.a");
+        CurveNode* const curve = editor.curveFromDotName("n.a");
+        QVERIFY(record);
+        QVERIFY(curve);
+        QCOMPARE(editor.structFromCurve(curve), record);
+        QCOMPARE(editor.curveFromStruct(record), curve);
+        QCOMPARE(editor.dotName(record), QString("n.a"));
+        QCOMPARE(editor.dotName(curve), QString("n.a"));
+        QCOMPARE(editor.structsFromDotNames({"n.b", "n.a"}),
+                 (QList<CurveEditor::NodeStruct*>{nullptr, record}));
+        QCOMPARE(editor.structsFromCurves({curve, nullptr}),
+                 (QList<CurveEditor::NodeStruct*>{record, nullptr}));
+        QCOMPARE(editor.dotNamesFromStructs({nullptr, record}), QStringList{"n.a"});
+        QVERIFY(!editor.structFromDotName("n"));
+        QVERIFY(!editor.structFromCurve(nullptr));
+        QVERIFY(!editor.curveFromStruct(nullptr));
+        QVERIFY(!editor.curveFromDotName("n.b"));
+        editor.setCurveEditableOn(nullptr);
+        editor.setCurveEditableOff(nullptr);
+        editor.setColorToEditingNode(nullptr, Qt::red);
+    }
+
+    void aNameThatBeginsWithAnEarlierOneIsNotFound()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        CurveEditor& editor = fixture.editor;
+        editor.addCurve("n", "width", Qt::red, 0, &curve.spline, nullptr, 0, 1, false, true);
+        editor.addCurve("n", "width2", Qt::red, 0, &curve.spline, nullptr, 0, 1, false, true);
+        QVERIFY(editor.searchAllNodeList("n.width"));
+        QVERIFY(!editor.searchAllNodeList("n.width2"));
+        QVERIFY(!editor.searchAllNodeList("n"));
+        QVERIFY(editor.searchAllNodeListCurveName("n.width2"));
+    }
+
+    void aRecordIsFoundByTheFormOfItsNameInExpressions()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        fixture.editor.addCurve("My Node", "My Curve", Qt::red, 0, &curve.spline, nullptr, 0, 1,
+                                false, true);
+        const auto* const record = fixture.editor.searchAllNodeListCurveName("my_node.my_curve");
+        QVERIFY(record);
+        QCOMPARE(record->dotName, QString("My Node.My Curve"));
+        QVERIFY(!fixture.editor.searchAllNodeListCurveName("My Node.My Curve"));
+    }
+
+    void removingTheLastCurveOfANodeLeavesTheNodeInTheList()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, nullptr, 0, 1, false, true);
+        fixture.editor.removeCurve("n", "a");
+        QVERIFY(fixture.editor.searchMainNode("n"));
+        QVERIFY(!fixture.editor.searchAllNodeList("n.a"));
+        QCOMPARE(topTexts(fixture.editor), QStringList{"n"});
+    }
+
+    void removingACurveTakesItOffTheCanvas()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.addCurve("n.b", {{1, 1}});
+        CurveEditor::NodeStruct* const record = fixture.editor.searchAllNodeList("n.a");
+        fixture.editor.removeCurve("n", "a");
+        QVERIFY(!fixture.logic().findCurve("n.a"));
+        QVERIFY(fixture.logic().findCurve("n.b"));
+        QVERIFY(!fixture.editor.checkListsEditing->findTreeItem("n.a"));
+        QVERIFY(!record->isEditing); // the record itself lives on
+        fixture.editor.removeCurve("n", "unknown");
+        fixture.editor.removeCurve("unknown", "b");
+        QVERIFY(fixture.logic().findCurve("n.b"));
+    }
+
+    void aRecordHiddenBehindAPrefixIsRemovedByItsExactName()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        CurveEditor& editor = fixture.editor;
+        editor.addCurve("n", "width", Qt::red, 0, &curve.spline, nullptr, 0, 1, false, true);
+        editor.addCurve("n", "width2", Qt::red, 0, &curve.spline, nullptr, 0, 1, false, true);
+        editor.removeCurve("n", "width2");
+        QVERIFY(!editor.searchAllNodeListCurveName("n.width2"));
+        editor.removeCurve("n", "width");
+        QVERIFY(!editor.searchAllNodeListCurveName("n.width"));
+    }
+
+    void removingACurveOffTheCanvasLeavesTheCurvesBelowItsName()
+    {
+        LentCurve outer;
+        EditorFixture fixture;
+        fixture.editCurve("n.a.b", {{1, 1}});
+        fixture.editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
+        fixture.editor.removeCurve("n", "a");
+        QVERIFY(fixture.logic().findCurve("n.a.b"));
+        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.a.b"));
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"n.a.b"});
+    }
+
+    void removingANodeRemovesItsCurvesAndItsItem()
+    {
+        EditorFixture fixture;
+        LentCurve listed;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.addCurve("m.a", {{1, 1}});
+        fixture.editor.addCurve("n", "b", Qt::red, 0, &listed.spline, nullptr, 0, 1, false, true);
+        fixture.editor.removeNode("n");
+        QVERIFY(!fixture.editor.searchMainNode("n"));
+        QVERIFY(!fixture.editor.searchAllNodeList("n.a"));
+        QVERIFY(!fixture.editor.searchAllNodeList("n.b"));
+        QVERIFY(!fixture.logic().findCurve("n"));
+        QVERIFY(fixture.logic().findCurve("m.a"));
+        QCOMPARE(topTexts(fixture.editor), QStringList{"m"});
+        fixture.editor.removeNode("unknown");
+        QCOMPARE(topTexts(fixture.editor), QStringList{"m"});
+    }
+
+    void removingANodeWithoutCurvesRemovesItsItem()
+    {
+        EditorFixture fixture;
+        fixture.editor.addNewMainNode("n");
+        fixture.editor.removeNode("n");
+        QVERIFY(topTexts(fixture.editor).isEmpty());
+    }
+
+    void theArgumentOfRemoveNodeMayBeTheNameInTheRecord()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        fixture.editor.removeNode(fixture.editor.searchMainNode("n")->name);
+        QVERIFY(!fixture.editor.searchMainNode("n"));
+        QVERIFY(topTexts(fixture.editor).isEmpty());
+    }
+
+    void aRenamedCurveKeepsItsObject()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        CurveNode* const object = fixture.logic().findCurve("n.a");
+        fixture.editor.renameCurve("n", "a", "b");
+        QCOMPARE(fixture.logic().findCurve("n.b"), object);
+        QVERIFY(!fixture.logic().findCurve("n.a"));
+        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.b"));
+        QVERIFY(!fixture.editor.checkListsEditing->findTreeItem("n.a"));
+        const auto* const record = fixture.editor.searchAllNodeList("n.b");
+        QVERIFY(record);
+        QVERIFY(record->isEditing);
+        QCOMPARE(record->curveName, QString("b"));
+        QVERIFY(!fixture.editor.searchAllNodeList("n.a"));
+        QVERIFY(fixture.editor.getSelection().isEmpty());
+    }
+
+    void aCurveRenamedToTheMarkerIsHiddenAndDeselected()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.editor.renameCurve("n", "a", "a###OLD###");
+        const QTreeWidgetItem* const item =
+            fixture.editor.checkListsEditing->findTreeItem("n.a###OLD###");
+        QVERIFY(item);
+        QVERIFY(item->isHidden());
+        QVERIFY(fixture.editor.getSelection().isEmpty());
+        QVERIFY(fixture.editor.searchAllNodeList("n.a###OLD###"));
+        fixture.editor.renameCurve("n", "a###OLD###", "a###old###");
+        QVERIFY(!fixture.editor.checkListsEditing->findTreeItem("n.a###old###")->isHidden());
+    }
+
+    void renamingACurveOffTheCanvasChangesTheRecordOnly()
+    {
+        EditorFixture fixture;
+        LentCurve listed;
+        fixture.editCurve("n.b", {{1, 1}});
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &listed.spline, nullptr, 0, 1, false, true);
+        fixture.editor.renameCurve("n", "a", "c");
+        QVERIFY(fixture.editor.searchAllNodeList("n.c"));
+        QVERIFY(!fixture.logic().findCurve("n.c"));
+        QVERIFY(!fixture.editor.checkListsEditing->findTreeItem("n.c"));
+        QCOMPARE(fixture.editor.getSelection(), QStringList{"n.b"});
+    }
+
+    void renamingACurveOffTheCanvasLeavesTheCurvesBelowItsName()
+    {
+        LentCurve outer;
+        EditorFixture fixture;
+        fixture.editCurve("n.a.b", {{1, 1}});
+        fixture.editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
+        fixture.editor.renameCurve("n", "a", "c");
+        QVERIFY(fixture.logic().findCurve("n.a.b"));
+        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.a.b"));
+        QVERIFY(fixture.editor.searchAllNodeList("n.c"));
+    }
+
+    void theSafeNameOutlivesARenamedCurveButNotARenamedNode()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("my node.a b", {{1, 1}});
+        const auto* const record = fixture.editor.searchAllNodeList("my node.a b");
+        QCOMPARE(record->safeDotName, QString("my_node.a_b"));
+        fixture.editor.renameCurve("my node", "a b", "c d");
+        QCOMPARE(record->safeDotName, QString("my_node.a_b"));
+        fixture.editor.renameNode("my node", "your node");
+        QCOMPARE(record->safeDotName, QString("your_node.c_d"));
+    }
+
+    void unknownNamesRenameNothing()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.editor.renameCurve("n", "x", "b");
+        fixture.editor.renameCurve("m", "a", "b");
+        fixture.editor.renameNode("m", "k");
+        QVERIFY(fixture.editor.searchAllNodeList("n.a"));
+        QCOMPARE(fixture.editor.getSelection(), QStringList{"n.a"});
+    }
+
+    void aRenamedNodeTakesItsCurvesAlongAndLeavesTheSelection()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.addCurve("n.x.y", {{1, 1}});
+        LentCurve listed;
+        fixture.editor.addCurve("n", "k", Qt::red, 0, &listed.spline, nullptr, 0, 1, false, true);
+        CurveNode* const object = fixture.logic().findCurve("n.a");
+        fixture.editor.renameNode("n", "m");
+        QCOMPARE(fixture.logic().findCurve("m.a"), object);
+        QVERIFY(fixture.logic().findCurve("m.x.y"));
+        QVERIFY(!fixture.logic().findCurve("n"));
+        QCOMPARE(topTexts(fixture.editor), QStringList{"m"});
+        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("m.x.y"));
+        QVERIFY(fixture.editor.searchMainNode("m"));
+        QVERIFY(!fixture.editor.searchMainNode("n"));
+        QVERIFY(fixture.editor.searchAllNodeList("m.a"));
+        QVERIFY(fixture.editor.searchAllNodeList("m.k"));
+        QCOMPARE(fixture.editor.getSelection(), QStringList{"n.a"});
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"m.a"});
+    }
+
+    void afterARenamedNodeEveryCurveReportsTheNameOfItsRecord_data()
+    {
+        QTest::addColumn<QString>("curve");
+        QTest::addColumn<QString>("newNode");
+        QTest::newRow("plain") << "b"
+                               << "m";
+        QTest::newRow("equal last parts") << "b.b"
+                                          << "m";
+        QTest::newRow("as the node") << "a"
+                                     << "m";
+        QTest::newRow("a node with a point") << "b.c"
+                                             << "m.k";
+    }
+
+    void afterARenamedNodeEveryCurveReportsTheNameOfItsRecord()
+    {
+        QFETCH(QString, curve);
+        QFETCH(QString, newNode);
+        EditorFixture fixture;
+        fixture.addCurve("a." + curve, {{1, 1}});
+        CurveNode* const object = fixture.logic().findCurve("a." + curve);
+        QVERIFY(object);
+        fixture.editor.renameNode("a", newNode);
+        QCOMPARE(object->dotName(), newNode + "." + curve);
+        QCOMPARE(fixture.logic().findCurve(newNode + "." + curve), object);
+    }
+
+    void theArgumentOfRenameNodeMayBeTheNameInTheRecord()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        fixture.editor.renameNode(fixture.editor.searchAllNodeList("n.a")->mainNodeName, "m");
+        QVERIFY(fixture.logic().findCurve("m.a"));
+        QCOMPARE(topTexts(fixture.editor), QStringList{"m"});
+    }
+
+    void undoWithNothingConnectedChangesNothing()
+    {
+        LentCurve curve;
+        curve.addKey(1, 1);
+        CurveEditor editor(nullptr, qEnvironmentVariable("ZK_ICONS_DIR"));
+        editor.addCurve("n", "a", Qt::red, 0, &curve.spline, nullptr, 0, 1, true, true);
+        editor.selectAllKeys();
+        editor.deleteSelectedKeys();
+        QCOMPARE(curve.spline.getControlPointsNumber(), 0u);
+        editor.undo();
+        QCOMPARE(curve.spline.getControlPointsNumber(), 0u);
+        QVERIFY(editor.getCmdManager()->undo());
+        QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
+        editor.redo();
+        QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
+    }
+
+    void recordsOutliveTheirEditor()
+    {
+        const CurveEditor::NodeStruct* record = nullptr;
+        {
+            EditorFixture fixture;
+            fixture.addCurve("n.a", {{1, 1}});
+            record = fixture.editor.searchAllNodeList("n.a");
+        }
+        QCOMPARE(record->dotName, QString("n.a"));
+        QVERIFY(!record->livingSpline()); // the host's went with the host
+    }
+
+    void updateCurvesAsksForAFreshPicture()
+    {
+        EditorFixture fixture;
+        fixture.canvas().canvasDirty = false;
+        fixture.editor.updateCurves();
+        QVERIFY(fixture.canvas().canvasDirty);
+    }
+
+    void tenThousandCurvesAreAddedThroughTheEditor()
+    {
+        EditorFixture fixture;
+        LentCurve curve;
+        for (int i = 0; i < 10000; ++i) {
+            const QString node = QStringLiteral("node %1").arg(i / 10);
+            const QString name = QStringLiteral("curve %1").arg(i % 10);
+            fixture.editor.addCurve(node, name, Qt::red, 0, &curve.spline, &curve.expression, 0, 1,
+                                    true, true);
+        }
+        QVERIFY(fixture.editor.searchAllNodeList("node 999.curve 9"));
+        QCOMPARE(fixture.editor.checkListsEditing->topLevelItemCount(), 1000);
+    }
+};
+
+QTEST_MAIN(TestCurveList)
+#include "test_curve_list.moc"
