@@ -354,8 +354,8 @@ private:
     // Shell: CurveEditor.cpp, CurveEditorShell.cpp
     void preInit();
     void initMainMenu();
-    CustomEditLine* newPositionField();
-    QLabel* newReadout(const QString& text);
+    CustomEditLine* newPositionField(const char* name);
+    QLabel* newReadout(const char* name, const QString& text);
     void initCanvas();
     void connectWidgets();
 

@@ -48,22 +48,23 @@ void CurveEditor::initMainMenu()
     filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     mainMenu->addWidget(filler);
 
-    posX = newPositionField();
-    posY = newPositionField();
+    posX = newPositionField("posX");
+    posY = newPositionField("posY");
 
     auto* const pointerLabel = new QLabel(tr("    Pointer:  "), mainMenu);
     pointerLabel->setMinimumWidth(40);
     mainMenu->addWidget(pointerLabel);
-    frameLabel = newReadout(tr("F "));
-    timecodeLabel = newReadout(tr("TC "));
-    valueLabel = newReadout(tr("y "));
-    functionLabel = newReadout(tr("f(x) "));
+    frameLabel = newReadout("frameLabel", tr("F "));
+    timecodeLabel = newReadout("timecodeLabel", tr("TC "));
+    valueLabel = newReadout("valueLabel", tr("y "));
+    functionLabel = newReadout("functionLabel", tr("f(x) "));
 }
 
 /// Disabled as long as no key is shown in it.
-CustomEditLine* CurveEditor::newPositionField()
+CustomEditLine* CurveEditor::newPositionField(const char* name)
 {
     auto* const field = new CustomEditLine(mainMenu);
+    field->setObjectName(name);
     field->setMinimumSize(50, 20);
     field->setMouseTracking(true);
     field->setAcceptDrops(true);
@@ -73,9 +74,10 @@ CustomEditLine* CurveEditor::newPositionField()
     return field;
 }
 
-QLabel* CurveEditor::newReadout(const QString& text)
+QLabel* CurveEditor::newReadout(const char* name, const QString& text)
 {
     auto* const label = new QLabel(text, mainMenu);
+    label->setObjectName(name);
     label->setFixedWidth(80);
     mainMenu->addWidget(label);
     return label;

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "editor/CurveEditor.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QToolBar>
+#include <QToolButton>
+
+/// Ways to the parts of an editor as its user finds them.
+
+inline QToolBar* toolBarTitled(const CurveEditor& editor, const QString& title)
+{
+    for (QToolBar* const toolBar : editor.topToolbar->findChildren<QToolBar*>()) {
+        if (toolBar->windowTitle() == title) {
+            return toolBar;
+        }
+    }
+    return nullptr;
+}
+
+/// The button of the toolbar's n-th own action, hidden ones counted.
+inline QToolButton* toolButton(const CurveEditor& editor, const QString& title, const int& index)
+{
+    QToolBar* const toolBar = toolBarTitled(editor, title);
+    const QList<QAction*> actions = toolBar ? toolBar->actions() : QList<QAction*>();
+    if (index >= actions.size()) {
+        return nullptr;
+    }
+    return qobject_cast<QToolButton*>(toolBar->widgetForAction(actions.at(index)));
+}
+
+/// The action of a text in a list; null if there is none.
+inline QAction* actionTitled(const QList<QAction*>& actions, const QString& text)
+{
+    for (QAction* const action : actions) {
+        if (action->text() == text) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+/// The action at "Menu/Sub-menu/Entry", which may be a menu's own.
+inline QAction* menuAction(const CurveEditor& editor, const QString& path)
+{
+    QList<QAction*> actions = editor.mainMenu->findChild<QMenuBar*>()->actions();
+    actions += editor.expressionTool->actions();
+    QAction* found = nullptr;
+    for (const QString& part : path.split(QLatin1Char('/'))) {
+        found = actionTitled(actions, part);
+        if (!found) {
+            return nullptr;
+        }
+        actions = found->menu() ? found->menu()->actions() : QList<QAction*>();
+    }
+    return found;
+}
+
+inline QMenu* menuAt(const CurveEditor& editor, const QString& path)
+{
+    QAction* const action = menuAction(editor, path);
+    return action ? action->menu() : nullptr;
+}
+
+/// Texts of a menu's entries, "----" for a separator.
+inline QStringList menuTexts(const QMenu* menu)
+{
+    QStringList texts;
+    for (const QAction* const action : menu->actions()) {
+        texts.append(action->isSeparator() ? QString("----") : action->text());
+    }
+    return texts;
+}
+
+/// Counts the refreshes of an editor that edits a curve with a constant end: each toggles the
+/// action of that behaviour.
+class RefreshCounter
+{
+public:
+    explicit RefreshCounter(const CurveEditor& editor)
+        : toggles(editor.findChild<QAction*>("lastConstant"), SIGNAL(toggled(bool)))
+    {}
+
+    /// Since the last call.
+    int taken()
+    {
+        const int number = static_cast<int>(toggles.count());
+        toggles.clear();
+        return number;
+    }
+
+private:
+    QSignalSpy toggles;
+};
