@@ -35,8 +35,8 @@ void BoatPainter::drawBoat(QPainter& painter, double waterLine) const
 void BoatPainter::drawSails(QPainter& painter) const
 {
     const auto hue = static_cast<float>(std::fmod(state.sailHue / 100.0, 1.0));
-    const QColor sail = blend(QColor::fromHsvF(hue, 0.72f, 0.98f), QColor(0x1a2148),
-                              light.darkness() * 0.55);
+    const QColor sail =
+        blend(QColor::fromHsvF(hue, 0.66f, 0.96f), QColor(0x1a2148), light.darkness() * 0.55);
 
     painter.setPen(QPen(light.mix(0x2c2230, 0x5b3a33, 0x7a5236), 1.1, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(QPointF(1.0, 4.0), QPointF(1.0, 44.0));

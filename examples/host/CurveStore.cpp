@@ -36,9 +36,8 @@ HostCurve& CurveStore::add(const QString& node, const QString& name, const QColo
 
 HostCurve* CurveStore::find(const QString& dotName) const
 {
-    const auto found = std::find_if(curves.begin(), curves.end(), [&](const auto& curve) {
-        return curve->dotName() == dotName;
-    });
+    const auto found = std::find_if(curves.begin(), curves.end(),
+                                    [&](const auto& curve) { return curve->dotName() == dotName; });
     return found == curves.end() ? nullptr : found->get();
 }
 

@@ -83,8 +83,8 @@ void HostWindow::createMenus()
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     undoAction = edit->addAction(QString(), QKeySequence::Undo, this, &HostWindow::undo);
-    redoAction = edit->addAction(QString(), QKeySequence(Qt::CTRL | Qt::Key_Y), this,
-                                 &HostWindow::redo);
+    redoAction =
+        edit->addAction(QString(), QKeySequence(Qt::CTRL | Qt::Key_Y), this, &HostWindow::redo);
     // Commands can leave the stacks without a signal, as when the editor's undo levels change.
     connect(edit, &QMenu::aboutToShow, this, &HostWindow::refreshHistory);
 
@@ -125,9 +125,9 @@ void HostWindow::openFiles(const QStringList& paths)
             report(tr("%1 can't be read:\n%2").arg(QDir::toNativeSeparators(path), error));
             continue;
         }
-        HostCurve& curve = store.add(node, store.freeName(node, path),
-                                     colors.at(store.dotNames().size() % colors.size()), -1e6f,
-                                     1e6f);
+        HostCurve& curve =
+            store.add(node, store.freeName(node, path),
+                      colors.at(store.dotNames().size() % colors.size()), -1e6f, 1e6f);
         lend(curve, path);
         opened.append(curve.dotName());
     }
@@ -169,9 +169,8 @@ void HostWindow::refreshHistory()
 {
     const auto show = [](QAction* action, const QString& verb, curve_editor::CurveCommand* next) {
         action->setEnabled(next != nullptr);
-        action->setText(next ? verb + QLatin1Char(' ')
-                                   + QString::fromStdString(next->getDescription())
-                             : verb);
+        action->setText(
+            next ? verb + QLatin1Char(' ') + QString::fromStdString(next->getDescription()) : verb);
     };
     const curve_editor::CurveCommandsManager* manager = editor->getCmdManager();
     show(undoAction, tr("&Undo"), manager->nextUndo());
@@ -199,8 +198,8 @@ void HostWindow::saveSelection()
         HostCurve* curve = store.find(name);
         QString error;
         const QString path = QDir(folder).filePath(name + QStringLiteral(".xml"));
-        if (curve
-            && !curve_editor::writeCurveFile(path, &curve->spline, curve->expression, error)) {
+        if (curve &&
+            !curve_editor::writeCurveFile(path, &curve->spline, curve->expression, error)) {
             report(tr("%1 can't be written:\n%2").arg(QDir::toNativeSeparators(path), error));
         }
     }

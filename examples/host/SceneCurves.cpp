@@ -25,7 +25,8 @@ SceneState sceneAt(const CurveStore& store, double time, double fps)
     SceneState state{};
     state.time = time;
     for (const SceneCurve& curve : sceneCurves()) {
-        const QString name = QLatin1String(curve.node) + QLatin1Char('.') + QLatin1String(curve.name);
+        const QString name =
+            QLatin1String(curve.node) + QLatin1Char('.') + QLatin1String(curve.name);
         state.*curve.field = store.value(name, time, fps);
     }
     return state;

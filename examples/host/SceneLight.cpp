@@ -20,8 +20,7 @@ QColor blend(const QColor& first, const QColor& second, double share)
 {
     const auto part = static_cast<float>(std::clamp(share, 0.0, 1.0));
     const auto between = [part](float from, float to) { return from + (to - from) * part; };
-    return QColor::fromRgbF(between(first.redF(), second.redF()),
-                            between(first.greenF(), second.greenF()),
-                            between(first.blueF(), second.blueF()),
-                            between(first.alphaF(), second.alphaF()));
+    return QColor::fromRgbF(
+        between(first.redF(), second.redF()), between(first.greenF(), second.greenF()),
+        between(first.blueF(), second.blueF()), between(first.alphaF(), second.alphaF()));
 }

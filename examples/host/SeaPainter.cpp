@@ -23,11 +23,12 @@ struct Layer
     QRgb noon;
 };
 
-constexpr std::array<Layer, 4> layers = {{
+constexpr std::array<Layer, 5> layers = {{
     {0.05, 3.0, 26.0, 0.7, 0xff1a2452, 0xffa0607c, 0xff6fb6cf},
     {0.20, 5.0, 38.0, 1.0, 0xff141c46, 0xff74506f, 0xff4a9cc0},
     {0.40, 8.0, 52.0, 1.3, 0xff0f1638, 0xff503f66, 0xff2f82ae},
-    {0.66, 11.0, 70.0, 1.7, 0xff0a102b, 0xff352f55, 0xff1f6796},
+    {0.47, 8.0, 52.0, 1.3, 0xff0d1330, 0xff463a60, 0xff2a79a6},
+    {0.68, 11.0, 70.0, 1.7, 0xff0a102b, 0xff352f55, 0xff1f6796},
 }};
 constexpr int boatLayer = 2; ///< the boat swims before this layer
 
@@ -81,13 +82,15 @@ double SeaPainter::waveAt(int layer, double x) const
 
 void SeaPainter::drawLayer(QPainter& painter, int layer) const
 {
-    QPainterPath water(QPointF(0.0, height));
+    // The outline's sides and bottom stay out of the picture.
+    const double margin = 2.0 * unit;
+    QPainterPath water(QPointF(-margin, height + margin));
     constexpr int steps = 120;
     for (int step = 0; step <= steps; ++step) {
-        const double x = width * step / steps;
+        const double x = (width + 2.0 * margin) * step / steps - margin;
         water.lineTo(x, waveAt(layer, x));
     }
-    water.lineTo(width, height);
+    water.lineTo(width + margin, height + margin);
     water.closeSubpath();
 
     const Layer& row = layers.at(static_cast<std::size_t>(layer));
@@ -104,8 +107,8 @@ void SeaPainter::drawGlitter(QPainter& painter) const
     const double strength = std::clamp((state.sun + 12.0) / 30.0, 0.0, 1.0);
     for (int row = 0; row < 16; ++row) {
         const double y = horizon + unit * (1.0 + row * 0.95);
-        const double half = unit * (3.0 + row * 0.45)
-                            * (0.7 + 0.3 * std::sin(state.time * 3.0 + row * 1.9));
+        const double half =
+            unit * (3.0 + row * 0.45) * (0.7 + 0.3 * std::sin(state.time * 3.0 + row * 1.9));
         QColor color = light.mix(0xff8a5c, 0xffc27a, 0xfffbe0);
         color.setAlphaF(static_cast<float>(strength * (0.8 - row * 0.045)));
         painter.setPen(QPen(color, unit * 0.55, Qt::SolidLine, Qt::RoundCap));

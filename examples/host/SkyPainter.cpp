@@ -92,8 +92,9 @@ void SkyPainter::drawCoast(QPainter& painter, double hillHeight, double shift,
     constexpr int steps = 80;
     for (int step = 0; step <= steps; ++step) {
         const double x = static_cast<double>(step) / steps;
-        const double hill = 0.45 + 0.3 * std::sin(x * 5.3 + shift) + 0.15 * std::sin(x * 13.7 + shift)
-                            + 0.06 * std::sin(x * 31.0 + shift * 3.0);
+        const double hill = 0.45 + 0.3 * std::sin(x * 5.3 + shift) +
+                            0.15 * std::sin(x * 13.7 + shift) +
+                            0.06 * std::sin(x * 31.0 + shift * 3.0);
         coast.lineTo(x * width, height - std::max(hill, 0.0) * hillHeight * unit);
     }
     coast.lineTo(width, height + 2.0);

@@ -24,7 +24,8 @@ TimeLine::TimeLine(double length, double framesPerSecond, QWidget* parent)
     playButton->setToolTip(tr("Play or pause"));
     slider->setRange(0, truncateToInt(duration * fps));
     slider->setPageStep(truncateToInt(fps));
-    position->setMinimumWidth(position->fontMetrics().horizontalAdvance(QStringLiteral("F 0000   00.00 s")));
+    position->setMinimumWidth(
+        position->fontMetrics().horizontalAdvance(QStringLiteral("F 0000   00.00 s")));
     position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 
     auto* row = new QHBoxLayout(this);

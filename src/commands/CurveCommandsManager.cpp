@@ -58,6 +58,16 @@ CurveCommand* CurveCommandsManager::redo()
     return move(redoStack, undoStack, &CurveCommand::redo);
 }
 
+CurveCommand* CurveCommandsManager::nextUndo() const
+{
+    return undoStack.empty() ? nullptr : undoStack.front();
+}
+
+CurveCommand* CurveCommandsManager::nextRedo() const
+{
+    return redoStack.empty() ? nullptr : redoStack.front();
+}
+
 void CurveCommandsManager::clear()
 {
     clearUndoStack();

@@ -48,6 +48,11 @@ public:
     /// Redoes the command that was undone last; otherwise as undo.
     CurveCommand* redo();
 
+    /// What undo and redo would move now, for the labels of a host's menu; null if there is
+    /// nothing. Owned by the manager and valid until the next call that changes the stacks.
+    CurveCommand* nextUndo() const;
+    CurveCommand* nextRedo() const;
+
     /// Frees the commands on both stacks. A command that is running is on neither.
     void clear();
 

@@ -83,6 +83,20 @@ private slots:
         manager.reset();
     }
 
+    void theNextStepsAreShownWithoutMovingThem()
+    {
+        QCOMPARE(manager->nextUndo(), nullptr);
+        QCOMPARE(manager->nextRedo(), nullptr);
+        manager->doCommand(new Step(journal, "a"));
+        manager->doCommand(new Step(journal, "b"));
+        QCOMPARE(nameOf(manager->nextUndo()), QString("b"));
+        QCOMPARE(manager->nextRedo(), nullptr);
+        manager->undo();
+        QCOMPARE(nameOf(manager->nextUndo()), QString("a"));
+        QCOMPARE(nameOf(manager->nextRedo()), QString("b"));
+        QCOMPARE(journal, QStringList({"do a", "do b", "undo b"}));
+    }
+
     void aCopyStartsEnabledEmptyAndWithoutParent()
     {
         QVERIFY(manager->isEnabled());
