@@ -10,7 +10,7 @@ function(zk_compile_options target)
     if(ZK_SANITIZE)
         set(sanitizers
             -fsanitize=address,undefined,float-cast-overflow -fno-sanitize-recover=all
-            -fno-omit-frame-pointer)
+            -fno-omit-frame-pointer -g1)
         target_compile_options(${target} PRIVATE ${sanitizers} -O1)
         target_link_options(${target} PRIVATE ${sanitizers})
         target_compile_definitions(${target} PRIVATE QT_FORCE_ASSERTS _GLIBCXX_ASSERTIONS)
