@@ -124,8 +124,8 @@ void SplineBase::copyPointNoUpdate(PointInfo* target, const PointInfo* source)
 {
     const auto found = find(target);
     if (found != controlPoints.end() && source != nullptr) {
+        orderUpset = orderUpset || target->time != source->time;
         *target = *source;
-        orderUpset = true;
     }
 }
 
