@@ -1,0 +1,231 @@
+#include "core/SplineBase.h"
+#include "curves/CurveFile.h"
+#include "support/FailOnWarning.h"
+#include "support/ParsedExpression.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+using curve_editor::readCurveFile;
+using curve_editor::writeCurveFile;
+
+class TestCurveFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void whatIsWrittenReadsBack_data();
+    void whatIsWrittenReadsBack();
+    void readingReplacesTheExpressionInTheSlot();
+    void readingASplineLeavesTheExpression();
+    void nullSplineAndNullSlotDropWhatBelongsThere();
+    void writingWithoutSplineAndExpression();
+    void aFileWithAnErrorChangesNothing_data();
+    void aFileWithAnErrorChangesNothing();
+    void anErrorBehindTheCurveChangesNothingEither();
+    void aMissingFileIsReported();
+    void aFolderIsReported();
+    void aPathThatCannotBeWrittenIsReported();
+    void aFullDeviceIsReported();
+    void successClearsTheErrorText();
+
+private:
+    QString path(const QString& name) const { return folder.filePath(name); }
+    void write(const QByteArray& text);
+    void setExpression(const std::string& text);
+
+    QTemporaryDir folder;
+    std::unique_ptr<SplineBase> spline;
+    FunctionFloatBase* expression = nullptr;
+    QString error;
+};
+
+void TestCurveFile::init()
+{
+    failOnUnexpectedWarning();
+    spline = std::make_unique<SplineBase>();
+    error = "old";
+}
+
+void TestCurveFile::cleanup()
+{
+    spline.reset();
+    delete expression;
+    expression = nullptr;
+}
+
+void TestCurveFile::write(const QByteArray& text)
+{
+    QFile file(path("curve.xml"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(text);
+}
+
+void TestCurveFile::setExpression(const std::string& text)
+{
+    delete expression;
+    expression = ParsedExpression(text).tree.release();
+}
+
+void TestCurveFile::whatIsWrittenReadsBack_data()
+{
+    QTest::addColumn<bool>("addFunc");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("spline") << false << "";
+    QTest::newRow("expression") << false << "t*2";
+    QTest::newRow("spline plus expression") << true << "t*2";
+    QTest::newRow("spline plus expression without one") << true << "";
+}
+
+void TestCurveFile::whatIsWrittenReadsBack()
+{
+    QFETCH(bool, addFunc);
+    QFETCH(QString, text);
+    spline->addPoint(1.0, 2.0);
+    spline->addPoint(3.0, 4.0);
+    spline->setLastNodeType(SplineBase::loop);
+    spline->setAddFunc(addFunc);
+    if (!text.isEmpty()) {
+        setExpression(text.toStdString());
+    }
+    QVERIFY2(writeCurveFile(path("curve.xml"), spline.get(), expression, error), qPrintable(error));
+
+    SplineBase read;
+    FunctionFloatBase* readExpression = nullptr;
+    QVERIFY2(readCurveFile(path("curve.xml"), &read, &readExpression, error), qPrintable(error));
+    const std::unique_ptr<FunctionFloatBase> owner(readExpression);
+    const bool hasKeys = addFunc || text.isEmpty();
+    QCOMPARE(read.getControlPointsNumber(), hasKeys ? 2u : 0u);
+    QCOMPARE(read.lastNodeType(), hasKeys ? SplineBase::loop : SplineBase::constant);
+    QCOMPARE(read.isAddFunc(), addFunc);
+    QCOMPARE(owner ? QString::fromStdString(owner->getString()) : QString(), text);
+}
+
+void TestCurveFile::readingReplacesTheExpressionInTheSlot()
+{
+    setExpression("1");
+    write("<curve version='1.0'><type>expression</type><expression>t + 2</expression></curve>");
+    QVERIFY(readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t+2"));
+}
+
+void TestCurveFile::readingASplineLeavesTheExpression()
+{
+    setExpression("1");
+    write("<curve version='1.0'><type>spline</type></curve>");
+    QVERIFY(readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QVERIFY(expression);
+}
+
+void TestCurveFile::nullSplineAndNullSlotDropWhatBelongsThere()
+{
+    write("<curve version='1.0'><type>spline-plus-expression</type><expression>t</expression>"
+          "<control-points><point/></control-points></curve>");
+    QVERIFY(readCurveFile(path("curve.xml"), nullptr, nullptr, error));
+    QVERIFY(readCurveFile(path("curve.xml"), spline.get(), nullptr, error));
+    QCOMPARE(spline->getControlPointsNumber(), 1u);
+    QVERIFY(readCurveFile(path("curve.xml"), nullptr, &expression, error));
+    QVERIFY(expression);
+}
+
+void TestCurveFile::writingWithoutSplineAndExpression()
+{
+    spline->addPoint(1.0, 2.0);
+    QVERIFY(writeCurveFile(path("curve.xml"), nullptr, nullptr, error));
+    QVERIFY(readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QCOMPARE(spline->getControlPointsNumber(), 0u);
+}
+
+void TestCurveFile::aFileWithAnErrorChangesNothing_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no XML") << QByteArray("curve") << "at line:1, column:";
+    QTest::newRow("cut off") << QByteArray("<curve version='1.0'>\n<type>spline</type>")
+                             << "at line:2, column:";
+    QTest::newRow("another root") << QByteArray("<spline/>") << "Bad Format";
+    QTest::newRow("no version") << QByteArray("<curve/>") << "Undefined Version\nat line:1";
+    QTest::newRow("no type") << QByteArray("<curve version='1.0'/>")
+                             << "Unknown curve type: <>\nat line:1";
+    QTest::newRow("an expression that does not parse")
+        << QByteArray("<curve version='1.0'><type>spline-plus-expression</type>"
+                      "<expression>nobody+1</expression><control-points/></curve>")
+        << "nobody+1";
+}
+
+void TestCurveFile::aFileWithAnErrorChangesNothing()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, reason);
+    spline->addPoint(1.0, 2.0);
+    spline->setFirstNodeType(SplineBase::loop);
+    setExpression("t+1");
+    write(text);
+    QVERIFY(!readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QVERIFY2(error.contains(reason), qPrintable(error));
+    QCOMPARE(spline->getControlPointsNumber(), 1u);
+    QCOMPARE(spline->firstNodeType(), SplineBase::loop);
+    QVERIFY(!spline->isAddFunc());
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t+1"));
+}
+
+void TestCurveFile::anErrorBehindTheCurveChangesNothingEither()
+{
+    spline->addPoint(1.0, 2.0);
+    write("<curve version='1.0'><type>spline</type><control-points><point><note/><x>1</x><y>2</y>"
+          "<type>step</type></point></control-points></curve>");
+    QVERIFY(!readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QVERIFY(error.startsWith("Bad Format: Expected <curve> instead of <type>\nat line:1"));
+    QCOMPARE(spline->at(0)->time, 1.0);
+    write("<curve version='1.0'><type>spline</type></curve><more/>");
+    QVERIFY(!readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QCOMPARE(spline->getControlPointsNumber(), 1u);
+}
+
+void TestCurveFile::aMissingFileIsReported()
+{
+    QVERIFY(!readCurveFile(path("missing.xml"), spline.get(), &expression, error));
+    QVERIFY(error.contains("missing.xml"));
+}
+
+void TestCurveFile::aFolderIsReported()
+{
+    QVERIFY(!readCurveFile(folder.path(), spline.get(), &expression, error));
+    QVERIFY(error != "old");
+    QVERIFY(!writeCurveFile(folder.path(), spline.get(), expression, error));
+    QVERIFY(QFileInfo(folder.path()).isDir());
+}
+
+void TestCurveFile::aPathThatCannotBeWrittenIsReported()
+{
+    QVERIFY(!writeCurveFile(path("no/such/folder/c.xml"), spline.get(), expression, error));
+    QVERIFY(error.contains("c.xml"));
+}
+
+void TestCurveFile::aFullDeviceIsReported()
+{
+    if (!QFile::exists("/dev/full")) {
+        QSKIP("This system has no device that is always full.");
+    }
+    QVERIFY(!writeCurveFile("/dev/full", spline.get(), expression, error));
+    QVERIFY(error.contains("/dev/full"));
+}
+
+void TestCurveFile::successClearsTheErrorText()
+{
+    QVERIFY(writeCurveFile(path("curve.xml"), spline.get(), expression, error));
+    QVERIFY(error.isEmpty());
+    error = "old";
+    QVERIFY(readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QVERIFY(error.isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestCurveFile)
+#include "test_curve_file.moc"

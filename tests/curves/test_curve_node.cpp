@@ -1,0 +1,420 @@
+#include "canvas/CanvasFunctionBase.h"
+#include "canvas/SplineCurveGraph.h"
+#include "core/ParseMessage.h"
+#include "curves/CurveNodeBase.h"
+#include "curves/CurveType.h"
+#include "support/FailOnWarning.h"
+#include "support/ParsedExpression.h"
+
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+/// A group and its curves, each with a spline and a slot of its own.
+struct Tree
+{
+    struct Host
+    {
+        SplineBase spline;
+        FunctionFloatBase* expression = nullptr;
+        ~Host() { delete expression; }
+    };
+
+    Tree()
+        : top(std::make_unique<CurveNode>(nullptr, "n", ""))
+    {}
+
+    CurveNodeBase* add(CurveNode* group, const QString& name)
+    {
+        hosts.push_back(std::make_unique<Host>());
+        auto* curve =
+            new CurveNodeBase(nullptr, name, group->dotName(), Qt::red, 0.0f, &hosts.back()->spline,
+                              &hosts.back()->expression, -10.0f, 10.0f, true);
+        group->addChild(curve);
+        return curve;
+    }
+
+    CurveNode* addGroup(CurveNode* group, const QString& name)
+    {
+        auto* child = new CurveNode(nullptr, name, group->dotName());
+        group->addChild(child);
+        return child;
+    }
+
+    std::vector<std::unique_ptr<Host>> hosts;
+    std::unique_ptr<CurveNode> top;
+};
+
+FunctionFloatBase* parsed(const std::string& text)
+{
+    return ParsedExpression(text).tree.release();
+}
+
+void setType(CurveNodeBase* curve, const int& type)
+{
+    ParseMessage message;
+    if (type != splineCurve) {
+        curve->setExpression(parsed("1"), message);
+    }
+    curve->setAddFunc(type == splinePlusExpressionCurve);
+}
+
+} // namespace
+
+class TestCurveNode : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aGroupWithoutChildrenIsMixed();
+    void settingAddFuncOnAGroupWithoutChildrenDoesNothing();
+    void aGroupsTypeComesFromItsChildren_data();
+    void aGroupsTypeComesFromItsChildren();
+    void addFuncIsForwardedButNotToPlainSplines();
+    void aTopNodesDottedNameHasNoPoint();
+    void aDottedNameJoinsPathAndName();
+    void namesWithPercentSignsStayWhole();
+    void findingGoesToAnyDepthAndIncludesTheNodeItself();
+    void findingComparesWholeNames();
+    void renamingATopNodeChangesItsNameAndTheChildrensPaths();
+    void renamingATopNodeToADottedNameTakesTheLastElement();
+    void renamingANodeBelowTheTopMovesItsPath();
+    void renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName();
+    void aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename();
+    void changingTheRootReachesAllPaths();
+    void changingTheRootToTheSameDoesNothing();
+    void removingAChildUnlinksItAndTheCallerOwnsIt();
+    void removingADeeperNodeUnlinksIt();
+    void removingAnUnknownNameOrTheNodeItselfDoesNothing();
+    void curvesAreTheLeavesInOrder();
+    void splinesAreThoseOfTheLeavesThatHaveOne();
+    void aGroupHasNoSplineExpressionOrGraph();
+    void removingExpressionsOnAGroupAlwaysRemoves();
+    void aGroupForwardsToEveryChild();
+    void theReportingFlagStaysWithTheNode();
+    void aChildAddedElsewhereLeavesItsFormerGroup();
+    void addingNullOrTheNodeItselfDoesNothing();
+    void deletingANodeTakesItOutOfItsGroup();
+    void aLeafHasNoChildren();
+};
+
+void TestCurveNode::aGroupWithoutChildrenIsMixed()
+{
+    CurveNode group(nullptr, "n", "");
+    QCOMPARE(group.curveType(), int(mixedCurves));
+    QVERIFY(group.curves().isEmpty());
+}
+
+void TestCurveNode::settingAddFuncOnAGroupWithoutChildrenDoesNothing()
+{
+    CurveNode group(nullptr, "n", "");
+    group.setAddFunc(true);
+    QCOMPARE(group.curveType(), int(mixedCurves));
+}
+
+void TestCurveNode::aGroupsTypeComesFromItsChildren_data()
+{
+    QTest::addColumn<QList<int>>("types");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("one spline") << QList<int>{0} << 0;
+    QTest::newRow("expression, then spline plus expression") << QList<int>{1, 2} << 1;
+    QTest::newRow("spline plus expression, then expression") << QList<int>{2, 1} << 2;
+    QTest::newRow("spline and expression") << QList<int>{0, 1} << 3;
+    QTest::newRow("expression and spline") << QList<int>{1, 0} << 3;
+    QTest::newRow("spline and spline plus expression") << QList<int>{0, 2} << 3;
+    QTest::newRow("the spline stands last") << QList<int>{2, 1, 0} << 3;
+}
+
+void TestCurveNode::aGroupsTypeComesFromItsChildren()
+{
+    QFETCH(QList<int>, types);
+    QFETCH(int, expected);
+    Tree tree;
+    for (const int& type : types) {
+        setType(tree.add(tree.top.get(), QString::number(type)), type);
+    }
+    QCOMPARE(tree.top->curveType(), expected);
+    // A mixed child group makes its parent mixed.
+    CurveNode* empty = tree.addGroup(tree.top.get(), "empty");
+    QCOMPARE(empty->curveType(), int(mixedCurves));
+    QCOMPARE(tree.top->curveType(), int(mixedCurves));
+}
+
+void TestCurveNode::addFuncIsForwardedButNotToPlainSplines()
+{
+    Tree tree;
+    CurveNodeBase* curve = tree.add(tree.top.get(), "c");
+    tree.top->setAddFunc(true);
+    QVERIFY(!curve->spline()->isAddFunc());
+    setType(curve, expressionCurve);
+    tree.top->setAddFunc(true);
+    QVERIFY(curve->spline()->isAddFunc());
+    tree.top->setAddFunc(false);
+    QVERIFY(!curve->spline()->isAddFunc());
+}
+
+void TestCurveNode::aTopNodesDottedNameHasNoPoint()
+{
+    const CurveNode group(nullptr, "n", "");
+    QCOMPARE(group.dotName(), QString("n"));
+    QCOMPARE(group.name(), QString("n"));
+    QCOMPARE(group.path(), QString());
+}
+
+void TestCurveNode::aDottedNameJoinsPathAndName()
+{
+    const CurveNode group(nullptr, "b", "n.a");
+    QCOMPARE(group.dotName(), QString("n.a.b"));
+    QCOMPARE(group.name(), QString("b"));
+    QCOMPARE(group.path(), QString("n.a"));
+}
+
+void TestCurveNode::namesWithPercentSignsStayWhole()
+{
+    const CurveNode group(nullptr, "%1", "%2");
+    QCOMPARE(group.dotName(), QString("%2.%1"));
+}
+
+void TestCurveNode::findingGoesToAnyDepthAndIncludesTheNodeItself()
+{
+    Tree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* b = tree.addGroup(a, "b");
+    CurveNode* leaf = tree.add(b, "c");
+    QCOMPARE(tree.top->findNode("n"), tree.top.get());
+    QCOMPARE(tree.top->findNode("n.a.b"), b);
+    QCOMPARE(tree.top->findNode("n.a.b.c"), leaf);
+    QVERIFY(!tree.top->findNode("n.a.c"));
+    QVERIFY(!tree.top->findNode(""));
+}
+
+void TestCurveNode::findingComparesWholeNames()
+{
+    Tree tree;
+    tree.add(tree.top.get(), "width");
+    QVERIFY(!tree.top->findNode("n.widt"));
+    QVERIFY(!tree.top->findNode("n.widths"));
+    QVERIFY(!tree.top->findNode("m.width"));
+    QVERIFY(!tree.top->findNode("n_width"));
+    QVERIFY(!tree.top->findNode("n.Width"));
+    QVERIFY(!tree.top->findNode("width"));
+}
+
+void TestCurveNode::renamingATopNodeChangesItsNameAndTheChildrensPaths()
+{
+    Tree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    tree.top->setDotName("m");
+    QCOMPARE(tree.top->dotName(), QString("m"));
+    QCOMPARE(tree.top->path(), QString());
+    QCOMPARE(a->dotName(), QString("m.a"));
+    QCOMPARE(leaf->dotName(), QString("m.a.c"));
+}
+
+void TestCurveNode::renamingATopNodeToADottedNameTakesTheLastElement()
+{
+    Tree tree;
+    CurveNode* leaf = tree.add(tree.top.get(), "c");
+    tree.top->setDotName("x.y");
+    QCOMPARE(tree.top->dotName(), QString("y"));
+    QCOMPARE(leaf->dotName(), QString("y.c"));
+}
+
+void TestCurveNode::renamingANodeBelowTheTopMovesItsPath()
+{
+    Tree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    a->setDotName("m.k.b");
+    QCOMPARE(a->path(), QString("m.k"));
+    QCOMPARE(a->name(), QString("b"));
+    QCOMPARE(leaf->dotName(), QString("m.k.b.c"));
+}
+
+void TestCurveNode::renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName()
+{
+    CurveNode group(nullptr, "a", "n");
+    group.setDotName("b");
+    QCOMPARE(group.dotName(), QString("b.b"));
+}
+
+void TestCurveNode::aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename()
+{
+    Tree tree;
+    CurveNodeBase* leaf = tree.add(tree.top.get(), "b");
+    leaf->setPath("n.b");
+    tree.top->setDotName("m");
+    QCOMPARE(leaf->dotName(), QString("m.b.b"));
+    CurveNode* group = tree.addGroup(tree.top.get(), "g");
+    group->addChild(leaf);
+    leaf->setPath("m.g.b");
+    tree.top->setPath("p");
+    QCOMPARE(leaf->dotName(), QString("p.m.g.b.b"));
+    group->setRootName("q");
+    QCOMPARE(leaf->dotName(), QString("q.m.g.b.b"));
+}
+
+void TestCurveNode::changingTheRootReachesAllPaths()
+{
+    Tree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    a->setRootName("m");
+    QCOMPARE(a->dotName(), QString("m.a"));
+    QCOMPARE(leaf->dotName(), QString("m.a.c"));
+    leaf->setRootName("k");
+    QCOMPARE(leaf->dotName(), QString("k.a.c"));
+}
+
+void TestCurveNode::changingTheRootToTheSameDoesNothing()
+{
+    Tree tree;
+    CurveNode* leaf = tree.add(tree.top.get(), "c");
+    leaf->setRootName("n");
+    QCOMPARE(leaf->dotName(), QString("n.c"));
+}
+
+void TestCurveNode::removingAChildUnlinksItAndTheCallerOwnsIt()
+{
+    Tree tree;
+    const std::unique_ptr<CurveNode> leaf(tree.add(tree.top.get(), "c"));
+    tree.top->removeNode("n.c");
+    QVERIFY(tree.top->children()->isEmpty());
+    QVERIFY(!leaf->parentNode());
+    QCOMPARE(leaf->dotName(), QString("n.c"));
+}
+
+void TestCurveNode::removingADeeperNodeUnlinksIt()
+{
+    Tree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    const std::unique_ptr<CurveNode> leaf(tree.add(a, "c"));
+    tree.top->removeNode("n.a.c");
+    QVERIFY(a->children()->isEmpty());
+    QCOMPARE(tree.top->children()->size(), 1);
+}
+
+void TestCurveNode::removingAnUnknownNameOrTheNodeItselfDoesNothing()
+{
+    Tree tree;
+    tree.add(tree.top.get(), "c");
+    tree.top->removeNode("n.d");
+    tree.top->removeNode("n");
+    QCOMPARE(tree.top->children()->size(), 1);
+}
+
+void TestCurveNode::curvesAreTheLeavesInOrder()
+{
+    Tree tree;
+    CurveNode* first = tree.add(tree.top.get(), "1");
+    CurveNode* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
+    CurveNode* third = tree.add(tree.top.get(), "3");
+    QCOMPARE(tree.top->curves(), (QList<CurveNode*>{first, second, third}));
+    QCOMPARE(second->curves(), QList<CurveNode*>{second});
+}
+
+void TestCurveNode::splinesAreThoseOfTheLeavesThatHaveOne()
+{
+    Tree tree;
+    tree.add(tree.top.get(), "1");
+    tree.top->addChild(
+        new CurveNodeBase(nullptr, "2", "n", Qt::red, 0.0f, nullptr, nullptr, 0.0f, 1.0f, true));
+    tree.add(tree.addGroup(tree.top.get(), "a"), "3");
+    QCOMPARE(tree.top->splines(),
+             (QList<SplineBase*>{&tree.hosts[0]->spline, &tree.hosts[1]->spline}));
+}
+
+void TestCurveNode::aGroupHasNoSplineExpressionOrGraph()
+{
+    CurveNode group(nullptr, "n", "");
+    QVERIFY(!group.isCurve());
+    QVERIFY(!group.spline());
+    QVERIFY(!group.expression());
+    QVERIFY(!group.expressionSlot());
+    QVERIFY(!group.splineGraph());
+    group.reserved();
+}
+
+void TestCurveNode::removingExpressionsOnAGroupAlwaysRemoves()
+{
+    Tree tree;
+    CurveNodeBase* curve = tree.add(tree.top.get(), "c");
+    setType(curve, expressionCurve);
+    tree.top->removeExpression(false);
+    QVERIFY(!curve->expression());
+}
+
+void TestCurveNode::aGroupForwardsToEveryChild()
+{
+    Tree tree;
+    CurveNodeBase* first = tree.add(tree.top.get(), "1");
+    CurveNodeBase* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
+    tree.top->setActive(true);
+    tree.top->setColor(Qt::blue, Qt::white);
+    first->spline()->addPoint(0.0, 1.0);
+    second->spline()->addPoint(0.0, 1.0);
+    tree.top->reset();
+    for (CurveNodeBase* curve : {first, second}) {
+        QVERIFY(curve->splineGraph()->isActive);
+        QCOMPARE(curve->curveColor(), QColor(Qt::blue));
+        QCOMPARE(curve->spline()->getControlPointsNumber(), 0u);
+    }
+}
+
+void TestCurveNode::theReportingFlagStaysWithTheNode()
+{
+    Tree tree;
+    CurveNodeBase* curve = tree.add(tree.top.get(), "c");
+    QVERIFY(tree.top->notifiesHost());
+    tree.top->setNotifiesHost(false);
+    QVERIFY(!tree.top->notifiesHost());
+    QVERIFY(curve->notifiesHost());
+}
+
+void TestCurveNode::aChildAddedElsewhereLeavesItsFormerGroup()
+{
+    Tree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    tree.top->addChild(leaf);
+    QVERIFY(a->children()->isEmpty());
+    QCOMPARE(leaf->parentNode(), tree.top.get());
+    tree.top->addChild(leaf);
+    QCOMPARE(tree.top->children()->count(leaf), 1);
+}
+
+void TestCurveNode::addingNullOrTheNodeItselfDoesNothing()
+{
+    CurveNode group(nullptr, "n", "");
+    group.addChild(nullptr);
+    group.addChild(&group);
+    QVERIFY(group.children()->isEmpty());
+}
+
+void TestCurveNode::deletingANodeTakesItOutOfItsGroup()
+{
+    Tree tree;
+    delete tree.add(tree.top.get(), "c");
+    QVERIFY(tree.top->children()->isEmpty());
+}
+
+void TestCurveNode::aLeafHasNoChildren()
+{
+    Tree tree;
+    CurveNodeBase* leaf = tree.add(tree.top.get(), "c");
+    const std::unique_ptr<CurveNode> other(new CurveNode(nullptr, "x", ""));
+    leaf->addChild(other.get());
+    leaf->removeNode("n.c");
+    QVERIFY(leaf->isCurve());
+    QVERIFY(!leaf->children());
+    QVERIFY(!other->parentNode());
+    QCOMPARE(leaf->parentNode(), tree.top.get());
+}
+
+QTEST_MAIN(TestCurveNode)
+#include "test_curve_node.moc"
