@@ -2,6 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
+#include "commands/CurveCommand.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
