@@ -1,6 +1,7 @@
 #include "editor/Catalogue.h"
 
 #include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
 
 #include <QRandomGenerator>
 

@@ -1,6 +1,7 @@
 // What a host does with the list of curves: adding, looking up, removing, renaming.
 
 #include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
 
 #include "curves/CurveNodeBase.h"
 

@@ -1,0 +1,481 @@
+// One-shot commands on keys: adding, deleting, types, and the behaviour beyond the ends.
+
+#include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
+#include "support/HostEar.h"
+
+#include "commands/CommandAddPoint.h"
+#include "commands/CommandDelPoints.h"
+#include "commands/CommandSetLastNode.h"
+#include "commands/CommandSetPointsType.h"
+
+using namespace curve_editor;
+
+namespace {
+
+QList<double> times(SplineBase& spline)
+{
+    QList<double> all;
+    for (const PointInfo* point : spline.getControlPoints()) {
+        all.append(point->time);
+    }
+    return all;
+}
+
+/// How often the editor refreshes itself: each refresh toggles the action of the first curve's
+/// behaviour after its last key.
+class RefreshCounter
+{
+public:
+    explicit RefreshCounter(CurveEditor& editor)
+    {
+        for (QAction* action : editor.findChildren<QAction*>()) {
+            if (action->isCheckable() && action->text() == QLatin1String("Loop")) {
+                QObject::connect(action, &QAction::toggled, action, [this] { ++count; });
+            }
+        }
+    }
+
+    int take() { return std::exchange(count, 0); }
+
+private:
+    int count = 0;
+};
+
+} // namespace
+
+class TestPointCommands : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aNewKeyHoldsTheDefaults_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("broken");
+        QTest::newRow("bezier, unified") << 1 << false;
+        QTest::newRow("stepped, broken") << 3 << true;
+    }
+
+    void aNewKeyHoldsTheDefaults()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, broken);
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {9, 9}});
+        fixture.logic().defaultNodeType = type;
+        fixture.logic().defaultBrokenTangent = broken;
+        NodeStruct* const record = fixture.editor.searchAllNodeList("n.a");
+        QVERIFY(fixture.editor.getCmdManager()->doCommand(
+            new CommandAddPoint(&fixture.editor, record, 5.0, 7.0)));
+        const PointInfo* const key = curve.spline.at(1);
+        QCOMPARE(key->time, 5.0);
+        QCOMPARE(key->value, 7.0);
+        QCOMPARE(int(key->type), type);
+        QCOMPARE(key->unifiedTangents, !broken);
+        QCOMPARE(key->bezier.tangentLeft, 0.0);
+        QCOMPARE(key->bezier.tangentRight, 0.0);
+        QCOMPARE(key->tcb.tension, 0.0);
+        QCOMPARE(key->tcb.continuity, 0.0);
+        QCOMPARE(key->tcb.bias, 0.0);
+        QCOMPARE(key->tcb.easeTo, 0.0);
+        QCOMPARE(key->tcb.easeFrom, 0.0);
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, key);
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints.size(), 1);
+    }
+
+    void undoTakesOutTheVeryKeyAndRedoPutsItBack()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{5, 1}, {9, 9}});
+        fixture.selectKeys("n.a", {0, 1});
+        PointInfo* const old = curve.spline.at(0);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.doCommand(new CommandAddPoint(&fixture.editor,
+                                              fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        QCOMPARE(times(curve.spline), (QList<double>{5, 5, 9}));
+        PointInfo* const added = fixture.selectionOf("n.a").currentPoint;
+        QVERIFY(added != old);
+        QCOMPARE(QString::fromStdString(manager.undo()->getDescription()),
+                 QString("Add New Control Point"));
+        QCOMPARE(curve.spline.findIndex(added), -1);
+        QCOMPARE(curve.spline.findIndex(old), 0);
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints.size(), 2);
+        manager.redo();
+        QVERIFY(curve.spline.findIndex(added) >= 0);
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints, QList<PointInfo*>{added});
+    }
+
+    void aMissingNodeOrSplineRefusesTheKey()
+    {
+        EditorFixture fixture;
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(!manager.doCommand(new CommandAddPoint(&fixture.editor, nullptr, 1.0, 1.0)));
+        fixture.editor.addCurve("n", "a", Qt::red, 0, nullptr, nullptr, 0, 1, true, true);
+        QVERIFY(!manager.doCommand(new CommandAddPoint(
+            &fixture.editor, fixture.editor.searchAllNodeList("n.a"), 1.0, 1.0)));
+        QVERIFY(!manager.undo());
+    }
+
+    void addingTellsTheHostAndThenRefreshes()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a.b", {{1, 1}});
+        curve.spline.setLastNodeType(SplineBase::loop);
+        HostEar host(fixture.editor);
+        RefreshCounter refreshes(fixture.editor);
+        fixture.editor.getCmdManager()->doCommand(new CommandAddPoint(
+            &fixture.editor, fixture.editor.searchAllNodeList("n.a.b"), 5.0, 7.0));
+        QCOMPARE(host.take(), QStringList{"n|a.b"});
+        QCOMPARE(refreshes.take(), 1);
+        fixture.editor.getCmdManager()->undo();
+        QCOMPARE(host.take(), QStringList{"n|a.b"});
+        QCOMPARE(refreshes.take(), 1);
+        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(host.take(), QStringList{"n|a.b"});
+        QCOMPARE(refreshes.take(), 1);
+    }
+
+    void undoOfAKeyOnACurveThatLeftTheCanvasTellsNobodyButRefreshes()
+    {
+        EditorFixture fixture;
+        LentCurve& other = fixture.addCurve("n.b", {{1, 1}});
+        other.spline.setLastNodeType(SplineBase::loop);
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
+        fixture.editor.getCmdManager()->doCommand(new CommandAddPoint(
+            &fixture.editor, fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        fixture.editor.removeCurveFromEditing("n.a");
+        fixture.editor.selectNodes(QString("n.b"));
+        HostEar host(fixture.editor);
+        RefreshCounter refreshes(fixture.editor);
+        fixture.editor.getCmdManager()->undo();
+        QCOMPARE(times(curve.spline), QList<double>{1});
+        QVERIFY(host.take().isEmpty());
+        QCOMPARE(refreshes.take(), 1);
+        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(times(curve.spline), (QList<double>{1, 5}));
+        QVERIFY(host.take().isEmpty());
+        QCOMPARE(refreshes.take(), 1);
+    }
+
+    void deletingTakesTheSelectedKeysOfEachCurve()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
+        LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0, 2});
+        fixture.selectKeys("n.b", {});
+        HostEar host(fixture.editor);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(manager.doCommand(new CommandDelPoints(&fixture.editor)));
+        QCOMPARE(times(a.spline), QList<double>{2});
+        QCOMPARE(times(b.spline), (QList<double>{1, 2}));
+        QCOMPARE(host.take(), QStringList{"n|a"});
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+
+        fixture.selectKeys("n.b", {1});
+        PointInfo* const otherKey = b.spline.at(1);
+        manager.undo();
+        QCOMPARE(times(a.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
+                 (QList<PointInfo*>{a.spline.at(0), a.spline.at(2)}));
+        QCOMPARE(times(b.spline), (QList<double>{1, 2}));
+        QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
+        QVERIFY(b.spline.findIndex(otherKey) >= 0);
+
+        manager.redo();
+        QCOMPARE(times(a.spline), QList<double>{2});
+        QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
+    }
+
+    void deletingNothingKeepsNoCommandButReports()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
+        curve.spline.setLastNodeType(SplineBase::loop);
+        HostEar host(fixture.editor);
+        RefreshCounter refreshes(fixture.editor);
+        QVERIFY(!fixture.editor.getCmdManager()->doCommand(new CommandDelPoints(&fixture.editor)));
+        QVERIFY(host.take().isEmpty());
+        QCOMPARE(refreshes.take(), 1); // the report of an empty list
+        QVERIFY(!fixture.editor.getCmdManager()->undo());
+    }
+
+    void redoDeletesTheRecordedKeysWhateverIsSelectedByThen()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
+        fixture.selectKeys("n.a", {1});
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.doCommand(new CommandDelPoints(&fixture.editor));
+        manager.undo();
+        fixture.selectKeys("n.a", {0, 2});
+        manager.redo();
+        QCOMPARE(times(curve.spline), (QList<double>{1, 3}));
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+        manager.undo();
+        QCOMPARE(times(curve.spline), (QList<double>{1, 2, 3}));
+    }
+
+    void deletingOnACurveThatLeftTheCanvasIsStillTakenBack()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
+        fixture.selectKeys("n.a", {0});
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.doCommand(new CommandDelPoints(&fixture.editor));
+        fixture.editor.removeCurve("n", "a");
+        manager.undo();
+        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        manager.redo();
+        QCOMPARE(times(curve.spline), QList<double>{2});
+    }
+
+    void aReaddedCurveWithAnotherSplineIsLeftAloneByOlderCommands()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
+        LentCurve other;
+        other.addKey(1, 1);
+        other.addKey(2, 2);
+        fixture.selectKeys("n.a", {0});
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.doCommand(new CommandDelPoints(&fixture.editor));
+        fixture.editor.removeCurve("n", "a");
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &other.spline, nullptr, 0, 1, true, true);
+        fixture.selectionOf("n.a").selectPoints({other.spline.at(1)});
+        manager.undo();
+        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints, QList<PointInfo*>{other.spline.at(1)});
+        manager.redo();
+        QCOMPARE(times(curve.spline), QList<double>{2});
+        QCOMPARE(times(other.spline), (QList<double>{1, 2}));
+        fixture.editor.removeCurve("n", "a");
+    }
+
+    void theTypeOfTheSelectedKeysIsSetAndTakenBack()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve(
+            "n.a", {{1, 1, zk_spline::linear}, {2, 2, zk_spline::tcb}, {3, 3, zk_spline::bezier}});
+        fixture.selectKeys("n.a", {0, 1});
+        HostEar host(fixture.editor);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
+        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::tcb));
+        QCOMPARE(int(curve.spline.at(1)->type), int(zk_spline::tcb));
+        QCOMPARE(int(curve.spline.at(2)->type), int(zk_spline::bezier));
+        manager.undo();
+        QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::linear));
+        QCOMPARE(int(curve.spline.at(1)->type), int(zk_spline::tcb));
+        QCOMPARE(host.take(), QStringList{"n|a"});
+        manager.redo();
+        QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::tcb));
+        QCOMPARE(host.take(), QStringList{"n|a"});
+    }
+
+    void theTypeThatAllSelectedKeysHaveIsNoStep()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1, zk_spline::tcb}, {2, 2, zk_spline::tcb}, {3, 3}});
+        fixture.selectKeys("n.a", {0, 1});
+        HostEar host(fixture.editor);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
+        fixture.selectKeys("n.a", {});
+        QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
+        QVERIFY(host.take().isEmpty());
+        QVERIFY(!manager.undo());
+    }
+
+    void theBehaviourOfAllEditedCurvesIsSetAndTakenBack_data()
+    {
+        QTest::addColumn<bool>("isFirst");
+        QTest::newRow("first") << true;
+        QTest::newRow("last") << false;
+    }
+
+    void theBehaviourOfAllEditedCurvesIsSetAndTakenBack()
+    {
+        QFETCH(bool, isFirst);
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{1, 1}});
+        LentCurve& b = fixture.addCurve("n.b", {{1, 1}});
+        const auto behaviour = [&](const LentCurve& curve) {
+            return int(isFirst ? curve.spline.firstNodeType() : curve.spline.lastNodeType());
+        };
+        a.spline.setFirstNodeType(SplineBase::zero);
+        a.spline.setLastNodeType(SplineBase::zero);
+        b.spline.setFirstNodeType(SplineBase::loopOffset);
+        b.spline.setLastNodeType(SplineBase::loopOffset);
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        HostEar host(fixture.editor);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(
+            manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::zero, isFirst)));
+        QCOMPARE(behaviour(a), int(SplineBase::zero));
+        QCOMPARE(behaviour(b), int(SplineBase::zero));
+        QVERIFY(b.spline.hasChanged());
+        QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
+        fixture.editor.removeCurveFromEditing("n.b"); // it works on the spline alone
+        QCOMPARE(QString::fromStdString(manager.undo()->getDescription()),
+                 QString(isFirst ? "Set First Node Behaviour" : "Set Last Node Behaviour"));
+        QCOMPARE(behaviour(a), int(SplineBase::zero));
+        QCOMPARE(behaviour(b), int(SplineBase::loopOffset));
+        manager.redo();
+        QCOMPARE(behaviour(b), int(SplineBase::zero));
+    }
+
+    void theBehaviourThatAllCurvesHaveIsNoStepButReportsAndRefreshes()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
+        curve.spline.setLastNodeType(SplineBase::loop);
+        HostEar host(fixture.editor);
+        RefreshCounter refreshes(fixture.editor);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(
+            !manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::loop, false)));
+        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(refreshes.take(), 2); // its own, and that of the report
+        QVERIFY(!manager.undo());
+    }
+
+    void curvesThatAreExpressionsOnlyAreUntouched()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}}, "t");
+        fixture.selectionOf("n.a").selectPoints({curve.spline.at(0), curve.spline.at(1)});
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(!manager.doCommand(new CommandDelPoints(&fixture.editor)));
+        QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
+        QVERIFY(
+            !manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::loop, true)));
+        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(int(curve.spline.firstNodeType()), int(SplineBase::constant));
+    }
+
+    void splinePlusExpressionCurvesHaveKeysToo()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}}, "t");
+        curve.spline.setAddFunc(true);
+        fixture.selectKeys("n.a", {0});
+        QVERIFY(fixture.editor.getCmdManager()->doCommand(new CommandDelPoints(&fixture.editor)));
+        QCOMPARE(times(curve.spline), QList<double>{2});
+    }
+
+    void twoCurvesOfOneSplineDeleteAKeyOnce()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
+        fixture.editor.addCurve("n", "b", Qt::red, 0, &curve.spline, nullptr, 0, 1, true, true);
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0});
+        fixture.selectionOf("n.b").selectPoints({curve.spline.at(0), curve.spline.at(1)});
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QVERIFY(manager.doCommand(new CommandDelPoints(&fixture.editor)));
+        QCOMPARE(times(curve.spline), QList<double>{});
+        QVERIFY(fixture.selectionOf("n.b").selectedPoints.isEmpty());
+        manager.undo();
+        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        manager.redo();
+        manager.clear();
+        QCOMPARE(times(curve.spline), QList<double>{});
+    }
+
+    void aKeyThatTheHostTookIsNotTakenAgain()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.doCommand(new CommandAddPoint(&fixture.editor,
+                                              fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        fixture.selectionOf("n.a").clear();
+        const std::unique_ptr<PointInfo> taken(curve.spline.at(1));
+        curve.spline.remove(taken.get());
+        manager.undo();
+        manager.redo();
+        QCOMPARE(times(curve.spline), QList<double>{1});
+    }
+
+    void aDestroyedSplineIsNeverTouchedAgain_data()
+    {
+        QTest::addColumn<int>("undone");
+        QTest::addColumn<QString>("then");
+        for (int undone = 0; undone <= 5; ++undone) {
+            for (const char* then : {"undo and redo", "clear", "close"}) {
+                QTest::addRow("%d undone, %s", undone, then) << undone << QString(then);
+            }
+        }
+    }
+
+    void aDestroyedSplineIsNeverTouchedAgain()
+    {
+        QFETCH(int, undone);
+        QFETCH(QString, then);
+        EditorFixture fixture;
+        auto curve = std::make_unique<LentCurve>();
+        curve->addKey(1, 1);
+        curve->addKey(2, 2);
+        LentCurve& other = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
+        CurveEditor& editor = fixture.editor;
+        editor.addCurve("n", "a", Qt::red, 0, &curve->spline, &curve->expression, 0, 1, true, true);
+        editor.selectNodes(QStringList{"n.a", "n.b"});
+        CurveCommandsManager& manager = *editor.getCmdManager();
+        manager.doCommand(new CommandAddPoint(&editor, editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        editor.selectAllKeys();
+        manager.doCommand(new CommandSetPointsType(&editor, zk_spline::stepped));
+        manager.doCommand(new CommandSetLastNode(&editor, SplineBase::loop, false));
+        manager.doCommand(new CommandDelPoints(&editor));
+        for (int i = 0; i < undone; ++i) {
+            manager.undo();
+        }
+        curve.reset();
+        if (then == "undo and redo") {
+            for (int round = 0; round < 2; ++round) {
+                while (manager.undo()) {
+                }
+                QCOMPARE(times(other.spline), (QList<double>{1, 2}));
+                while (manager.redo()) {
+                }
+                QCOMPARE(times(other.spline), QList<double>{});
+            }
+        } else if (then == "clear") {
+            manager.clear();
+        }
+    }
+
+    void labels_data()
+    {
+        QTest::addColumn<QString>("label");
+        QTest::newRow("add") << "Add New Control Point";
+        QTest::newRow("delete") << "Delete Control Points";
+        QTest::newRow("type") << "Set Control Points Type";
+    }
+
+    void labels()
+    {
+        QFETCH(QString, label);
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.editor.selectAllKeys();
+        CurveEditor& editor = fixture.editor;
+        const std::unique_ptr<CurveCommand> commands[] = {
+            std::make_unique<CommandAddPoint>(&editor, nullptr, 0.0, 0.0),
+            std::make_unique<CommandDelPoints>(&editor),
+            std::make_unique<CommandSetPointsType>(&editor, zk_spline::tcb)};
+        int found = 0;
+        for (const auto& command : commands) {
+            found += QString::fromStdString(command->getDescription()) == label;
+        }
+        QCOMPARE(found, 1);
+    }
+};
+
+QTEST_MAIN(TestPointCommands)
+#include "test_point_commands.moc"

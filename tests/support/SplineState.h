@@ -1,0 +1,71 @@
+#pragma once
+
+#include "core/SplineBase.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <vector>
+
+/// All that a spline holds, bit for bit; keys of equal times are compared in any order.
+class SplineState
+{
+public:
+    SplineState() = default;
+
+    explicit SplineState(SplineBase& spline)
+        : behaviours{spline.firstNodeType(), spline.lastNodeType()}
+        , addFunc(spline.isAddFunc())
+        , defaultValue(spline.getDefaultValue())
+    {
+        for (const PointInfo* point : spline.getControlPoints()) {
+            keys.push_back(bitsOf(*point));
+            times.push_back(point->time);
+        }
+        for (std::size_t first = 0; first < keys.size();) {
+            std::size_t end = first + 1;
+            while (end < keys.size() && times[end] == times[first]) {
+                ++end;
+            }
+            const auto begin = keys.begin();
+            std::sort(begin + static_cast<std::ptrdiff_t>(first),
+                      begin + static_cast<std::ptrdiff_t>(end));
+            first = end;
+        }
+    }
+
+    bool operator==(const SplineState& other) const
+    {
+        return keys == other.keys && behaviours == other.behaviours && addFunc == other.addFunc &&
+               std::memcmp(&defaultValue, &other.defaultValue, sizeof defaultValue) == 0;
+    }
+
+    /// The fields of a key as bits, without the padding of the record.
+    using Bits = std::array<unsigned long long, 11>;
+
+    static Bits bitsOf(const PointInfo& point)
+    {
+        const double fields[] = {point.time,
+                                 point.value,
+                                 point.bezier.tangentLeft,
+                                 point.bezier.tangentRight,
+                                 point.tcb.tension,
+                                 point.tcb.continuity,
+                                 point.tcb.bias,
+                                 point.tcb.easeTo,
+                                 point.tcb.easeFrom};
+        Bits bits{};
+        static_assert(sizeof fields == 9 * sizeof bits[0]);
+        std::memcpy(bits.data(), fields, sizeof fields);
+        bits[9] = static_cast<unsigned long long>(point.type);
+        bits[10] = point.unifiedTangents;
+        return bits;
+    }
+
+private:
+    std::vector<Bits> keys;
+    std::vector<double> times;
+    std::array<SplineBase::nodeType, 2> behaviours{};
+    bool addFunc = false;
+    double defaultValue = 0.0;
+};
