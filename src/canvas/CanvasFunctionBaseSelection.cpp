@@ -7,11 +7,6 @@
 
 #include <algorithm>
 
-bool CanvasFunctionBase::isEditing() const
-{
-    return !editing.isEmpty();
-}
-
 QList<SplineCurveGraph*> CanvasFunctionBase::editableGraphs() const
 {
     QList<SplineCurveGraph*> graphs;
