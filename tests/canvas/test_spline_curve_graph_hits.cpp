@@ -98,7 +98,7 @@ private slots:
         on->rebuild();
         on->graph.selection().selectSinglePoint(key);
         QVERIFY(!on->graph.hitTest(QPoint(215, 85)));
-        QCOMPARE(on->graph.hitTest(QPoint(222, 100)), key);
+        QCOMPARE(on->graph.hitTest(QPoint(218, 100)), key);
         QCOMPARE(on->graph.selection().keyPart, int(ControlSplineNode::handleLine));
     }
 
