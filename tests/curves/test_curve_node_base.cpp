@@ -33,8 +33,8 @@ void writeKey(const char* name, const double& value)
 class CurveOfType : public CurveNodeBase
 {
 public:
-    CurveOfType(const int& claimed, FunctionFloatBase** slot)
-        : CurveNodeBase(nullptr, "c", "n", Qt::red, 0.0f, nullptr, slot, -10.0f, 10.0f, true)
+    CurveOfType(const int& claimed, FunctionFloatBase** hostSlot)
+        : CurveNodeBase(nullptr, "c", "n", Qt::red, 0.0f, nullptr, hostSlot, -10.0f, 10.0f, true)
         , type(claimed)
     {}
     int curveType() override { return type; }
