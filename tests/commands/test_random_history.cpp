@@ -151,7 +151,7 @@ public:
         switch (random.bounded(13)) {
         case 0:
             manager().doCommand(new CommandAddPoint(
-                &editor(), editor().searchAllNodeList(names()[random.bounded(names().size())]),
+                &editor(), editor().searchAllNodeList(names()[random.bounded(int(names().size()))]),
                 number(), number()));
             break;
         case 1:
@@ -215,7 +215,7 @@ public:
 
     void changeSet()
     {
-        const int curve = random.bounded(names().size());
+        const int curve = random.bounded(int(names().size()));
         switch (random.bounded(6)) {
         case 0:
             editor().removeCurvesFromEditing();
