@@ -1,12 +1,12 @@
 #include "editor/CurveEditor.h"
 #include "editor/MenuTable.h"
 #include "editor/ToolbarTable.h"
+#include "editor/TopToolBar.h"
 
 #include <QAction>
 #include <QCursor>
 #include <QIcon>
 #include <QMenu>
-#include <QToolBar>
 #include <QToolButton>
 
 using namespace curve_editor;
@@ -110,18 +110,13 @@ void CurveEditor::initToolButtonStates()
 
 void CurveEditor::addTopToolbar(const QString& name, const topToolBars& which)
 {
-    auto* const toolbar = new QToolBar(name, topToolbar);
+    auto* const toolbar = new TopToolBar(name, topToolbar);
     QAction* const action = menus[toolbarsSubMenu]->addAction(name);
     action->setCheckable(true);
     action->toggle();
     topToolBarActions[which] = action;
     connect(action, SIGNAL(triggered()), this, SLOT(refreshEditor()));
 
-    toolbar->setMovable(true);
-    toolbar->setFloatable(true);
-    toolbar->setAcceptDrops(true);
-    toolbar->setAllowedAreas(Qt::AllToolBarAreas);
-    toolbar->setContentsMargins(0, 0, 0, 0);
     topToolBarList[which] = toolbar;
     hboxLayout->addWidget(toolbar);
 }

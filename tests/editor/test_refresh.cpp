@@ -4,6 +4,9 @@
 
 #include <QPushButton>
 
+#include <memory>
+#include <vector>
+
 namespace {
 
 /// What a set of curves being edited is like.
@@ -57,6 +60,16 @@ class TestRefresh : public QObject
 
 private slots:
     void init() { failOnUnexpectedWarning(); }
+
+    void initTestCase()
+    {
+        for (int set = emptySet; set <= splineAndExpression; ++set) {
+            fixtures.push_back(std::make_unique<EditorFixture>());
+            prepare(*fixtures.back(), set);
+        }
+    }
+
+    void cleanupTestCase() { fixtures.clear(); }
 
     void aNewEditorHasFileKeysAndInsertDisabled()
     {
@@ -143,10 +156,8 @@ private slots:
     {
         QFETCH(QString, path);
         QString states;
-        for (int set = emptySet; set <= splineAndExpression; ++set) {
-            EditorFixture fixture;
-            prepare(fixture, set);
-            const QAction* const action = menuAction(fixture.editor, path);
+        for (const auto& fixture : fixtures) {
+            const QAction* const action = menuAction(fixture->editor, path);
             QVERIFY(action);
             states.append(action->isEnabled() ? "1" : "0");
         }
@@ -174,10 +185,8 @@ private slots:
         QFETCH(QString, toolBar);
         QFETCH(int, index);
         QString states;
-        for (int set = emptySet; set <= splineAndExpression; ++set) {
-            EditorFixture fixture;
-            prepare(fixture, set);
-            states.append(toolButton(fixture.editor, toolBar, index)->isEnabled() ? "1" : "0");
+        for (const auto& fixture : fixtures) {
+            states.append(toolButton(fixture->editor, toolBar, index)->isEnabled() ? "1" : "0");
         }
         QTEST(states, "states");
     }
@@ -188,10 +197,8 @@ private slots:
         QString remove;
         QString add;
         QString checked;
-        for (int set = emptySet; set <= splineAndExpression; ++set) {
-            EditorFixture fixture;
-            prepare(fixture, set);
-            const CurveEditor& editor = fixture.editor;
+        for (const auto& fixture : fixtures) {
+            const CurveEditor& editor = fixture->editor;
             line.append(editor.commandLine->isEnabled() ? "1" : "0");
             remove.append(pushButton(editor, "deleteCurve")->isEnabled() ? "1" : "0");
             add.append(pushButton(editor, "addToSpline")->isEnabled() ? "1" : "0");
@@ -385,6 +392,9 @@ private slots:
         fixture.editor.refreshEditor();
         QVERIFY(!fixture.logic().firstSpline());
     }
+
+private:
+    std::vector<std::unique_ptr<EditorFixture>> fixtures; ///< one for each of the sets
 };
 
 QTEST_MAIN(TestRefresh)

@@ -3,6 +3,7 @@
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
+#include <QStyle>
 #include <QTemporaryDir>
 
 namespace {
@@ -74,6 +75,42 @@ private slots:
         QVERIFY(toolBar->acceptDrops());
         QCOMPARE(toolBar->allowedAreas(), Qt::AllToolBarAreas);
         QCOMPARE(toolBar->iconSize(), QSize(25, 25));
+    }
+
+    /// A button that has no room goes into the toolbar's extension.
+    void everyVisibleButtonHasRoomInEachStyle_data()
+    {
+        QTest::addColumn<QString>("style");
+        QTest::addColumn<QString>("sheet");
+        QTest::newRow("Fusion") << "Fusion" << QString();
+        QTest::newRow("Windows") << "Windows" << QString();
+        QTest::newRow("Fusion with a style sheet of the host") << "Fusion"
+                                                               << "QLabel{color:red}";
+    }
+
+    void everyVisibleButtonHasRoomInEachStyle()
+    {
+        QFETCH(QString, style);
+        QFETCH(QString, sheet);
+        const QString oldStyle = QApplication::style()->objectName();
+        QApplication::setStyle(style);
+        {
+            EditorFixture fixture;
+            qApp->setStyleSheet(sheet);
+            QCoreApplication::processEvents();
+            for (QToolBar* const toolBar : fixture.editor.topToolbar->findChildren<QToolBar*>()) {
+                for (QAction* const action : toolBar->actions()) {
+                    const QWidget* const button = toolBar->widgetForAction(action);
+                    QVERIFY2(button->isVisible() == action->isVisible(),
+                             qPrintable(action->text()));
+                    QVERIFY2(!button->isVisible() || toolBar->rect().contains(button->geometry()),
+                             qPrintable(action->text()));
+                }
+            }
+            QCOMPARE(fixture.editor.topToolbar->height(), 35);
+        }
+        qApp->setStyleSheet(QString());
+        QApplication::setStyle(oldStyle);
     }
 
     void theFrameOfTheToolbarsHasItsSize()
