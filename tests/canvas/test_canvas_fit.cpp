@@ -33,6 +33,10 @@ private slots:
         widget = std::make_unique<FunctionEditor>(nullptr, nullptr);
         widget->minX = 0.0;
         widget->maxX = 10.0;
+        x1 = 0.0;
+        x2 = 10.0;
+        y1 = 0.0;
+        y2 = 1.0;
     }
 
     void cleanup()
@@ -288,14 +292,7 @@ private:
                                         -1000.0f, 1000.0f, true);
     }
 
-    void edit(const QStringList& names)
-    {
-        widget->canvas().selectCurves(names);
-        x1 = 0.0;
-        x2 = 10.0;
-        y1 = 0.0;
-        y2 = 1.0;
-    }
+    void edit(const QStringList& names) { widget->canvas().selectCurves(names); }
 
     void select(const QString& name, const QList<unsigned>& indexes)
     {
@@ -308,10 +305,11 @@ private:
 
     std::unique_ptr<FunctionEditor> widget;
     std::map<QString, std::unique_ptr<Lent>> lent;
+    // The range that a test hands in and gets back.
     double x1 = 0.0;
-    double x2 = 10.0;
+    double x2 = 0.0;
     double y1 = 0.0;
-    double y2 = 1.0;
+    double y2 = 0.0;
 };
 
 QTEST_MAIN(TestCanvasFit)

@@ -166,7 +166,7 @@ private slots:
         PointInfo* key = on->addBezier(5.0, 0.0, 0.0);
         const QPoint at(200, 100);
         for (const double& slope : {std::numeric_limits<double>::quiet_NaN(),
-                                    std::numeric_limits<double>::infinity(), 1e300}) {
+                                    std::numeric_limits<double>::infinity(), 1e300, 1e30}) {
             key->bezier.tangentRight = slope;
             key->bezier.tangentLeft = slope;
             QCOMPARE(on->graph.rightHandlePos(at, 0, true), at);
