@@ -51,8 +51,8 @@ void HostWindow::createEditor()
 void HostWindow::setCanvasColors()
 {
     editor->setCanvasColor(QColor(0x1b1e25));
-    editor->setSelectionColor(QColor(0x2d3a55));
-    editor->setFrameLinesColor(QColor(0x343a47));
+    editor->setSelectionColor(QColor(0x222a3d));
+    editor->setFrameLinesColor(QColor(0x3a4150));
     editor->setFrameHLineColor(QColor(0x4a5262));
     editor->setFrameVLineColor(QColor(0x4a5262));
     editor->setFrameFontColor(QColor(0x99a3b8));
