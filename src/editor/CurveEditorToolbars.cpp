@@ -13,9 +13,6 @@ using namespace curve_editor;
 
 namespace {
 
-constexpr int buttonFrame = 4;    ///< pixels around the picture of a button, both sides together
-constexpr int dropDownArrow = 12; ///< pixels beside it
-
 /// The picture of a button: "curveeditor" and its number in three digits.
 QString iconFile(const QString& folder, const int& number, const QString& suffix)
 {
@@ -147,9 +144,6 @@ void CurveEditor::addTopToolbarBtn(const char* text, const QString& toolTip, con
     toolbar->setIconSize(QSize(iconSize, iconSize));
     button->setToolButtonStyle(Qt::ToolButtonIconOnly);
     button->setContentsMargins(0, 0, 0, 0);
-    // The widths of the toolbars are made for this; at the style's own size the last button of each
-    // would not fit.
-    button->setFixedSize(iconSize + buttonFrame, iconSize + buttonFrame);
     toolButtons[which] = button;
 }
 
@@ -158,7 +152,6 @@ void CurveEditor::addTopToolbarMenu(const topToolButtons& button, const topToolB
     topToolBtnMenus[menu] = new QMenu(toolButtons[button]);
     toolButtons[button]->setMenu(topToolBtnMenus[menu]);
     toolButtons[button]->setPopupMode(QToolButton::MenuButtonPopup);
-    toolButtons[button]->setFixedWidth(iconSize + buttonFrame + dropDownArrow);
 }
 
 void CurveEditor::addTopToolbarMenuBtn(const char* text, const QString& toolTip, const char* slot,
