@@ -69,7 +69,7 @@ bool Demonstration::openCurves()
     editor->setMinValue(visible.minY);
     editor->setMaxValue(visible.maxY);
     editor->selectNodes(names);
-    window.timeLine()->setTime(2.0);
+    window.timeLine()->setTime(4.0);
     QWidget* canvas = CanvasMouse::findCanvas(editor);
     if (!folder.mkpath(QStringLiteral(".")) || !canvas) {
         return finish(QStringLiteral("open"), QStringLiteral("no folder or no canvas"), false);
@@ -193,12 +193,12 @@ bool Demonstration::save()
 
 bool Demonstration::moveTime()
 {
-    const SceneState before = sceneAt(window.curves(), 2.0, HostWindow::fps);
+    const SceneState before = sceneAt(window.curves(), 4.0, HostWindow::fps);
     const SceneState after = sceneAt(window.curves(), 8.0, HostWindow::fps);
     editor->selectNodes(window.curves().dotNames());
     window.timeLine()->setTime(8.0);
     return finish(QStringLiteral("move the time line"),
-                  QStringLiteral("2 s -> 8 s: boat at %1 % -> %2 %, gull at %3 % -> %4 %, "
+                  QStringLiteral("4 s -> 8 s: boat at %1 % -> %2 %, gull at %3 % -> %4 %, "
                                  "lantern %5 % -> %6 %")
                       .arg(before.boatX, 0, 'f', 1)
                       .arg(after.boatX, 0, 'f', 1)

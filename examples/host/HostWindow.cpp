@@ -38,6 +38,7 @@ void HostWindow::createEditor()
     editor->setMinValue(-40.0);
     editor->setMaxValue(130.0);
     editor->setUndoLevels(100);
+    setCanvasColors();
 
     // The editor only asks for undo and redo; the host decides, and calls the manager.
     connect(editor.get(), &CurveEditor::curveEditorUndo, this, &HostWindow::undo);
@@ -45,6 +46,19 @@ void HostWindow::createEditor()
     connect(editor->getCmdManager(), &curve_editor::CurveCommandsManager::curveEditorCmdExec, this,
             &HostWindow::refreshHistory);
     connect(editor.get(), &CurveEditor::curveHasChanged, this, &HostWindow::stageChanged);
+}
+
+void HostWindow::setCanvasColors()
+{
+    editor->setCanvasColor(QColor(0x1b1e25));
+    editor->setSelectionColor(QColor(0x222a3d));
+    editor->setFrameLinesColor(QColor(0x3a4150));
+    editor->setFrameHLineColor(QColor(0x4a5262));
+    editor->setFrameVLineColor(QColor(0x4a5262));
+    editor->setFrameFontColor(QColor(0x99a3b8));
+    editor->setTimeLineColor(QColor(0xffd166));
+    editor->setControlPointColor(QColor(0xf2f2f2));
+    editor->setControlPointSelectedColor(QColor(0xff4d5e));
 }
 
 void HostWindow::createLayout()

@@ -43,6 +43,7 @@ public:
 
 private:
     void createEditor();
+    void setCanvasColors();
     void createLayout();
     void createMenus();
 

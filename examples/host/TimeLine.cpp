@@ -3,13 +3,38 @@
 #include <core/Truncate.h>
 
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
+#include <QPainter>
+#include <QPixmap>
 #include <QSignalBlocker>
 #include <QSlider>
-#include <QStyle>
 #include <QToolButton>
 
 #include <cmath>
+
+namespace {
+
+/// Two bars or a triangle, in the colour of the text.
+QIcon playIcon(bool playing, const QColor& color)
+{
+    QPixmap pixmap(48, 48);
+    pixmap.setDevicePixelRatio(2.0);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    if (playing) {
+        painter.drawRoundedRect(QRectF(6.0, 5.0, 4.5, 14.0), 1.0, 1.0);
+        painter.drawRoundedRect(QRectF(13.5, 5.0, 4.5, 14.0), 1.0, 1.0);
+    } else {
+        painter.drawPolygon(QPolygonF({{7.0, 4.5}, {19.0, 12.0}, {7.0, 19.5}}));
+    }
+    return QIcon(pixmap);
+}
+
+} // namespace
 
 TimeLine::TimeLine(double length, double framesPerSecond, QWidget* parent)
     : QWidget(parent)
@@ -56,7 +81,7 @@ void TimeLine::setTime(double seconds)
 
 void TimeLine::setPlaying(bool on)
 {
-    playButton->setIcon(style()->standardIcon(on ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
+    playButton->setIcon(playIcon(on, palette().color(QPalette::WindowText)));
     playButton->setChecked(on);
     if (on == ticks.isActive()) {
         return;
