@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
@@ -40,6 +41,11 @@ bool parseExpression(ReadCurve& curve, QString& error)
         error = tr("The expression cannot be parsed: %1").arg(curve.content.expressionText);
     }
     return message.errorKind == 0;
+}
+
+bool writeText(QFileDevice& file, const QByteArray& text)
+{
+    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
 }
 
 } // namespace
@@ -77,21 +83,22 @@ bool readCurveFile(const QString& path, SplineBase* spline, FunctionFloatBase** 
 bool writeCurveFile(const QString& path, SplineBase* spline, const FunctionFloatBase* expression,
                     QString& error)
 {
-    QSaveFile file(path);
-    // Where the folder takes no second file, or the path is no plain file.
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly)) {
-        error = tr("Cannot open %1 for writing: %2").arg(path, file.errorString());
-        return false;
-    }
-    QXmlStreamWriter stream(&file);
+    QByteArray text;
+    QXmlStreamWriter stream(&text);
     CurveXmlWriter(stream).writeDocument(typeOfCurve(spline, expression), spline, expression);
-    if (!file.commit()) {
-        error = tr("Cannot write %1: %2").arg(path, file.errorString());
-        return false;
-    }
-    error.clear();
-    return true;
+
+    // A plain file is replaced as a whole, so that the old one outlives a failure. Anything else,
+    // such as a device, must not be replaced.
+    const QFileInfo target(path);
+    const bool replaces = !target.exists() || target.isFile();
+    QSaveFile replacement(path);
+    replacement.setDirectWriteFallback(true); // where the folder takes no second file
+    QFile direct(path);
+    const bool isWritten =
+        replaces ? writeText(replacement, text) && replacement.commit() : writeText(direct, text);
+    const QString reason = replaces ? replacement.errorString() : direct.errorString();
+    error = isWritten ? QString() : tr("Cannot write %1: %2").arg(path, reason);
+    return isWritten;
 }
 
 } // namespace curve_editor

@@ -8,6 +8,7 @@
 #include "editor/CurveEditor.h"
 
 #include <QMessageBox>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -45,9 +46,13 @@ void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& m
     QString offender;
     if (dependsOnItself(offender)) {
         markVariable(curve_editor::parserForm(offender), message);
-        // Last: the box runs an event loop, in which the host may take this curve away.
+        // The box runs an event loop, in which this curve may be drawn, or taken away.
+        const QPointer<CurveNodeBase> self(this);
         const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
         QMessageBox::warning(nullptr, tr("Cyclical dependency"), text);
+        if (self) {
+            changed = true;
+        }
     }
 }
 

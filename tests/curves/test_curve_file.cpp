@@ -33,7 +33,8 @@ private slots:
     void aMissingFileIsReported();
     void aFolderIsReported();
     void aPathThatCannotBeWrittenIsReported();
-    void aFullDeviceIsReported();
+    void aFullDeviceIsReportedAndNotReplaced();
+    void aFailureLeavesTheOldFile();
     void successClearsTheErrorText();
 
 private:
@@ -209,13 +210,26 @@ void TestCurveFile::aPathThatCannotBeWrittenIsReported()
     QVERIFY(error.contains("c.xml"));
 }
 
-void TestCurveFile::aFullDeviceIsReported()
+void TestCurveFile::aFullDeviceIsReportedAndNotReplaced()
 {
-    if (!QFile::exists("/dev/full")) {
+    if (!QFile::exists("/dev/full") || QFileInfo("/dev/full").isFile()) {
         QSKIP("This system has no device that is always full.");
     }
     QVERIFY(!writeCurveFile("/dev/full", spline.get(), expression, error));
     QVERIFY(error.contains("/dev/full"));
+    QVERIFY(!QFileInfo("/dev/full").isFile()); // not replaced by a file
+}
+
+void TestCurveFile::aFailureLeavesTheOldFile()
+{
+    write("old");
+    QVERIFY(QFile::setPermissions(path("curve.xml"), QFile::ReadOwner));
+    const bool isWritten = writeCurveFile(path("curve.xml"), spline.get(), expression, error);
+    QFile file(path("curve.xml"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    QVERIFY(isWritten ? text.contains("<curve") : text == "old"); // root may write anything
+    QCOMPARE(error.isEmpty(), isWritten);
 }
 
 void TestCurveFile::successClearsTheErrorText()
