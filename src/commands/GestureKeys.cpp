@@ -32,6 +32,9 @@ void freeCopies(QList<QList<PointInfo*>>& lists)
     lists.clear();
 }
 
+/// From here on one sort of the whole spline is cheaper than moving each key.
+const std::size_t manyKeys = 100;
+
 /// A key to be moved.
 struct Place
 {
@@ -55,10 +58,9 @@ std::vector<Place> placesInOrder(SplineBase& spline, const QList<PointInfo*>& po
 }
 
 /// Gives keys the times of their copies: those that move to the right from the right end on, then
-/// the others from the left end on. So keys that move together never pass each other, and each
-/// passes few neighbours.
-void restoreTimes(SplineBase& spline, const std::vector<Place>& places,
-                  const QList<PointInfo*>& points, const QList<PointInfo*>& copies)
+/// the others from the left end on. So keys that move together never pass each other.
+void retimeOneByOne(SplineBase& spline, const std::vector<Place>& places,
+                    const QList<PointInfo*>& points, const QList<PointInfo*>& copies)
 {
     std::vector<Place> others;
     for (auto place = places.rbegin(); place != places.rend(); ++place) {
@@ -72,6 +74,19 @@ void restoreTimes(SplineBase& spline, const std::vector<Place>& places,
     for (auto place = others.rbegin(); place != others.rend(); ++place) {
         spline.setTime(points[place->listIndex], copies[place->listIndex]->time);
     }
+}
+
+/// The same for many keys, which may have far to go: a copy without update tells the spline that
+/// its order is upset, and the next key re-timed restores it for all of them.
+void retimeAtOnce(SplineBase& spline, const std::vector<Place>& places,
+                  const QList<PointInfo*>& points, const QList<PointInfo*>& copies)
+{
+    PointInfo* const first = points[places.front().listIndex];
+    spline.copyPointNoUpdate(first, first);
+    for (const Place& place : places) {
+        points[place.listIndex]->time = copies[place.listIndex]->time;
+    }
+    spline.setTime(first, first->time);
 }
 
 } // namespace
@@ -152,7 +167,8 @@ void GestureKeys::apply(const PointLists& states, const Writer& write)
             continue;
         }
         const std::vector<Place> places = placesInOrder(*spline, points[node]);
-        restoreTimes(*spline, places, points[node], states[node]);
+        const auto retime = places.size() > manyKeys ? retimeAtOnce : retimeOneByOne;
+        retime(*spline, places, points[node], states[node]);
         for (const Place& place : places) {
             write(*points[node][place.listIndex], *states[node][place.listIndex]);
         }

@@ -147,44 +147,75 @@ public:
     ~CurveEditor() override;
 
     /// @name Catalogue: everything that the host has offered
+    /// A curve is known by its dotted name: node, a point, curve. Unknown names make an operation
+    /// do nothing and give null; null records and curves in an argument are passed over.
     /// @{
+    /// Adds a node and its item in the tree, unless one of that name exists.
     void addNewMainNode(const QString& node);
+    /// Lists a curve under a known node, unless a record answers to its name. The arguments are
+    /// those of addCurve.
     void addNewNode(const QString& node, const QString& curve, const QColor& color,
                     float curveValue, SplineBase* spline, FunctionFloatBase** function,
                     float minValue, float maxValue, bool notifyHost);
+    /// The host's way in: lists a curve, and its node on the way. `spline` and the variable that
+    /// `function` points to stay the host's and outlive the editor's use of them; either may be
+    /// null, and the spline may be destroyed at any time. Values are drawn and shown held between
+    /// `minValue` and `maxValue`. With `selectByDefault` a curve that has a key or an expression
+    /// enters the editing set and is selected alone. With `notifyHost` false its changes are not
+    /// reported. A curve that is being edited already is only selected again.
     void addCurve(const QString& node, const QString& curve, const QColor& color, float curveValue,
                   SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue,
                   bool selectByDefault, bool notifyHost);
     MainNodeStruct* searchMainNode(const QString& node) const;
+    /// The record of that dotted name. The search ends with null at the first record in the list
+    /// whose name is a prefix of the one asked for, or has it as prefix: so a node or group gives
+    /// null, and "n.width2" does while "n.width" stands ahead of it.
     NodeStruct* searchAllNodeList(const QString& dotName) const;
+    /// The first record whose name has this parser form: lower case, blanks as underscores.
     NodeStruct* searchAllNodeListCurveName(const QString& parserName) const;
+    /// The same as searchAllNodeList.
     NodeStruct* structFromDotName(const QString& dotName) const;
     NodeStruct* structFromCurve(CurveNode const* curve) const;
+    /// One entry per curve or name, in order; an entry may be null.
     QList<NodeStruct*> structsFromCurves(const QList<CurveNode*>& curves) const;
     QList<NodeStruct*> structsFromDotNames(const QStringList& dotNames) const;
+    /// The object of that name on the canvas, a curve or a group; owned by the canvas.
     CurveNode* curveFromDotName(const QString& dotName) const;
     CurveNode* curveFromStruct(NodeStruct const* record) const;
     QString dotName(NodeStruct const* record) const;
     QString dotName(CurveNode const* curve) const;
+    /// One name per record, in order.
     QStringList dotNamesFromStructs(const QList<NodeStruct*>& records) const;
+    /// Drops a curve from the list and the canvas. Its node stays.
     void removeCurve(const QString& node, const QString& curve);
+    /// Drops a node with its curves and its item in the tree.
     void removeNode(const QString& node);
+    /// Gives a curve a new name under its node; its object lives on. Ends with nothing selected if
+    /// the curve is being edited. A new name that holds "###OLD###" hides the item in the tree.
     void renameCurve(const QString& node, const QString& oldCurve, const QString& newCurve);
+    /// Gives a node and the curves under it a new name. The selection keeps the old names.
     void renameNode(const QString& oldNode, const QString& newNode);
+    /// The first top-level item of the tree with exactly this text; owned by the tree.
     QTreeWidgetItem* getNodeItem(const QString& text) const;
+    /// Rebuilds and repaints the curves.
     void updateCurves();
     /// Whether the expression of `curve`, directly or through other curves, reads `variable`;
     /// both in parser form. `culprit` gets the dotted name of the curve where that was found.
     bool checkDependencies(const QString& variable, const QString& curve, QString& culprit);
     /// @}
 
-    /// @name Editing set
+    /// @name Editing set: the curves that are on the canvas and in the tree
     /// @{
+    /// A curve enters the set, with an existing object of its own or, for null, a new one. It is
+    /// not selected by that.
     void setCurveEditableOn(NodeStruct* record);
     void setCurveEditableOn(NodeStruct* record, CurveNode* curve);
+    /// A curve leaves the set, and the groups that are empty then.
     void setCurveEditableOff(NodeStruct* record);
+    /// A listed curve enters the set and is selected alone.
     void setDefaultSelected(const QString& node, const QString& curve);
     void setDefaultSelected(const QString& node, const QString& curve, CurveNode* curveNode);
+    /// Every curve leaves the set.
     void cleanSelecteds();
     void setColorToEditingNode(NodeStruct* record, const QColor& color);
     void setTreeVisible(bool visible);
@@ -241,8 +272,11 @@ public:
     void reject() override;
 
 signals:
+    /// Declared for hosts; never emitted.
     void closed();
+    /// A curve has changed; what has changed stands in its spline and its expression slot.
     void curveHasChanged(QString& nodeName, QString& curveName);
+    /// The user wants to undo or redo: the host calls the manager.
     void curveEditorUndo();
     void curveEditorRedo();
 
@@ -264,9 +298,12 @@ public slots:
     void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
     void rightButtonPressedEditingItem(QModelIndex index);
     void selectionChangedEditingItem(QItemSelection selected, QItemSelection deselected);
+    /// Report the curves being edited, named ones, or those of records, then refresh the editor.
+    /// Curves that do not report are left out.
     void emitSignalCurvesHaveChanged();
     void emitSignalCurvesHaveChanged(QStringList dotNames);
     void emitSignalCurvesHaveChanged(QList<CurveEditor::NodeStruct*> records);
+    /// Reports one curve; refreshes nothing.
     void emitSignalCurveHasChanged(QString& nodeName, QString& curveName);
     void undo();
     void redo();
@@ -304,10 +341,15 @@ public slots:
     void slotMenuEditingNodeColor();
     void slotMenuEditingNodeRemove();
     void slotRemoveFromEditing(QModelIndexList indexes);
+    /// The selected curves leave the editing set, as a step of undo.
     void removeCurvesFromEditing();
+    /// A curve, or all curves of a group or node, leaves the editing set; no step of undo.
     void removeCurveFromEditing(QString dotName);
+    /// The present selection followed by these names.
     void addNodesToSelection(QString name);
     void addNodesToSelection(QStringList names);
+    /// The selection becomes these dotted names; a group stands for its curves, an unknown name is
+    /// kept but selects nothing.
     void selectNodes(QString name);
     void selectNodes(QStringList names);
     void switchSnapH();
@@ -319,7 +361,9 @@ public slots:
     void setSelectedStep();
     void setSelectedBezier();
     void setSelectedTcb();
+    /// The selected names in the order in which they were given.
     QStringList getSelection();
+    /// The style of the tree; not owned.
     void setCheckListStyle(QStyle* style);
     curve_editor::CurveCommandsManager* getCmdManager();
     void selectAllKeys();
