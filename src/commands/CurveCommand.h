@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/ZkTypes.h"
-#include "editor/zk_curve_editor_export.h"
+#include "zk_curve_editor_export.h"
 
 namespace curve_editor {
 

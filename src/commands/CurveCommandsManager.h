@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/zk_curve_editor_export.h"
+#include "zk_curve_editor_export.h"
 
 #include <QObject>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/zk_curve_core_export.h"
+#include "zk_curve_core_export.h"
 
 /// Puts "t", "f" and "fps" to a moment for as long as it lives and restores them afterwards.
 ///

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/zk_curve_core_export.h"
+#include "zk_curve_core_export.h"
 
 #include <functional>
 #include <map>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/FunctionParserBase.h"
-#include "core/zk_curve_core_export.h"
+#include "zk_curve_core_export.h"
 
 /// Reads by kind: bool as 0 or 1, int and float widened. A key that was registered with a refresh
 /// function is refreshed first. An unknown kind, a null key and a key without a value give 0.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/FunctionParserBase.h"
-#include "core/zk_curve_core_export.h"
+#include "zk_curve_core_export.h"
 
 #include <string>
 

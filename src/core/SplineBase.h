@@ -2,7 +2,7 @@
 
 #include "core/LifeToken.h"
 #include "core/PointInfo.h"
-#include "core/zk_curve_core_export.h"
+#include "zk_curve_core_export.h"
 
 #include <atomic>
 #include <cstddef>

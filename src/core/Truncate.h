@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/zk_curve_core_export.h"
+#include "zk_curve_core_export.h"
 
 /// The one way from a double to an int: truncation toward zero. NaN gives 0; what lies outside
 /// the range of int gives its nearest end.

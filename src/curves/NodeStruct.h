@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "editor/zk_curve_editor_export.h"
+#include "zk_curve_editor_export.h"
 
 class FunctionFloatBase;
 class SplineBase;

@@ -3,8 +3,8 @@
 #include "commands/CurveCommandsManager.h"
 #include "core/ZkTypes.h"
 #include "curves/NodeStruct.h"
-#include "editor/zk_curve_editor_export.h"
 #include "ui_CurveEditorDialogBaseSetter.h"
+#include "zk_curve_editor_export.h"
 
 #include <QDialog>
 #include <QItemSelection>
