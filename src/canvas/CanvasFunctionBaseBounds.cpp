@@ -41,6 +41,18 @@ void shiftCentreTo(const double& centre, double& low, double& high)
     high += shift;
 }
 
+/// The selected keys without those that the host took out of the spline, or freed.
+QList<const PointInfo*> livingSelection(const ControlSplineNode& selection)
+{
+    QList<const PointInfo*> keys;
+    for (const PointInfo* key : selection.selectedPoints) {
+        if (selection.spline()->findIndex(key) >= 0) {
+            keys.append(key);
+        }
+    }
+    return keys;
+}
+
 } // namespace
 
 bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double& y2) const
@@ -79,7 +91,7 @@ bool CanvasFunctionBase::selectionBounds(double& x1, double& x2, double& y1, dou
         if (!graph->selection().hasSelection()) {
             continue;
         }
-        const QList<PointInfo*>& selected = graph->selection().selectedPoints;
+        const QList<const PointInfo*> selected = livingSelection(graph->selection());
         if (selected.size() == 1) {
             singleKey = selected.first();
             ++singleSelections;

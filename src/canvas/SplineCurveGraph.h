@@ -42,6 +42,8 @@ public:
     void drawKeys(QPainter* painter);
     void drawTangents(QPainter* painter);
     void drawSelectedKeys(QPainter* painter);
+    /// Time (in frames if `showFrames`) and value at each chosen key, in the painter's font. A
+    /// negative number of decimals is the toolkit's default, six.
     void drawLabels(QPainter* painter, const double& fps, const bool& showFrames,
                     const int& decimals);
 

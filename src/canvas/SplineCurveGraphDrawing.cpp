@@ -3,6 +3,7 @@
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "core/Truncate.h"
+#include "widgets/CustomEditLine.h"
 
 #include <QPainter>
 
@@ -89,7 +90,7 @@ void SplineCurveGraph::drawLabels(QPainter* painter, const double& fps, const bo
     painter->setRenderHint(QPainter::Antialiasing, false);
 
     const QRect canvas(0, 0, view->viewWidth, view->viewHeight);
-    const int digits = std::max(decimals, 0);
+    const int digits = std::min(decimals, CustomEditLine::mostDecimals);
     const qsizetype count = std::min(keyPixels.size(), static_cast<qsizetype>(keys.size()));
     for (qsizetype i = 0; i < count; ++i) {
         const PointInfo* key = keys[static_cast<std::size_t>(i)];

@@ -49,7 +49,7 @@ bool tailTimes(const ViewPort& view, const double& lastKeyTime, SampleTimes& tim
         return false;
     }
     double steps = stepsBetween(view, times.from, view.maxX);
-    if (steps > mostTailSamples) {
+    if (std::isfinite(steps) && steps > mostTailSamples) {
         times.from = std::max(lastKeyTime, view.minX);
         steps = stepsBetween(view, times.from, view.maxX);
     }

@@ -6,6 +6,8 @@
 
 #include <QLabel>
 
+#include <algorithm>
+
 namespace {
 
 /// What a field holds as a number; a text that is none counts as 0.
@@ -59,8 +61,9 @@ void CurveEditor::setPosX(ZK_DOUBLE valueX)
 
 void CurveEditor::setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val)
 {
-    const auto text = [this](const QString& pattern, const double& number) {
-        return pattern.arg(number, 0, 'f', numberOfDecimals);
+    const int decimals = std::min(numberOfDecimals, CustomEditLine::mostDecimals);
+    const auto text = [&decimals](const QString& pattern, const double& number) {
+        return pattern.arg(number, 0, 'f', decimals);
     };
     const double fps = functionEditor->fps;
     frameLabel->setText(functionEditor->showFrames ? text(tr("F %1"), fps * valueX)

@@ -2,7 +2,6 @@
 
 #include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
-#include "widgets/CustomEditLine.h"
 
 #include <cmath>
 

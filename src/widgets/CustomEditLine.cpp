@@ -1,5 +1,7 @@
 #include "widgets/CustomEditLine.h"
 
+#include "core/Truncate.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -13,7 +15,6 @@
 namespace {
 
 constexpr int longestText = 15;
-constexpr int mostDecimals = 99;
 constexpr float stepPerPixel = 0.005F;
 
 /// The text as a number that is finite: what is too large for a double gives the largest one, and
@@ -104,7 +105,7 @@ void CustomEditLine::mousePressEvent(QMouseEvent* event)
         return;
     }
     dragging = true;
-    dragStartY = event->globalPosition().toPoint().y();
+    dragStartY = truncateToPixel(event->globalPosition().y());
     dragStartValue = textValue();
     emit mousePressEditLine();
 }
@@ -115,7 +116,7 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
     if (event->button() == Qt::RightButton || !dragging) {
         return;
     }
-    const int delta = event->globalPosition().toPoint().y() - dragStartY;
+    const int delta = truncateToPixel(event->globalPosition().y()) - dragStartY;
     if (delta == 0) {
         setByMouse(dragStartValue); // an infinite magnitude times zero would be no number
         return;

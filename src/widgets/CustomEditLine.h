@@ -16,6 +16,10 @@ class ZK_CURVE_EDITOR_EXPORT CustomEditLine : public QLineEdit
     Q_OBJECT
 
 public:
+    /// More digits behind the point are not shown, here or in the read-outs: no double has them
+    /// all, and an endless number of them would fill the memory.
+    static constexpr int mostDecimals = 99;
+
     explicit CustomEditLine(QWidget* parent = nullptr);
 
     /// Shows the value with the present number of decimals, as text and tool tip. Sends nothing

@@ -17,9 +17,7 @@ private slots:
     {
         failOnUnexpectedWarning();
         on = std::make_unique<EditorFixture>();
-        QFont font(QStringLiteral("Liberation Sans"), 8);
-        font.setHintingPreference(QFont::PreferNoHinting);
-        on->logic().frameGrid()->labelFont = font;
+        on->logic().frameGrid()->labelFont = pictureFont();
         on->logic().frameGrid()->linePen.setColor(QColor(70, 70, 70));
         on->canvas().showFrames = false;
         on->canvas().timeLine = -1.0;

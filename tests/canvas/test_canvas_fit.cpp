@@ -162,6 +162,24 @@ private slots:
         QCOMPARE(y2, 9.0);
     }
 
+    void keysThatTheirHostFreedHaveNoBounds()
+    {
+        addCurve("a.x", {{1.0, 5.0}, {3.0, -2.0}, {9.0, 9.0}});
+        edit({"a.x"});
+        select("a.x", {0, 1, 2});
+        SplineBase& spline = lent["a.x"]->spline;
+        PointInfo* freed = spline.at(2);
+        spline.remove(freed);
+        delete freed;
+        QVERIFY(!widget->canvas().selectionBounds(x1, x2, y1, y2));
+        QCOMPARE(x2, 3.0);
+        QCOMPARE(y2, 5.0);
+        spline.removeAllControlPoints();
+        QVERIFY(widget->canvas().selectionBounds(x1, x2, y1, y2));
+        widget->completeSelV();
+        QCOMPARE(widget->maxY, 1.0);
+    }
+
     void fittingAnEmptySetDoesNothing()
     {
         widget->newMinX = 77.0;

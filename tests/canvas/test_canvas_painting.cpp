@@ -57,9 +57,7 @@ private slots:
         widget->maxX = 10.0;
         widget->timeLine = -1.0;
         widget->showFrames = false;
-        QFont font(QStringLiteral("Liberation Sans"), 8);
-        font.setHintingPreference(QFont::PreferNoHinting);
-        canvas().frameGrid()->labelFont = font;
+        canvas().frameGrid()->labelFont = pictureFont();
         canvas().frameGrid()->linePen.setColor(QColor(70, 70, 70));
     }
 

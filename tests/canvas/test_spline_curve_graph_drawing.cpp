@@ -249,7 +249,7 @@ private slots:
         QVERIFY(isBlank(image));
     }
 
-    void aNegativeNumberOfDecimalsCountsAsNone()
+    void aNegativeNumberOfDecimalsCountsAsSixAndAHugeOneAsTheMostShown()
     {
         addBeziers();
         on->rebuild();
@@ -257,7 +257,8 @@ private slots:
             return on->drawn(
                 [&](QPainter* painter) { on->graph.drawLabels(painter, 10.0, true, decimals); });
         };
-        QCOMPARE(label(-3), label(0));
+        QCOMPARE(label(-3), label(6));
+        QCOMPARE(label(INT_MAX), label(99));
         QVERIFY(label(1) != label(0));
     }
 

@@ -1,5 +1,6 @@
 #include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
+#include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
@@ -38,6 +39,18 @@ private slots:
             editor.setDefaultNodeType(position);
             QCOMPARE(editor.getDefaultNodeTypePos(), 2);
         }
+    }
+
+    void onlyAPositionOfTheTableRefreshesTheActions()
+    {
+        CurveEditor editor(nullptr, QString());
+        QToolButton* const toolTips = toolButton(editor, "Other", 1);
+        // A refresh puts the state of the entry right.
+        toolTips->defaultAction()->setChecked(true);
+        editor.setDefaultNodeType(7);
+        QVERIFY(toolTips->isChecked());
+        editor.setDefaultNodeType(2);
+        QVERIFY(!toolTips->isChecked());
     }
 
     void aStoredTypeOutsideTheTableIsShownAtPositionZero()

@@ -103,6 +103,16 @@ private slots:
         QCOMPARE(readout(editor, "valueLabel"), QString("y -2"));
     }
 
+    void aHugeNumberOfDecimalsIsStoredAndShownAsTheMost()
+    {
+        CurveEditor editor(nullptr, QString());
+        editor.setNumberOfDecimals(INT_MAX);
+        QCOMPARE(editor.getNumberOfDecimals(), INT_MAX);
+        editor.setFuncPosInfo(1.5, 0.5, 0.25);
+        QCOMPARE(readout(editor, "valueLabel"),
+                 QString("y 0.5") + QString(CustomEditLine::mostDecimals - 1, '0'));
+    }
+
     void thePointerOnTheCanvasIsReadOut()
     {
         EditorFixture fixture;

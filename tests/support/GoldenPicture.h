@@ -3,9 +3,21 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFont>
 #include <QImage>
 #include <QString>
 #include <QTest>
+
+/// The font of the pictures, the same on every machine: a family of its own, sized in pixels, grey
+/// and unhinted whatever the user's settings say.
+inline QFont pictureFont()
+{
+    QFont font(QStringLiteral("Liberation Sans"));
+    font.setPixelSize(11);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::NoSubpixelAntialias);
+    return font;
+}
 
 /// Compares a picture with the PNG file of that name under the test data, bit for bit. On a
 /// mismatch writes the actual picture, the expected one and their difference to files whose
