@@ -31,7 +31,7 @@ private slots:
 
     void aCurveChangedWhileItWasNotEditedIsSampledAnewWhenItIs()
     {
-        painted();
+        const QImage before = painted();
         on->editor.selectNodes(QStringList());
         SplineBase& spline = on->curves.at(QStringLiteral("a.x"))->spline;
         spline.setPos(spline.at(1), 5.0);
@@ -42,7 +42,7 @@ private slots:
         const QImage sampledLate = painted();
         on->canvas().canvasDirty = true;
         QCOMPARE(sampledLate, painted());
-        QVERIFY(sampledLate.pixelColor(200, 350) != QColor(Qt::black));
+        QVERIFY(sampledLate != before);
     }
 
     void aKeyMovedWhileItsCurveWasNotEditedIsHitWhereItStands()
@@ -68,9 +68,9 @@ private slots:
         // The labels put the hint back that the keys were drawn with.
         QVERIFY(painter.testRenderHint(QPainter::Antialiasing));
         // The outline lies half on the pixels beside the square.
-        const QColor beside = image.pixelColor(197, 100);
+        const QColor beside = image.pixelColor(197, 98);
         QVERIFY(beside.red() > 0 && beside.red() < 255);
-        QCOMPARE(image.pixelColor(199, 100), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(199, 98), QColor(Qt::red));
     }
 
 private:

@@ -46,7 +46,7 @@ private slots:
         CurveEditor editor(nullptr, QString());
         QToolButton* const toolTips = toolButton(editor, "Other", 1);
         // A refresh puts the state of the entry right.
-        toolTips->defaultAction()->setChecked(true);
+        toolTips->setChecked(true);
         editor.setDefaultNodeType(7);
         QVERIFY(toolTips->isChecked());
         editor.setDefaultNodeType(2);
