@@ -56,6 +56,8 @@ public:
     using NodeStruct = curve_editor::NodeStruct;
     using MainNodeStruct = curve_editor::MainNodeStruct;
 
+    /// What a mouse gesture on the canvas does. The user mode is the tool chosen; the current mode
+    /// is what is going on at the moment.
     enum curveEditorModes : int
     {
         DEFAULT = 0,
@@ -74,6 +76,7 @@ public:
     };
     Q_ENUM(curveEditorModes)
 
+    /// The movable toolbars; on screen they stand in another order.
     enum topToolBars : int
     {
         undoRedoToolBar = 0,
@@ -87,6 +90,7 @@ public:
         modeToolBar = 8
     };
 
+    /// The drop-downs of toolbar buttons.
     enum topToolBtnsMenus : int
     {
         copyMenu = 0,
@@ -143,7 +147,10 @@ public:
         topToolButtonsCount = 42
     };
 
+    /// `iconsPath` is the folder of the pictures "curveeditor000.png", "curveeditor000-d.png"
+    /// (disabled) and so on; one that is missing gives an empty icon. `parent` may be null.
     CurveEditor(QWidget* parent, const QString& iconsPath);
+    /// Frees canvas, commands and widgets; splines and expressions stay the host's.
     ~CurveEditor() override;
 
     /// @name Catalogue: everything that the host has offered
@@ -166,6 +173,7 @@ public:
     void addCurve(const QString& node, const QString& curve, const QColor& color, float curveValue,
                   SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue,
                   bool selectByDefault, bool notifyHost);
+    /// The record of a node; records are never freed.
     MainNodeStruct* searchMainNode(const QString& node) const;
     /// The record of that dotted name. The search ends with null at the first record in the list
     /// whose name is a prefix of the one asked for, or has it as prefix: so a node or group gives
@@ -182,6 +190,7 @@ public:
     /// The object of that name on the canvas, a curve or a group; owned by the canvas.
     CurveNode* curveFromDotName(const QString& dotName) const;
     CurveNode* curveFromStruct(NodeStruct const* record) const;
+    /// The dotted name; empty for null.
     QString dotName(NodeStruct const* record) const;
     QString dotName(CurveNode const* curve) const;
     /// One name per record, in order.
@@ -217,37 +226,57 @@ public:
     void setDefaultSelected(const QString& node, const QString& curve, CurveNode* curveNode);
     /// Every curve leaves the set.
     void cleanSelecteds();
+    /// Colours a curve in the record and on the canvas.
     void setColorToEditingNode(NodeStruct* record, const QColor& color);
     void setTreeVisible(bool visible);
     bool isTreeVisible() const;
     /// @}
 
+    /// The canvas widget; never null, owned by the editor.
     FunctionEditor* getFunctionEditor() const;
     /// The menu "Keys", which is the canvas's context menu as well.
     QMenu* keysMenu() const;
 
+    /// @name Options
+    /// @{
+    /// Frames per second.
     double getFps() const;
+    /// Whether the horizontal axis is labelled in frames, or else in seconds.
     bool isModeFrames() const;
     bool isModeTime() const;
+    /// Digits behind the point in number fields, of which a negative number gives none, and in
+    /// the read-out of the pointer.
     void setNumberOfDecimals(const int& decimals);
     const int& getNumberOfDecimals() const;
+    /// How near to a grid line a dragged key snaps, as a share of the grid's step.
     void setHSnapRadius(const double& radius);
     double getHSnapRadius() const;
     void setVSnapRadius(const double& radius);
     double getVSnapRadius() const;
+    /// Interpolation of new keys: 0 TCB, 1 Bezier, 2 linear, 3 stepped. Any other is passed over.
     void setDefaultNodeType(const int& position);
     int getDefaultNodeTypePos() const;
+    /// Whether tool tips show values while keys are dragged.
     void setTooltipsDrag(const bool& on);
     bool isTooltipsDrag() const;
+    /// Whether the tangents of new keys are broken.
     void setDefaultBrokenTangent(const bool& on);
     bool isDefaultBrokenTangent() const;
+    /// Whether a new expression is added to its spline.
     void setDefaultAddFunc(const bool& on);
     bool isDefaultAddFunc() const;
+    /// Side of the toolbars' icons in pixels, and their folder. The toolbars keep what they were
+    /// built with; cursors come from the folder set last.
     void setIconSize(const int& size);
     int getIconSize() const;
     void setIconsPath(const QString& path);
     QString getIconsPath() const;
+    /// @}
 
+    /// @name Colours
+    /// None asks for a repaint. The colours of handles (controllers) and keys (control points) are
+    /// shared by all editors of the process.
+    /// @{
     void setCanvasColor(const QColor& color);
     void setSelectionColor(const QColor& color);
     void setControllerColor(const QColor& color);
@@ -260,13 +289,16 @@ public:
     void setFrameHLineColor(const QColor& color);
     void setFrameVLineColor(const QColor& color);
     void setTimeLineColor(const QColor& color);
+    /// @}
 
     /// Part of the interface; the library neither writes nor reads it.
     static ControlMenu* canvasMenu;
 
     bool event(QEvent* event) override;
+    /// Keys go to the canvas first.
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    /// Always accepts.
     void closeEvent(QCloseEvent* event) override;
     /// Does nothing: Escape does not close the editor.
     void reject() override;
@@ -281,20 +313,27 @@ signals:
     void curveEditorRedo();
 
 protected slots:
+    /// Gives the actions their texts and shortcuts anew.
     virtual void languageChange();
     void canvasSelectionChanged(QStringList curveNames);
 
 public slots:
+    /// Moves the time line to a time in seconds, or to a frame.
     void setTimeLine(ZK_DOUBLE time);
     void setTimeLine(ZK_INT frame);
+    /// Frames per second; not checked, as no value of these setters is.
     void setFps(ZK_DOUBLE framesPerSecond);
+    /// The visible range, in seconds and in units of value.
     void setTimeRange(ZK_DOUBLE timeMin, ZK_DOUBLE timeMax);
     void setMinValue(ZK_DOUBLE value);
     void setMaxValue(ZK_DOUBLE value);
+    /// Label the horizontal axis in seconds, in frames, or in the other of the two.
     void setShowTime();
     void setShowFrames();
     void switchFramesTime();
+    /// Shows a time, given in seconds, in the position field.
     void setPosX(ZK_DOUBLE valueX);
+    /// Reads out the pointer: its time in seconds, its value, and the first curve's value there.
     void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
     void rightButtonPressedEditingItem(QModelIndex index);
     void selectionChangedEditingItem(QItemSelection selected, QItemSelection deselected);
@@ -305,16 +344,26 @@ public slots:
     void emitSignalCurvesHaveChanged(QList<CurveEditor::NodeStruct*> records);
     /// Reports one curve; refreshes nothing.
     void emitSignalCurveHasChanged(QString& nodeName, QString& curveName);
+    /// Ask the host by curveEditorUndo and curveEditorRedo; change nothing themselves.
     void undo();
     void redo();
+    /// On the selected keys, each as a step of undo.
     void flatTangents();
     void breakTangents();
     void unifyTangents();
+    /// Forgets all steps of undo and redo.
     void clearStack();
+    /// The most steps that are kept, 10 at first; 0 keeps none.
     void setUndoLevels(ZK_UINT levels);
+    /// Switched off, undo forgets its steps and takes no new ones.
     void setEnableUndo(ZK_BOOL enable);
+    /// The visible range and the mode of the axis as in a new editor.
     void resetViewport();
+    /// Moves the visible range until the time line is in its middle.
     void centerTimeline();
+    /// Fit the view to the curves being edited, or to the selected keys (Sel): both axes, the
+    /// horizontal (H) or the vertical one (V). The forms ending in Btn make their entry the one
+    /// that the toolbar's button repeats.
     void completeViewport();
     void completeViewportH();
     void completeViewportV();
@@ -327,8 +376,14 @@ public slots:
     void completeViewportSelBtn();
     void completeViewportSelHBtn();
     void completeViewportSelVBtn();
+    /// Brings toolbars, menus and buttons up to date with the curves being edited. Each call
+    /// toggles the actions of the present behaviours.
     void refreshEditor();
+    /// Shows the expression of the curves being edited.
     void refreshCommandLine();
+    /// Behaviours of the curves being edited before the first key and after the last, each as a
+    /// step of undo. By index: 0 zero, 1 constant and, for the last, 2 loop, 3 loop with offset,
+    /// 4 follow tangent; any other does nothing.
     void setFirstNodeZero();
     void setFirstNodeConstant();
     void setLastNodeZero();
@@ -338,6 +393,7 @@ public slots:
     void setLastNodeFollowTangent();
     void changeNodeFirstType(int index);
     void changeNodeLastType(int index);
+    /// The entries of the tree's menu.
     void slotMenuEditingNodeColor();
     void slotMenuEditingNodeRemove();
     void slotRemoveFromEditing(QModelIndexList indexes);
@@ -352,11 +408,17 @@ public slots:
     /// kept but selects nothing.
     void selectNodes(QString name);
     void selectNodes(QStringList names);
+    /// Snap to the grid's vertical lines (H) or horizontal ones (V); switchSnap makes both the
+    /// same.
     void switchSnapH();
     void switchSnapV();
     void switchSnap();
+    /// Show or hide the values of the selected keys.
     void switchToolTips();
+    /// Makes an action the one that a toolbar's button shows and repeats; its drop-down stays.
+    /// Does nothing for null or for a number without a button.
     void setDefaultButton(QAction* action, topToolButtons button);
+    /// Interpolation of the selected keys, as a step of undo.
     void setSelectedLinear();
     void setSelectedStep();
     void setSelectedBezier();
@@ -365,22 +427,33 @@ public slots:
     QStringList getSelection();
     /// The style of the tree; not owned.
     void setCheckListStyle(QStyle* style);
+    /// Undo and redo of this editor; never null, owned by the editor.
     curve_editor::CurveCommandsManager* getCmdManager();
+    /// On the keys of the curves being edited, each as a step of undo.
     void selectAllKeys();
     void selectNoneKeys();
     void deleteSelectedKeys();
+    /// Sets the canvas's cursor and refreshes the editor; does nothing in the mode already set.
     void setCurrentMode(curveEditorModes newMode);
     CurveEditor::curveEditorModes getCurrentMode();
+    /// Checks the tool's button and nothing else.
     void setUserMode(curveEditorModes newMode);
     CurveEditor::curveEditorModes getUserMode();
+    /// Writes the mode's name to the standard output, without a line's end.
     void printMode(curveEditorModes theMode);
+    /// Take up a tool, or put it away if it is the one in use.
     void setSelectMode();
     void setMoveMode();
     void setAddKeyMode();
     void setDeleteKeyMode();
     void setZoomMode();
+    /// No tool: both modes become DEFAULT.
     void setDefaultMode();
+    /// Runs the menu of toolbars at the cursor, until it closes.
     void showTopToolbarMenu();
+    /// Modifiers of gestures: "alt", "shift", "ctrl" or "meta" in any case; any other name is never
+    /// pressed. Whether one is pressed is told by a key event of that very key, else by the event's
+    /// modifiers; a null event gives false.
     void setZoomModifier(QString mod);
     ZK_BOOL isZoomPressed(QInputEvent* e);
     QString getZoomModifier();

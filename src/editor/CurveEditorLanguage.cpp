@@ -7,7 +7,36 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include <utility>
+
 using namespace curve_editor;
+
+namespace {
+
+/// What a button takes anew from the action that it shows, at each change of that action.
+struct ButtonState
+{
+    bool checkable = false;
+    bool checked = false;
+    bool enabled = false;
+};
+
+ButtonState stateOf(const QToolButton* button)
+{
+    return button ? ButtonState{button->isCheckable(), button->isChecked(), button->isEnabled()}
+                  : ButtonState();
+}
+
+void restoreState(QToolButton* button, const ButtonState& state)
+{
+    if (button) {
+        button->setCheckable(state.checkable);
+        button->setChecked(state.checked);
+        button->setEnabled(state.enabled);
+    }
+}
+
+} // namespace
 
 void CurveEditor::languageChange()
 {
@@ -22,14 +51,15 @@ void CurveEditor::languageChange()
             action->setShortcut(QKeySequence(row.shortcut));
         }
     }
+    QVector<ButtonState> states;
+    for (const QToolButton* const button : std::as_const(toolButtons)) {
+        states.append(stateOf(button));
+    }
     for (const ToolButtonRow& row : allToolButtonRows()) {
         toolButtonActions[row.which]->setText(tr(row.text));
-        // A new text makes the button take its manners from the action anew.
-        if (row.checkable == buttonCheckable) {
-            const bool checked = toolButtons[row.which]->isChecked();
-            toolButtons[row.which]->setCheckable(true);
-            toolButtons[row.which]->setChecked(checked);
-        }
+    }
+    for (int which = 0; which < toolButtons.size() && which < states.size(); ++which) {
+        restoreState(toolButtons[which], states[which]);
     }
     menus[firstBehaviourSubMenu]->setTitle(tr(firstBehaviourTitle));
     menus[lastBehaviourSubMenu]->setTitle(tr(lastBehaviourTitle));

@@ -34,7 +34,7 @@ void CurveEditor::preInit()
     initMainMenu();
     initInsertMenu();
 
-    vboxLayout2->setContentsMargins(10, 0, 0, 0);
+    tabExpresion->setContentsMargins(10, 0, 0, 0);
     hboxLayout->setSizeConstraint(QLayout::SetMinimumSize);
     hboxLayout->setAlignment(Qt::AlignLeft);
     languageChange();

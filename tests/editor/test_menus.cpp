@@ -247,15 +247,6 @@ private slots:
         QCOMPARE(button->popupMode(), QToolButton::InstantPopup);
     }
 
-    void aChangeOfLanguageKeepsTheMenusTitles()
-    {
-        CurveEditor editor(nullptr, QString());
-        menuAt(editor, "Keys")->setTitle("Mine");
-        menuAt(editor, "Mine/Start Node Behaviour")->setTitle("Before");
-        QMetaObject::invokeMethod(&editor, "languageChange");
-        QVERIFY(menuAt(editor, "Mine/Start Node Behaviour"));
-    }
-
     void theCanvasMenuOfTheClassIsNull() { QVERIFY(!CurveEditor::canvasMenu); }
 };
 

@@ -330,60 +330,6 @@ private slots:
         QCOMPARE(checkedActions(), expected);
     }
 
-    void refreshesComeWhereTheyAreDue_data()
-    {
-        QTest::addColumn<QByteArray>("slot");
-        QTest::addColumn<int>("count");
-        for (const char* const slot :
-             {"switchSnap", "switchSnapH", "switchSnapV", "switchToolTips", "refreshEditor"}) {
-            QTest::newRow(slot) << QByteArray(slot) << 1;
-        }
-        for (const char* const slot :
-             {"resetViewport", "centerTimeline", "completeViewport", "completeViewportH",
-              "completeViewportV", "completeViewportBtn", "setShowTime", "switchFramesTime",
-              "refreshCommandLine", "clearStack", "undo", "redo", "setDefaultMode"}) {
-            QTest::newRow(slot) << QByteArray(slot) << 0;
-        }
-    }
-
-    void refreshesComeWhereTheyAreDue()
-    {
-        QFETCH(QByteArray, slot);
-        EditorFixture fixture;
-        fixture.editCurve("n.c", {{10.0, 10.0}, {20.0, 20.0}});
-        RefreshCounter refreshes(fixture.editor);
-        QVERIFY(QMetaObject::invokeMethod(&fixture.editor, slot.constData()));
-        QTEST(refreshes.taken(), "count");
-    }
-
-    void decimalsAndNodeTypeRefreshOnce()
-    {
-        EditorFixture fixture;
-        fixture.editCurve("n.c", {{10.0, 10.0}, {20.0, 20.0}});
-        RefreshCounter refreshes(fixture.editor);
-        fixture.editor.setNumberOfDecimals(3);
-        QCOMPARE(refreshes.taken(), 1);
-        fixture.editor.setDefaultNodeType(2);
-        QCOMPARE(refreshes.taken(), 1);
-        fixture.editor.setDefaultNodeType(7);
-        QCOMPARE(refreshes.taken(), 0);
-    }
-
-    void aClickOnTheSnapButtonRefreshesAtItsReleaseAndByItsAction()
-    {
-        EditorFixture fixture;
-        fixture.editCurve("n.c", {{10.0, 10.0}, {20.0, 20.0}});
-        RefreshCounter refreshes(fixture.editor);
-        QToolButton* const button = toolButton(fixture.editor, "Snap", 0);
-        QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
-        QCOMPARE(refreshes.taken(), 2);
-        QVERIFY(button->isChecked());
-        QVERIFY(fixture.logic().horizontalSnap && fixture.logic().verticalSnap);
-        QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
-        QVERIFY(!button->isChecked());
-        QVERIFY(!fixture.logic().horizontalSnap && !fixture.logic().verticalSnap);
-    }
-
     void aSplineThatItsHostDestroyedIsNotRead()
     {
         EditorFixture fixture;

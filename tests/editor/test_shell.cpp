@@ -9,8 +9,6 @@
 #include <QPushButton>
 #include <QSplitter>
 
-#include <memory>
-
 class TestShell : public QObject
 {
     Q_OBJECT
@@ -104,7 +102,13 @@ private slots:
         CurveEditor editor(nullptr, QString());
         QVERIFY(editor.addToSpline->isCheckable());
         QVERIFY(editor.addToSpline->isFlat());
-        QCOMPARE(editor.tabExpresion->layout()->contentsMargins().left(), 10);
+    }
+
+    void theExpressionsRowBeginsTenPixelsIn()
+    {
+        CurveEditor editor(nullptr, QString());
+        QCOMPARE(editor.tabExpresion->contentsMargins(), QMargins(10, 0, 0, 0));
+        QCOMPARE(editor.tabExpresion->layout()->contentsMargins(), QMargins());
     }
 
     void undoKeepsTenStepsAndStartsEnabled()
@@ -311,60 +315,6 @@ private slots:
         QVERIFY(menu);
         actionTitled(menu->actions(), "Remove from editing list")->trigger();
         QVERIFY(!fixture.logic().findCurve("n.c"));
-    }
-
-    void theMetaObjectHasFourSignals()
-    {
-        const QMetaObject& meta = CurveEditor::staticMetaObject;
-        QStringList signatures;
-        for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
-            if (meta.method(index).methodType() == QMetaMethod::Signal) {
-                signatures.append(meta.method(index).methodSignature());
-            }
-        }
-        QCOMPARE(signatures, QStringList({"closed()", "curveHasChanged(QString&,QString&)",
-                                          "curveEditorUndo()", "curveEditorRedo()"}));
-    }
-
-    void anEditorCanDieWithCurvesCommandsAndAnOpenGesture()
-    {
-        auto fixture = std::make_unique<EditorFixture>();
-        fixture->editCurve("n.c", {{10.0, 10.0}, {20.0, 20.0}});
-        fixture->addCurve("m.d.e", {}, "n.c");
-        fixture->selectKeys("n.c", {0});
-        fixture->editor.deleteSelectedKeys();
-        fixture->editor.removeCurvesFromEditing();
-        fixture->editor.selectNodes(QStringList("m.d.e"));
-        fixture->logic().beginSelectCommand();
-        fixture.reset();
-        QVERIFY(!fixture);
-    }
-
-    void anEditorDiesWithItsParent()
-    {
-        LentCurve curve;
-        curve.addKey(1.0, 1.0);
-        QWidget host;
-        auto* const editor = new CurveEditor(&host, QString());
-        editor->addCurve("n", "c", Qt::red, 0.0f, &curve.spline, &curve.expression, 0.0f, 10.0f,
-                         true, true);
-        host.show();
-        editor->show();
-        QCOMPARE(editor->parentWidget(), &host);
-    }
-
-    void aHostMayDestroyItsSplineBeforeTheEditor()
-    {
-        auto curve = std::make_unique<LentCurve>();
-        curve->addKey(1.0, 1.0);
-        CurveEditor editor(nullptr, QString());
-        editor.addCurve("n", "c", Qt::red, 0.0f, &curve->spline, &curve->expression, 0.0f, 10.0f,
-                        true, true);
-        editor.show();
-        curve.reset();
-        editor.refreshEditor();
-        editor.selectAllKeys();
-        editor.getFunctionEditor()->repaint();
     }
 };
 

@@ -359,18 +359,6 @@ private slots:
         QCOMPARE(opened.count(), 1);
     }
 
-    void aChangeOfLanguageLeavesButtonsCheckable()
-    {
-        EditorFixture fixture;
-        fixture.editor.switchToolTips();
-        QToolButton* const button = toolButton(fixture.editor, "Other", 1);
-        QVERIFY(button->isChecked());
-        button->defaultAction()->setText("Etiquetas");
-        QMetaObject::invokeMethod(&fixture.editor, "languageChange");
-        QCOMPARE(button->defaultAction()->text(), QString("Show ToolTips"));
-        QVERIFY(button->isCheckable());
-    }
-
     void iconSizeAndFolderAreFieldsOnly()
     {
         CurveEditor editor(nullptr, "first");

@@ -1,0 +1,82 @@
+#include "editor/EditorParts.h"
+#include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
+
+#include <QTranslator>
+
+namespace {
+
+/// Puts a word before every text of the editor.
+class OtherLanguage : public QTranslator
+{
+public:
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        return qstrcmp(context, "CurveEditor") == 0 ? "otro " + QString(source) : QString();
+    }
+
+    bool isEmpty() const override { return false; }
+};
+
+} // namespace
+
+class TestLanguage : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aChangeOfLanguageRenamesActionsButNotTheirObjectsAndToolTips()
+    {
+        CurveEditor editor(nullptr, QString());
+        const QAction* const action = toolButton(editor, "Undo/Redo", 0)->defaultAction();
+        OtherLanguage language;
+        QCoreApplication::installTranslator(&language);
+        QMetaObject::invokeMethod(&editor, "languageChange");
+        QCOMPARE(action->text(), QString("otro Undo"));
+        QCOMPARE(action->objectName(), QString("Undo"));
+        QCOMPARE(action->toolTip(), QString("Undo Action"));
+        QCOMPARE(editor.windowTitle(), QString("otro Curve Editor"));
+    }
+
+    void aChangeOfLanguageLeavesButtonsCheckable()
+    {
+        EditorFixture fixture;
+        fixture.editor.switchToolTips();
+        const QToolButton* const button = toolButton(fixture.editor, "Other", 1);
+        OtherLanguage language;
+        QCoreApplication::installTranslator(&language);
+        QMetaObject::invokeMethod(&fixture.editor, "languageChange");
+        QCOMPARE(button->text(), QString("otro Show ToolTips"));
+        QVERIFY(button->isCheckable());
+        QVERIFY(button->isChecked());
+    }
+
+    void aChangeOfLanguageEnablesNoButton()
+    {
+        CurveEditor editor(nullptr, QString());
+        OtherLanguage language;
+        QCoreApplication::installTranslator(&language);
+        QMetaObject::invokeMethod(&editor, "languageChange");
+        for (const char* const title : {"Copy/Paste", "Fit"}) {
+            for (const int index : {0, 1}) {
+                const QToolButton* const button = toolButton(editor, title, index);
+                QVERIFY2(button->text().startsWith("otro "), qPrintable(button->text()));
+                QVERIFY2(!button->isEnabled(), qPrintable(button->text()));
+            }
+        }
+    }
+
+    void aChangeOfLanguageKeepsTheMenusTitles()
+    {
+        CurveEditor editor(nullptr, QString());
+        menuAt(editor, "Keys")->setTitle("Mine");
+        menuAt(editor, "Mine/Start Node Behaviour")->setTitle("Before");
+        QMetaObject::invokeMethod(&editor, "languageChange");
+        QVERIFY(menuAt(editor, "Mine/Start Node Behaviour"));
+    }
+};
+
+QTEST_MAIN(TestLanguage)
+#include "test_language.moc"

@@ -1,0 +1,249 @@
+#include "widgets/EditLineFixture.h"
+
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+namespace {
+
+void sendMouse(QWidget& widget, const QEvent::Type& type, const Qt::MouseButton& button,
+               const Qt::MouseButtons& buttons, const QPointF& global)
+{
+    QMouseEvent event(type, QPointF(5.0, 5.0), QPointF(5.0, 5.0), global, button, buttons,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+void press(QWidget& widget, const double& y, const Qt::MouseButton& button = Qt::LeftButton)
+{
+    sendMouse(widget, QEvent::MouseButtonPress, button, button, QPointF(100.0, y));
+}
+
+void moveTo(QWidget& widget, const double& y, const Qt::MouseButton& button = Qt::LeftButton)
+{
+    sendMouse(widget, QEvent::MouseMove, Qt::NoButton, button, QPointF(100.0, y));
+}
+
+void release(QWidget& widget, const double& y, const Qt::MouseButton& button = Qt::LeftButton)
+{
+    sendMouse(widget, QEvent::MouseButtonRelease, button, Qt::NoButton, QPointF(100.0, y));
+}
+
+void turnWheel(QWidget& widget, const QPoint& angle,
+               const Qt::KeyboardModifiers& modifiers = Qt::NoModifier)
+{
+    QWheelEvent event(QPointF(5.0, 5.0), QPointF(105.0, 105.0), QPoint(), angle, Qt::NoButton,
+                      modifiers, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+class TestCustomEditLineMouse : public QObject, private EditLineFixture
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        failOnUnexpectedWarning();
+        open();
+    }
+
+    void cleanup() { close(); }
+
+    void draggingChangesTheValueByHalfAPercentAPixel_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("pixelsUp");
+        QTest::addColumn<double>("value");
+        QTest::newRow("from 0, 100 up") << "0" << 100.0 << 0.5;
+        QTest::newRow("from 10, 100 up") << "10" << 100.0 << 15.5;
+        QTest::newRow("from -10, 100 up") << "-10" << 100.0 << -4.5;
+        QTest::newRow("from 10, 100 down") << "10" << -100.0 << 4.5;
+        QTest::newRow("nowhere") << "10" << 0.0 << 10.0;
+        QTest::newRow("held to the upper bound") << "10" << 10000.0 << 100.0;
+        QTest::newRow("held to the lower bound") << "10" << -10000.0 << -100.0;
+        QTest::newRow("from three points") << "..." << 100.0 << 0.5;
+        QTest::newRow("from nan") << "nan" << 100.0 << 0.5;
+        QTest::newRow("from what no float holds, nowhere") << "1e300" << 0.0 << 100.0;
+        QTest::newRow("from what no double holds, far down") << "1e400" << -1000.0 << -100.0;
+    }
+
+    void draggingChangesTheValueByHalfAPercentAPixel()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, pixelsUp);
+        QFETCH(double, value);
+        field->setBounds(-100.0, 100.0);
+        field->setText(text);
+        press(*field, 500.0);
+        moveTo(*field, 500.0 - pixelsUp);
+        QCOMPARE(valueSet->count(), 1);
+        QCOMPARE(valueSet->first().at(0).toDouble(), value);
+        QCOMPARE(valueSet->first().at(1).value<CustomEditLine*>(), field);
+        QCOMPARE(field->text(), QString::number(value, 'f', 2));
+        QCOMPARE(field->toolTip(), field->text());
+        release(*field, 500.0 - pixelsUp);
+        QCOMPARE(valueTyped->count(), 0);
+    }
+
+    // Half a percent is taken as a 32-bit float.
+    void theStepOfOnePixelIsAFloat()
+    {
+        field->setText(QStringLiteral("0"));
+        press(*field, 500.0);
+        moveTo(*field, 499.0);
+        QCOMPARE(valueSet->first().at(0).toDouble(), 0.004999999888241291);
+    }
+
+    void eachMoveStartsFromThePressAndNotFromTheLastMove()
+    {
+        field->setText(QStringLiteral("10"));
+        press(*field, 500.0);
+        moveTo(*field, 450.0);
+        moveTo(*field, 400.0);
+        QCOMPARE(valueSet->last().at(0).toDouble(), 15.5);
+        moveTo(*field, 500.0);
+        QCOMPARE(valueSet->last().at(0).toDouble(), 10.0);
+    }
+
+    void pressAndReleaseAreToldAroundADrag()
+    {
+        press(*field, 500.0);
+        QCOMPARE(pressed->count(), 1);
+        QCOMPARE(released->count(), 0);
+        moveTo(*field, 490.0);
+        release(*field, 490.0);
+        QCOMPARE(pressed->count(), 1);
+        QCOMPARE(released->count(), 1);
+        moveTo(*field, 480.0, Qt::NoButton);
+        QCOMPARE(valueSet->count(), 1);
+    }
+
+    void aMoveWithoutAPressChangesNothing()
+    {
+        field->setValue(4.0);
+        QTest::mouseMove(field, QPoint(20, 5));
+        moveTo(*field, 300.0, Qt::NoButton);
+        QCOMPARE(field->text(), QStringLiteral("4.00"));
+        QCOMPARE(valueSet->count(), 0);
+    }
+
+    void aDragWithTheRightButtonChangesNothing()
+    {
+        field->setValue(4.0);
+        press(*field, 500.0, Qt::RightButton);
+        moveTo(*field, 400.0, Qt::RightButton);
+        release(*field, 400.0, Qt::RightButton);
+        QCOMPARE(field->text(), QStringLiteral("4.00"));
+        QCOMPARE(valueSet->count() + pressed->count() + released->count(), 0);
+    }
+
+    void theMiddleButtonDragsAsTheLeftOneDoes()
+    {
+        field->setText(QStringLiteral("0"));
+        press(*field, 500.0, Qt::MiddleButton);
+        moveTo(*field, 400.0, Qt::MiddleButton);
+        release(*field, 400.0, Qt::MiddleButton);
+        QCOMPARE(valueSet->count(), 1);
+        QCOMPARE(pressed->count(), 1);
+        QCOMPARE(released->count(), 1);
+    }
+
+    void onlyTheFirstClickSelectsEverythingUntilTheFocusIsLost()
+    {
+        field->setValue(12.0);
+        QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, QPoint(20, 12));
+        QCOMPARE(field->selectedText(), QStringLiteral("12.00"));
+        QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, QPoint(20, 12));
+        QVERIFY(!field->hasSelectedText());
+        window->other.setFocus();
+        field->setFocus();
+        QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, QPoint(20, 12));
+        QCOMPARE(field->selectedText(), QStringLiteral("12.00"));
+    }
+
+    void theRightButtonNeitherSelectsNorUsesUpTheFirstClick()
+    {
+        field->setContextMenuPolicy(Qt::NoContextMenu);
+        field->setValue(12.0);
+        QTest::mouseClick(field, Qt::RightButton, Qt::NoModifier, QPoint(20, 12));
+        QVERIFY(!field->hasSelectedText());
+        QTest::mouseClick(field, Qt::LeftButton, Qt::NoModifier, QPoint(20, 12));
+        QVERIFY(field->hasSelectedText());
+    }
+
+    void turningTheWheelAwayFromTheUserLowersTheValue_data()
+    {
+        QTest::addColumn<QPoint>("angle");
+        QTest::addColumn<double>("value");
+        const double step = 11.0 * 0.004999999888241291;
+        QTest::newRow("away") << QPoint(0, 120) << 10.0 - step;
+        QTest::newRow("towards") << QPoint(0, -120) << 10.0 + step;
+        QTest::newRow("a fine turn counts as a whole one") << QPoint(0, 1) << 10.0 - step;
+        QTest::newRow("delivered sideways, away") << QPoint(120, 0) << 10.0 - step;
+        QTest::newRow("delivered sideways, towards") << QPoint(-120, 0) << 10.0 + step;
+    }
+
+    void turningTheWheelAwayFromTheUserLowersTheValue()
+    {
+        QFETCH(QPoint, angle);
+        QFETCH(double, value);
+        field->setText(QStringLiteral("10"));
+        press(*field, 500.0);
+        release(*field, 500.0);
+        turnWheel(*field, angle, angle.y() == 0 ? Qt::AltModifier : Qt::NoModifier);
+        QCOMPARE(valueSet->count(), 1);
+        QCOMPARE(valueSet->first().at(0).toDouble(), value);
+        QCOMPARE(field->text(), QString::number(value, 'f', 2));
+    }
+
+    void furtherStepsOfTheWheelGiveTheSameValueUntilTheNextPress()
+    {
+        field->setText(QStringLiteral("10"));
+        press(*field, 500.0);
+        release(*field, 500.0);
+        turnWheel(*field, QPoint(0, -120));
+        turnWheel(*field, QPoint(0, -120));
+        QCOMPARE(valueSet->at(0).at(0).toDouble(), valueSet->at(1).at(0).toDouble());
+        field->setText(QStringLiteral("100"));
+        turnWheel(*field, QPoint(0, -120));
+        QCOMPARE(valueSet->at(2).at(0).toDouble(), valueSet->at(0).at(0).toDouble());
+        field->setText(QStringLiteral("100"));
+        press(*field, 500.0);
+        release(*field, 500.0);
+        turnWheel(*field, QPoint(0, -120));
+        QVERIFY(valueSet->at(3).at(0).toDouble() > 100.0);
+    }
+
+    void theWheelStartsFromZeroBeforeTheFirstPressAndHoldsToTheBounds()
+    {
+        field->setValue(50.0);
+        turnWheel(*field, QPoint(0, -120));
+        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 0.004999999888241291);
+        field->setBounds(1.0, 2.0);
+        turnWheel(*field, QPoint(0, -120));
+        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 1.0);
+    }
+
+    void aWheelEventWithoutATurnChangesNothing()
+    {
+        field->setValue(50.0);
+        turnWheel(*field, QPoint(0, 0));
+        QCOMPARE(field->text(), QStringLiteral("50.00"));
+        QCOMPARE(valueSet->count(), 0);
+    }
+
+    void aValueSetByMouseOrWheelIsNotSentAgainOnLeaving()
+    {
+        press(*field, 500.0);
+        moveTo(*field, 400.0);
+        release(*field, 400.0);
+        turnWheel(*field, QPoint(0, 120));
+        window->other.setFocus();
+        QCOMPARE(valueTyped->count(), 0);
+    }
+};
+
+QTEST_MAIN(TestCustomEditLineMouse)
+#include "test_custom_edit_line_mouse.moc"
