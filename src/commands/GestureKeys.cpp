@@ -76,16 +76,17 @@ void retimeOneByOne(SplineBase& spline, const std::vector<Place>& places,
     }
 }
 
-/// The same for many keys, which may have far to go: a copy without update tells the spline that
-/// its order is upset, and the next key re-timed restores it for all of them.
+/// The same for many keys, which may have far to go: copies without update leave the order upset,
+/// and the key re-timed after them restores it for all at once.
 void retimeAtOnce(SplineBase& spline, const std::vector<Place>& places,
                   const QList<PointInfo*>& points, const QList<PointInfo*>& copies)
 {
-    PointInfo* const first = points[places.front().listIndex];
-    spline.copyPointNoUpdate(first, first);
     for (const Place& place : places) {
-        points[place.listIndex]->time = copies[place.listIndex]->time;
+        PointInfo retimed = *points[place.listIndex];
+        retimed.time = copies[place.listIndex]->time;
+        spline.copyPointNoUpdate(points[place.listIndex], &retimed);
     }
+    const PointInfo* const first = points[places.front().listIndex];
     spline.setTime(first, first->time);
 }
 

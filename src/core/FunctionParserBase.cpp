@@ -1,6 +1,7 @@
 #include "core/FunctionParserBase.h"
 
 #include "core/ExpressionGrammar.h"
+#include "core/ExpressionTables.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/ParserKeyEntry.h"
@@ -192,20 +193,22 @@ FunctionParserBase::Entry FunctionParserBase::livingEntry(const std::string& nam
     return found != entries.end() && found->second->key->value ? found->second : nullptr;
 }
 
-// As it is spelt, then in lower case.
+// As it is spelt, then in lower case; but no variable answers in lower case to what is a constant
+// there, for the canonical text would read back as the constant.
 FunctionParserBase::Entry FunctionParserBase::findVariable(const std::string& name) const
 {
     const std::string lower = lowerCase(name);
+    const bool hasLowerCase = lower != name && !expression_tables::constant(lower);
     if (Entry entry = livingEntry(name)) {
         return entry;
     }
-    if (Entry entry = livingEntry(lower)) {
+    if (Entry entry = hasLowerCase ? livingEntry(lower) : nullptr) {
         return entry;
     }
     if (Entry entry = askMapper(name)) {
         return entry;
     }
-    return lower == name ? nullptr : askMapper(lower);
+    return hasLowerCase ? askMapper(lower) : nullptr;
 }
 
 FunctionParserBase::Entry FunctionParserBase::askMapper(const std::string& name) const

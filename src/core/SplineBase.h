@@ -29,7 +29,8 @@ class FunctionFloatBase;
 /// a key of this spline and never read through such a pointer. Members that take an index do
 /// nothing when it is out of range.
 ///
-/// A spline may be evaluated from several threads as long as nobody edits it.
+/// A spline alone may be evaluated from several threads as long as nobody edits it; with an
+/// expression on the user-interface thread only.
 class ZK_CURVE_CORE_EXPORT SplineBase
 {
 public:

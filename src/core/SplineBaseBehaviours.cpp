@@ -57,11 +57,11 @@ double SplineBase::valueLooped(const double& time, const PointInfo& end,
         phase += period;
     }
     const double value = (*this)(std::min(first.time + phase, last.time));
-    if (!withOffset) {
-        return value;
+    const double rise = last.value - first.value;
+    if (!withOffset || rise == 0.0) {
+        return value; // endless rounds of no rise are no rise either
     }
-    const double rounds = std::round((distance - phase) / period);
-    return value + rounds * (last.value - first.value);
+    return value + std::round((distance - phase) / period) * rise;
 }
 
 /// The slope in which the keys begin or end: of the curved segment there, or of its straight line.

@@ -126,8 +126,11 @@ void SplineBase::load(SplineBase* spline, std::ifstream& stream)
         if (!readPoint(stream, point)) {
             return;
         }
-        loaded.addPointPtr(new PointInfo(point));
+        loaded.controlPoints.push_back(new PointInfo(point));
     }
+    // Sorted once: a file may hold its keys in any order.
+    loaded.members.insert(loaded.controlPoints.begin(), loaded.controlPoints.end());
+    loaded.restoreOrder();
     spline->freePoints();
     spline->controlPoints.swap(loaded.controlPoints);
     spline->members.swap(loaded.members);

@@ -122,8 +122,8 @@ void SplineBase::copyPoint(const PointInfo* target, const PointInfo* source)
 
 void SplineBase::copyPointNoUpdate(PointInfo* target, const PointInfo* source)
 {
-    const auto found = find(target);
-    if (found != controlPoints.end() && source != nullptr) {
+    // Asked of the members alone: where the key stands does not matter, and the order may be upset.
+    if (members.count(target) != 0 && source != nullptr) {
         orderUpset = orderUpset || target->time != source->time;
         *target = *source;
     }

@@ -420,7 +420,10 @@ private slots:
         QTest::addColumn<double>("offset");
         QTest::newRow("a block to the right") << 1 << 30000.5;
         QTest::newRow("a block to the left") << 1 << -2000.5;
+        QTest::newRow("a block to the left past two keys") << 1 << -2.5;
+        QTest::newRow("a block to the right past one key") << 1 << 1.5;
         QTest::newRow("every tenth, a little") << 10 << 25.5;
+        QTest::newRow("every tenth, a little to the left") << 10 << -25.5;
         QTest::newRow("every tenth, onto others") << 10 << 20.0;
     }
 

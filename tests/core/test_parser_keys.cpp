@@ -50,6 +50,8 @@ private slots:
     void aBoolOfAnyByteReadsAsOne();
     void namesAreFoundAsSpeltThenInLowerCase();
     void aVariableMayBearTheNameOfAFunction();
+    void aVariableBearsTheNameOfAConstantInVain();
+    void namesOfPointsAndForeignLettersReadBack();
     void theKeysForTimeCannotBeTakenAway();
     void allVarsComeOnceInTheOrderOfTheirFirstMention();
     void theMapperIsAskedBeforeANameIsUnknown();
@@ -151,6 +153,30 @@ void TestParserKeys::aVariableMayBearTheNameOfAFunction()
     const Variable variable("sin", 4.0);
     QCOMPARE(ParsedExpression("sin+sin(0)").tree->value(), 4.0);
     QCOMPARE(ParsedExpression("sin+sin(0)").tree->getString(), std::string("sin+sin(0)"));
+}
+
+void TestParserKeys::aVariableBearsTheNameOfAConstantInVain()
+{
+    const Variable variable("e", 4.0);
+    QVERIFY(ParsedExpression("e").tree->isConstant());
+    // Its canonical text would be "e", which reads back as the constant.
+    QCOMPARE(ParsedExpression("E").message.errorKind, 1);
+    const Variable capital("E", 5.0);
+    QCOMPARE(ParsedExpression("E").tree->value(), 5.0);
+    QCOMPARE(ParsedExpression("E").tree->getString(), std::string("E"));
+}
+
+void TestParserKeys::namesOfPointsAndForeignLettersReadBack()
+{
+    for (const char* name : {"a.b.c", "_a.1.", "k\xc3\xb6rper.h\xc3\xb6he", "\xff.\x80"}) {
+        const Variable variable(name, 3.0);
+        const ParsedExpression first(std::string("-1e-7* ") + name + " ^2");
+        QVERIFY(first.tree);
+        QCOMPARE(first.tree->getString(), std::string("-1e-7*") + name + "^2");
+        const ParsedExpression second(first.tree->getString());
+        QVERIFY(second.tree);
+        QCOMPARE(structureOf(*second.tree), structureOf(*first.tree));
+    }
 }
 
 void TestParserKeys::theKeysForTimeCannotBeTakenAway()

@@ -91,6 +91,7 @@ private slots:
     void farTimesReturn_data();
     void farTimesReturn();
     void loopsFarAwayStillRepeat();
+    void countlessRoundsOfNoRiseAreNoRise();
 
     void anExpressionIsAddedAtItsMoment();
     void withoutAnExpressionTheSplineStandsAlone();
@@ -274,6 +275,18 @@ void TestSplineBehaviours::loopsFarAwayStillRepeat()
     QCOMPARE(spline(4.0e9 + 0.5), spline(0.5));
     QCOMPARE(spline(-4.0e9 + 2.5), spline(2.5));
     QVERIFY(spline(1e300) >= 0.0 && spline(1e300) <= 16.0);
+}
+
+void TestSplineBehaviours::countlessRoundsOfNoRiseAreNoRise()
+{
+    SplineBase spline;
+    for (const double time : {0.0, 1e-10}) {
+        put(spline, makeKey(time, 5.0));
+    }
+    setBoth(spline, SplineBase::loopOffset);
+    // The number of rounds is beyond all numbers.
+    QCOMPARE(spline(1e300), 5.0);
+    QCOMPARE(spline(-1e300), 5.0);
 }
 
 void TestSplineBehaviours::anExpressionIsAddedAtItsMoment()

@@ -145,22 +145,13 @@ private slots:
     void aCurvedKeyBeforeAStraightOneGivesAStraightLine();
     void anUnknownInterpolationCountsAsLinear();
     void aLinearKeyIgnoresItsTangentsAndTcbData();
-    void aBezierKeyIgnoresItsTcbDataButEase();
     void keysOnAStraightLineReproduceIt_data();
     void keysOnAStraightLineReproduceIt();
-    void publishedTangentsOfOneKey();
-    void easeIsMonotoneAndMirrored();
-    void easeOutsideItsRangeIsHeld();
-    void theSmallestEaseStillGivesNumbers();
     void keysOfOneTimeMakeAStep();
     void endlessTimesOfKeysGiveTheirValues();
     void aTimeOfNanGivesNan();
     void aKeyOfNanTimeLeavesTheOthersAlone();
     void editsAreSeenAtOnce();
-    void tangentQueriesAnswerByKind_data();
-    void tangentQueriesAnswerByKind();
-    void tangentQueriesOutOfRangeGiveZero();
-    void handlesOfTcbKeysFollowTheTension();
 };
 
 void TestSplineEvaluation::everyKindOfSegmentAgreesWithDeCasteljau()
@@ -283,25 +274,6 @@ void TestSplineEvaluation::aLinearKeyIgnoresItsTangentsAndTcbData()
     QCOMPARE(spline(0.5), 1.5);
 }
 
-void TestSplineEvaluation::aBezierKeyIgnoresItsTcbDataButEase()
-{
-    SplineBase clean;
-    SplineBase dirty;
-    for (const double time : {0.0, 1.0, 3.0}) {
-        PointInfo key = makeKey(time, time * time, zk_spline::bezier);
-        key.bezier = {2.0 * time, 2.0 * time};
-        put(clean, key);
-        key.tcb.tension = notANumber;
-        key.tcb.continuity = 7.0;
-        key.tcb.bias = infinity;
-        put(dirty, key);
-    }
-    for (const double time : {0.25, 0.5, 2.0, 2.75}) {
-        QCOMPARE(dirty(time), clean(time));
-        QVERIFY(std::abs(clean(time) - time * time) < 1e-12);
-    }
-}
-
 void TestSplineEvaluation::keysOnAStraightLineReproduceIt_data()
 {
     QTest::addColumn<int>("type");
@@ -331,81 +303,6 @@ void TestSplineEvaluation::keysOnAStraightLineReproduceIt()
         const double time = times.front() + (times.back() - times.front()) * i / 100.0;
         QVERIFY(std::abs(spline(time) - (3.0 - 2.0 * time)) < 1e-12);
     }
-}
-
-void TestSplineEvaluation::publishedTangentsOfOneKey()
-{
-    SplineBase spline;
-    put(spline, makeKey(0.0, 1.0, zk_spline::tcb));
-    PointInfo key = makeKey(1.0, 3.0, zk_spline::tcb);
-    key.tcb = {0.5, 0.25, -0.5, 0.0, 0.0};
-    put(spline, key);
-    put(spline, makeKey(3.0, 2.0, zk_spline::tcb));
-    // L0 = 0.25 * 1.25 * 0.5, L1 = 0.25 * 0.75 * 1.5, R0 and R1 with continuity reversed; the
-    // gaps rise by 2 in 1 s and by -1 in 2 s.
-    double length = 0.0;
-    QCOMPARE(spline.getTangentRightAtNode(2, length), 2.0 * (0.15625 * 2.0 + 0.28125 * -1.0) / 3.0);
-    QCOMPARE(spline.getTangentLeftAtNode(1, length), 2.0 * (0.09375 * 2.0 + 0.46875 * -1.0) / 3.0);
-    // At the ends the one chord stands for both gaps.
-    QCOMPARE(spline.getTangentRightAtNode(1, length), 2.0);
-    QCOMPARE(spline.getTangentLeftAtNode(2, length), -0.5);
-}
-
-void TestSplineEvaluation::easeIsMonotoneAndMirrored()
-{
-    for (const double from : {0.0, 0.3, 0.7, 1.0}) {
-        for (const double to : {0.0, 0.2, 0.9, 1.0}) {
-            SplineBase there;
-            SplineBase back;
-            PointInfo key = makeKey(0.0, 0.0);
-            key.tcb.easeFrom = from;
-            put(there, key);
-            key.tcb.easeFrom = to;
-            put(back, key);
-            key = makeKey(1.0, 1.0);
-            key.tcb.easeTo = to;
-            put(there, key);
-            key.tcb.easeTo = from;
-            put(back, key);
-            double previous = 0.0;
-            for (int i = 0; i <= 1000; ++i) {
-                const double time = i / 1000.0;
-                QVERIFY(there(time) >= previous);
-                previous = there(time);
-                QVERIFY(std::abs(there(time) + back(1.0 - time) - 1.0) < 1e-12);
-            }
-            QCOMPARE(previous, 1.0);
-        }
-    }
-}
-
-void TestSplineEvaluation::easeOutsideItsRangeIsHeld()
-{
-    const auto halfway = [](double from, double to) {
-        SplineBase spline;
-        PointInfo key = makeKey(0.0, 0.0);
-        key.tcb.easeFrom = from;
-        put(spline, key);
-        key = makeKey(1.0, 1.0);
-        key.tcb.easeTo = to;
-        put(spline, key);
-        return spline(0.25);
-    };
-    QCOMPARE(halfway(5.0, 0.0), halfway(1.0, 0.0));
-    QCOMPARE(halfway(-3.0, 0.5), halfway(0.0, 0.5));
-    QCOMPARE(halfway(infinity, -infinity), halfway(1.0, 0.0));
-    QCOMPARE(halfway(notANumber, notANumber), 0.25);
-}
-
-void TestSplineEvaluation::theSmallestEaseStillGivesNumbers()
-{
-    SplineBase spline;
-    PointInfo key = makeKey(0.0, 0.0);
-    key.tcb.easeFrom = 1e-310;
-    put(spline, key);
-    put(spline, makeKey(1.0, 1.0));
-    QVERIFY(std::abs(spline(1e-312)) < 1e-300);
-    QCOMPARE(spline(0.5), 0.5);
 }
 
 void TestSplineEvaluation::keysOfOneTimeMakeAStep()
@@ -481,88 +378,6 @@ void TestSplineEvaluation::editsAreSeenAtOnce()
     spline.removeAllControlPoints();
     put(spline, makeKey(0.0, 1.0));
     QCOMPARE(spline(4.5), 1.0);
-}
-
-void TestSplineEvaluation::tangentQueriesAnswerByKind_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<std::vector<double>>("incoming");
-    QTest::addColumn<std::vector<double>>("outgoing");
-    using Slopes = std::vector<double>;
-    QTest::newRow("linear: the chord") << 0 << Slopes{2.0, 2.0, -1.0} << Slopes{2.0, -1.0, -1.0};
-    QTest::newRow("bezier: its own") << 1 << Slopes{7.0, 7.0, 7.0} << Slopes{8.0, 8.0, 8.0};
-    QTest::newRow("tcb: Kochanek-Bartels") << 2 << Slopes{2.0, 0.0, -1.0} << Slopes{2.0, 0.0, -1.0};
-    QTest::newRow("stepped: none") << 3 << Slopes{0.0, 0.0, 0.0} << Slopes{0.0, 0.0, 0.0};
-}
-
-void TestSplineEvaluation::tangentQueriesAnswerByKind()
-{
-    QFETCH(int, type);
-    QFETCH(std::vector<double>, incoming);
-    QFETCH(std::vector<double>, outgoing);
-    SplineBase spline;
-    const double values[] = {0.0, 2.0, 0.0};
-    const double times[] = {0.0, 1.0, 3.0};
-    for (int i = 0; i < 3; ++i) {
-        PointInfo key = makeKey(times[i], values[i]);
-        key.type = static_cast<zk_spline::interpolationType>(type);
-        key.bezier = {7.0, 8.0};
-        put(spline, key);
-    }
-    for (unsigned i = 0; i < 3; ++i) {
-        double length = -1.0;
-        QCOMPARE(spline.getTangentLeftAtNode(i, length), incoming[i]);
-        QCOMPARE(length, type == 2 ? 0.5 : 0.667);
-        length = -1.0;
-        QCOMPARE(spline.getTangentRightAtNode(i + 1, length), outgoing[i]);
-        QCOMPARE(length, type == 2 ? 0.5 : 0.667);
-    }
-}
-
-void TestSplineEvaluation::tangentQueriesOutOfRangeGiveZero()
-{
-    SplineBase spline;
-    double length = -1.0;
-    QCOMPARE(spline.getTangentLeftAtNode(0, length), 0.0);
-    QCOMPARE(length, 0.667);
-    for (const int type : {0, 2, 3}) {
-        SplineBase single;
-        put(single, makeKey(1.0, 2.0, static_cast<zk_spline::interpolationType>(type)));
-        QCOMPARE(single.getTangentLeftAtNode(0, length), 0.0);
-        QCOMPARE(single.getTangentRightAtNode(1, length), 0.0);
-    }
-    PointInfo key = makeKey(0.0, 0.0, zk_spline::bezier);
-    key.bezier = {7.0, 8.0};
-    put(spline, key);
-    QCOMPARE(spline.getTangentRightAtNode(1, length), 8.0);
-    for (const unsigned index : {0U, 2U, std::numeric_limits<unsigned>::max()}) {
-        length = -1.0;
-        QCOMPARE(spline.getTangentRightAtNode(index, length), 0.0);
-        QCOMPARE(length, 0.667);
-    }
-    for (const unsigned index : {1U, std::numeric_limits<unsigned>::max()}) {
-        length = -1.0;
-        QCOMPARE(spline.getTangentLeftAtNode(index, length), 0.0);
-        QCOMPARE(length, 0.667);
-    }
-}
-
-void TestSplineEvaluation::handlesOfTcbKeysFollowTheTension()
-{
-    SplineBase spline;
-    spline.addPoint(0.0, 0.0);
-    const auto handle = [&spline](double tension) {
-        spline.setTcb(0U, {tension, 0.0, 0.0, 0.0, 0.0});
-        double length = -1.0;
-        spline.getTangentLeftAtNode(0, length);
-        return length;
-    };
-    QCOMPARE(handle(0.0), 0.5);
-    QCOMPARE(handle(-1.0), 1.0);
-    QCOMPARE(handle(1.0), 0.0);
-    QCOMPARE(handle(10.0), 0.0);
-    QCOMPARE(handle(-10.0), 2.0);
-    QCOMPARE(handle(notANumber), 0.0);
 }
 
 QTEST_APPLESS_MAIN(TestSplineEvaluation)

@@ -212,11 +212,14 @@ void TestSplineFile::numbersOutsideTheEnumerationsComeBack()
 void TestSplineFile::loadPutsKeysInOrder()
 {
     const std::string file = path("order.txt");
-    write(file, "3 1 1 0\n5 0 0 0 0 0 0 0 0 2 0\n1 0 0 0 0 0 0 0 0 2 0\n3 0 0 0 0 0 0 0 0 2 0\n");
+    write(file, "4 1 1 0\n5 0 0 0 0 0 0 0 0 2 0\n1 0 0 0 0 0 0 0 0 2 0\n3 6 0 0 0 0 0 0 0 2 0\n"
+                "3 7 0 0 0 0 0 0 0 2 0\n");
     SplineBase spline;
     std::ifstream stream(file);
     SplineBase::load(&spline, stream);
-    QCOMPARE(timesOf(spline), (Times{1.0, 3.0, 5.0}));
+    QCOMPARE(timesOf(spline), (Times{1.0, 3.0, 3.0, 5.0}));
+    QCOMPARE(spline[1]->value, 6.0);
+    QCOMPARE(spline[2]->value, 7.0);
 }
 
 void TestSplineFile::badDataLeavesTheSplineUnchanged_data()
