@@ -1,5 +1,6 @@
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
 
@@ -73,13 +74,14 @@ bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double
 bool CanvasFunctionBase::selectionBounds(double& x1, double& x2, double& y1, double& y2) const
 {
     KeyBounds bounds;
+    const SelectedKeys selectedKeys(editing);
     const PointInfo* singleKey = nullptr;
     int singleSelections = 0;
     for (SplineCurveGraph* graph : editableGraphs()) {
         if (!graph->selection().hasSelection()) {
             continue;
         }
-        const QList<PointInfo*>& selected = graph->selection().selectedPoints;
+        const QList<const PointInfo*> selected = selectedKeys.readable(graph->selection());
         if (selected.size() == 1) {
             singleKey = selected.first();
             ++singleSelections;
