@@ -72,8 +72,9 @@ public:
     /// Frees all nodes that are linked.
     void clearCurves();
     /// Exactly these curves are being edited, and drawn, from now on. A group stands for its
-    /// leaves; unknown names and null are passed over. selectionChanged is emitted at once and
-    /// once more by the next updateCanvas.
+    /// leaves; unknown names and null are passed over. A curve that is deselected loses its
+    /// selection of keys; one that is removed keeps it for an undo. selectionChanged is emitted at
+    /// once and once more by the next updateCanvas.
     void selectCurves(const QStringList& dotNames);
     void selectCurveObjects(const QList<CurveNode*>& curves);
     QList<CurveNode*> editingCurves() const;

@@ -1,5 +1,6 @@
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
 
@@ -41,18 +42,6 @@ void shiftCentreTo(const double& centre, double& low, double& high)
     high += shift;
 }
 
-/// The selected keys without those that the host took out of the spline, or freed.
-QList<const PointInfo*> livingSelection(const ControlSplineNode& selection)
-{
-    QList<const PointInfo*> keys;
-    for (const PointInfo* key : selection.selectedPoints) {
-        if (selection.spline()->findIndex(key) >= 0) {
-            keys.append(key);
-        }
-    }
-    return keys;
-}
-
 } // namespace
 
 bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double& y2) const
@@ -85,13 +74,14 @@ bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double
 bool CanvasFunctionBase::selectionBounds(double& x1, double& x2, double& y1, double& y2) const
 {
     KeyBounds bounds;
+    const SelectedKeys selectedKeys(editing);
     const PointInfo* singleKey = nullptr;
     int singleSelections = 0;
     for (SplineCurveGraph* graph : editableGraphs()) {
         if (!graph->selection().hasSelection()) {
             continue;
         }
-        const QList<const PointInfo*> selected = livingSelection(graph->selection());
+        const QList<const PointInfo*> selected = selectedKeys.readable(graph->selection());
         if (selected.size() == 1) {
             singleKey = selected.first();
             ++singleSelections;

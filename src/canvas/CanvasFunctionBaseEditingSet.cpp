@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
+#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -9,6 +10,7 @@
 #include "curves/CurveType.h"
 
 #include <QMessageBox>
+#include <QSet>
 
 namespace {
 
@@ -27,6 +29,17 @@ QString markedText(const ParseMessage& message)
     const auto [start, length] = message.errorSpans.front();
     const QByteArray text = QByteArray::fromStdString(message.expressionText);
     return QString::fromLocal8Bit(text.mid(start, length));
+}
+
+/// A curve that was deselected loses its selection of keys.
+void dropSelections(const QList<CurveNode*>& former, const QList<CurveNode*>& editing)
+{
+    const QSet<CurveNode*> staying(editing.cbegin(), editing.cend());
+    for (CurveNode* curve : former) {
+        if (!staying.contains(curve) && curve->splineGraph()) {
+            curve->splineGraph()->selection().clear();
+        }
+    }
 }
 
 } // namespace
@@ -58,12 +71,14 @@ QStringList CanvasFunctionBase::enterEditing(CurveNode* node)
 void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 {
     const QStringList names = dotNames; // whoever hears the signal may change the caller's list
+    const QList<CurveNode*> former = editing;
     leaveEditing();
     for (const QString& name : names) {
         if (CurveNode* node = findCurve(name)) {
             enterEditing(node);
         }
     }
+    dropSelections(former, editing);
     selectionPending = true;
     emit selectionChanged(names);
 }
@@ -71,6 +86,7 @@ void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
 {
     const QList<CurveNode*> wanted = curves; // the argument may be our own list
+    const QList<CurveNode*> former = editing;
     leaveEditing();
     QStringList names;
     for (CurveNode* node : wanted) {
@@ -78,6 +94,7 @@ void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
             names += enterEditing(node);
         }
     }
+    dropSelections(former, editing);
     selectionPending = true;
     emit selectionChanged(names);
 }

@@ -3,13 +3,11 @@
 #include "canvas/CanvasBackground.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
+#include "canvas/SelectedKeys.h"
 #include "core/Truncate.h"
 #include "curves/CurveNode.h"
 
 #include <QPainter>
-
-#include <algorithm>
 
 namespace {
 
@@ -29,23 +27,12 @@ void scaleBackground(CanvasBackground& picture, const ViewPort& view)
 }
 
 /// From the first to the last selected key, over the whole height.
-void paintSelectionSpan(QPainter* painter, const ViewPort& view,
-                        const QList<SplineCurveGraph*>& graphs, const QColor& color)
+void paintSelectionSpan(QPainter* painter, const ViewPort& view, const QList<CurveNode*>& curves,
+                        const QColor& color)
 {
     double low = 0.0;
     double high = 0.0;
-    bool isFirst = true;
-    for (SplineCurveGraph* graph : graphs) {
-        if (!graph->selection().hasSelection()) {
-            continue;
-        }
-        double first = 0.0;
-        double last = 0.0;
-        graph->selection().selectedTimeRange(first, last);
-        low = isFirst ? first : std::min(low, first);
-        high = isFirst ? last : std::max(high, last);
-        isFirst = false;
-    }
+    SelectedKeys(curves).span(low, high);
     const double scale = view.viewWidth / (view.maxX - view.minX);
     const int left = truncateToPixel(scale * (low - view.minX));
     const int right = truncateToPixel(scale * (high - view.minX)) - 1;
@@ -95,7 +82,7 @@ void CanvasFunctionBase::paint(QPainter* painter)
     if (view->rectValid || view->rectActive) {
         paintRubberBand(painter, *view, selectionColor, canvasColor);
     } else if (!editing.isEmpty()) {
-        paintSelectionSpan(painter, *view, editableGraphs(), selectionColor);
+        paintSelectionSpan(painter, *view, editing, selectionColor);
     }
     if (showMark) {
         paintCrossHair(painter, *view, view->pixelX(lastWorldX), view->pixelY(lastWorldY));

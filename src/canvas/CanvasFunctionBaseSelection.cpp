@@ -1,5 +1,6 @@
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "curves/CurveNode.h"
@@ -43,10 +44,6 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
     hits.clear();
     hitUnselected = false;
     hitSelected = false;
-    spanMin = 0.0;
-    spanMax = 0.0;
-    bool spanIsSet = false;
-
     for (CurveNode* curve : qAsConst(editing)) {
         SplineCurveGraph* graph = hasKeys(curve->curveType()) ? curve->splineGraph() : nullptr;
         if (!graph) {
@@ -61,16 +58,9 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
                 hit == selection.currentPoint || selection.selectedPoints.contains(hit);
             (isSelected ? hitSelected : hitUnselected) = true;
         }
-        if (selection.hasSelection()) {
-            double first = 0.0;
-            double last = 0.0;
-            selection.selectedTimeRange(first, last);
-            spanMin = spanIsSet ? std::min(spanMin, first) : first;
-            spanMax = spanIsSet ? std::max(spanMax, last) : last;
-            spanIsSet = true;
-        }
     }
 
+    SelectedKeys(editing).span(spanMin, spanMax);
     const SelectionState state = selectionState();
     anySelected = state.any;
     manySelected = state.many;

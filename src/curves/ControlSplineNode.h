@@ -73,7 +73,9 @@ public:
 
     SplineCurveGraph* owner; ///< the graph that holds this object
     int keyPart = keyItself; ///< see keyParts
-    /// Keys of the spline, owned by it. currentPoint is null or in selectedPoints.
+    /// Keys of the spline, owned by it. currentPoint is null or in selectedPoints. Whoever reads
+    /// through one asks the spline first (findIndex): another editor may have freed the key, and
+    /// the arrow keys may have put a key of another curve here.
     PointInfo* currentPoint = nullptr;
     QList<PointInfo*> selectedPoints;
 

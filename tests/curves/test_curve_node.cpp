@@ -1,11 +1,14 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/SplineCurveGraph.h"
+#include "canvas/ViewPort.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 
+#include <QImage>
+#include <QPainter>
 #include <QTest>
 
 #include <memory>
@@ -95,6 +98,8 @@ private slots:
     void aGroupHasNoSplineExpressionOrGraph();
     void removingExpressionsOnAGroupAlwaysRemoves();
     void aGroupForwardsToEveryChild();
+    void aGroupPassesOnChangesRebuildingAndDrawing();
+    void aGroupHandsAnExpressionToItsLeaf();
     void theReportingFlagStaysWithTheNode();
     void aChildAddedElsewhereLeavesItsFormerGroup();
     void addingNullOrTheNodeItselfDoesNothing();
@@ -364,6 +369,32 @@ void TestCurveNode::aGroupForwardsToEveryChild()
         QCOMPARE(curve->curveColor(), QColor(Qt::blue));
         QCOMPARE(curve->spline()->getControlPointsNumber(), 0u);
     }
+}
+
+void TestCurveNode::aGroupPassesOnChangesRebuildingAndDrawing()
+{
+    Tree tree;
+    CurveNodeBase* first = tree.add(tree.top.get(), "1");
+    CurveNodeBase* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
+    ViewPort view;
+    tree.top->updateGraph(&view);
+    QVERIFY(!first->hasChanged() && !second->hasChanged());
+    tree.top->markChanged();
+    QVERIFY(first->hasChanged() && second->hasChanged());
+    QImage image(10, 10, QImage::Format_RGB32);
+    QPainter painter(&image);
+    tree.top->draw(&view, &painter);
+    QVERIFY(!first->hasChanged() && !second->hasChanged());
+}
+
+void TestCurveNode::aGroupHandsAnExpressionToItsLeaf()
+{
+    Tree tree;
+    CurveNodeBase* curve = tree.add(tree.addGroup(tree.top.get(), "a"), "c");
+    ParseMessage message;
+    tree.top->setExpression(parsed("5"), message);
+    QVERIFY(curve->expression());
+    QCOMPARE(curve->evaluate(0.0), 5.0);
 }
 
 void TestCurveNode::theReportingFlagStaysWithTheNode()
