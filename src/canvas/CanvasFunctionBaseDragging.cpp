@@ -6,11 +6,13 @@
 #include "canvas/ViewPort.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/KeyRetiming.h"
 #include "editor/CurveEditor.h"
 
 #include <QMouseEvent>
 
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -32,21 +34,31 @@ double snapToGrid(const double& number, const double& step, const double& radius
     return number;
 }
 
-/// Moves several keys of one spline. The key that goes ahead is moved first, so that each passes
-/// only keys that stay behind, and keys of equal time keep their order.
-void shiftKeys(SplineBase* spline, const QList<PointInfo*>& keys, const double& dx,
-               const double& dy)
+/// Puts several keys of one spline where `placeOf` says; those that have left it are passed over.
+template <class Place>
+void placeKeys(SplineBase& spline, const QList<PointInfo*>& keys, const Place& placeOf)
 {
-    const qsizetype count = keys.size();
-    for (qsizetype i = 0; i < count; ++i) {
-        PointInfo* key = keys[dx > 0.0 ? count - 1 - i : i];
-        if (spline->findIndex(key) < 0) {
-            continue;
+    std::vector<RetimedKey> placed;
+    placed.reserve(static_cast<std::size_t>(keys.size()));
+    for (PointInfo* key : keys) {
+        if (spline.findIndex(key) >= 0) {
+            const QPointF place = placeOf(*key);
+            key->value = place.y();
+            placed.push_back({key, place.x()});
         }
-        const double value = key->value + dy;
-        spline->setTime(key, key->time + dx);
-        spline->setPos(key, value);
     }
+    if (!placed.empty()) {
+        retimeKeys(spline, placed);
+        spline.setChanged(true);
+    }
+}
+
+/// Keys of equal time keep their order.
+void shiftKeys(SplineBase& spline, const QList<PointInfo*>& keys, const QPointF& way)
+{
+    placeKeys(spline, keys, [&way](const PointInfo& key) {
+        return QPointF(key.time + way.x(), key.value + way.y());
+    });
 }
 
 } // namespace
@@ -110,7 +122,7 @@ void CanvasFunctionBase::dragSelection(SplineCurveGraph* graph, const bool& many
         if (horizontalSnap || verticalSnap) {
             showMark = true;
         }
-        shiftKeys(selection.spline(), selection.selectedPoints, delta.x(), delta.y());
+        shiftKeys(*selection.spline(), selection.selectedPoints, delta);
         selection.setCurrentPoint(selection.selectedPoints.last());
     } else if (selection.keyPart == ControlSplineNode::keyItself) {
         selection.movePoint(target.x(), target.y());
@@ -158,14 +170,8 @@ void CanvasFunctionBase::scaleKeys(ControlSplineNode& selection, const bool& man
         selection.scalePoint(sx, sy);
         return;
     }
-    const QList<PointInfo*> keys = selection.selectedPoints;
-    for (PointInfo* key : keys) {
-        if (spline->findIndex(key) >= 0) {
-            const double value = sy * key->value;
-            spline->setTime(key, sx * key->time);
-            spline->setPos(key, value);
-        }
-    }
+    placeKeys(*spline, selection.selectedPoints,
+              [&](const PointInfo& key) { return QPointF(sx * key.time, sy * key.value); });
 }
 
 void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
@@ -180,7 +186,7 @@ void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
             }
             // Each curve by its own number of keys, where scaling asks the whole set.
             if (selection.selectedPoints.size() > 1) {
-                shiftKeys(selection.spline(), selection.selectedPoints, dx, dy);
+                shiftKeys(*selection.spline(), selection.selectedPoints, QPointF(dx, dy));
                 selection.setCurrentPoint(selection.selectedPoints.last());
             } else {
                 selection.offsetPoint(dx, dy);

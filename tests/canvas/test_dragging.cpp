@@ -404,6 +404,15 @@ private slots:
         }
         QCOMPARE(fixture.undoAll(), QStringList(moveLabel));
         QCOMPARE(chosen.first()->time, 16.0);
+        // Across the whole spline in one step, which must not be a step a key.
+        fixture.press(fixture.pixel(18, 30));
+        fixture.moveTo(fixture.pixel(48, 30));
+        QCOMPARE(curve.spline.findIndex(chosen.last()), count - 1);
+        fixture.moveTo(fixture.pixel(1, 30));
+        QCOMPARE(curve.spline.findIndex(chosen.first()), 0);
+        fixture.release(fixture.pixel(1, 30));
+        fixture.undoAll();
+        QCOMPARE(curve.spline.findIndex(chosen.first()), 40000);
     }
 };
 

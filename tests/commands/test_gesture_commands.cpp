@@ -10,6 +10,7 @@
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
 
+#include <algorithm>
 #include <limits>
 
 using namespace curve_editor;
@@ -412,6 +413,32 @@ private slots:
         }));
         QCOMPARE(fixture.undoAll().size(), 1);
         QCOMPARE(values(curve.spline), QList<double>{1});
+    }
+
+    /// The first key stays where it is, and so says nothing of the order of the others.
+    void aScaleOfManyKeysAboutTheFirstIsTakenBackInOrder()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {});
+        QList<PointInfo*> keys;
+        for (int i = 0; i < 300; ++i) {
+            PointInfo* const key = curve.addKey(i, i);
+            if (i < 200) {
+                keys.append(key);
+            }
+        }
+        const SplineState before(curve.spline);
+        const QList<double> timesBefore = times(curve.spline);
+        fixture.selectionOf("n.a").selectPoints(keys);
+        fixture.logic().scaleSelection(1.45, 1.0);
+        const QList<double> timesAfter = times(curve.spline);
+        QVERIFY(std::is_sorted(timesAfter.cbegin(), timesAfter.cend()));
+        QCOMPARE(timesAfter.at(1), 1.45);
+        fixture.editor.getCmdManager()->undo();
+        QCOMPARE(times(curve.spline), timesBefore);
+        QVERIFY(SplineState(curve.spline) == before);
+        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(times(curve.spline), timesAfter);
     }
 
     void aMoveOfManyKeysAmongManyIsTakenBack_data()
