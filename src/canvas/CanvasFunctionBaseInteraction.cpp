@@ -325,8 +325,11 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event)
 
 void CanvasFunctionBase::showRightButtonMenu()
 {
+    QMenu* const menu = editor->keysMenu();
     editor->refreshEditor();
-    editor->keysMenu()->exec(QCursor::pos());
+    if (!menu->isVisible()) {
+        menu->exec(QCursor::pos()); // a second loop of the same menu would never let the first end
+    }
 }
 
 void CanvasFunctionBase::currentNodeHasChanged()

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPalette>
+#include <QPointer>
 #include <QWheelEvent>
 
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
@@ -60,7 +61,12 @@ bool FunctionEditor::event(QEvent* event)
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
     clearDrags();
-    if (!logic.press(event)) {
+    const QPointer<FunctionEditor> self(this);
+    const bool isConsumed = logic.press(event);
+    if (!self) {
+        return; // the host deleted the editor while the menu of a right press was open
+    }
+    if (!isConsumed) {
         viewPress(event);
     }
     if (logic.isEditing()) {
