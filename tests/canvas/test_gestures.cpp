@@ -170,6 +170,112 @@ private slots:
         QCOMPARE(curve.spline.getControlPointsNumber(), 2u);
     }
 
+    void aDoubleClickAddsNothingToSeveralCurvesOrAnExpression()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{10, 10}});
+        LentCurve& b = fixture.addCurve("n.b", {{10, 20}});
+        LentCurve& e = fixture.addCurve("n.e", {}, "t");
+        fixture.editor.selectNodes({"n.a", "n.b"});
+        fixture.doubleClick(fixture.pixel(35, 30));
+        fixture.editor.selectNodes(QStringList("n.e"));
+        fixture.doubleClick(fixture.pixel(35, 30));
+        QCOMPARE(a.spline.getControlPointsNumber(), 1u);
+        QCOMPARE(b.spline.getControlPointsNumber(), 1u);
+        QCOMPARE(e.spline.getControlPointsNumber(), 0u);
+    }
+
+    /// The list search stops at "n.width". Drags are steps all the same.
+    void aCurveHiddenBehindAPrefixGetsNoKeysByClicksButIsDragged()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.width", {{10, 10}});
+        LentCurve hidden;
+        hidden.addKey(10, 10);
+        hidden.addKey(20, 20);
+        fixture.editor.addCurve("n", "width2", Qt::red, 0, &hidden.spline, nullptr, -100, 100,
+                                false, true);
+        fixture.logic().addCanvasCurve("n.width2", Qt::red, 0, &hidden.spline, nullptr, -100, 100,
+                                       true);
+        fixture.logic().selectCurves({"n.width2"});
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList("n.width2"));
+        fixture.paint();
+        fixture.doubleClick(fixture.pixel(35, 30));
+        fixture.click(fixture.pixel(35, 30), Qt::LeftButton, Qt::ControlModifier);
+        QCOMPARE(hidden.spline.getControlPointsNumber(), 2u);
+        fixture.moveTo(fixture.pixel(35, 30), Qt::NoButton);
+        fixture.drag(fixture.pixel(10, 10), fixture.pixel(12, 13));
+        QCOMPARE(hidden.spline.at(0)->time, 12.0);
+        fixture.undoAll();
+        QCOMPARE(hidden.spline.at(0)->time, 10.0);
+        fixture.editor.removeCurve("n", "width2");
+    }
+
+    void aSecondButtonDuringARectangleIsIgnored()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}, {40, 10}});
+        fixture.paint();
+        fixture.press(fixture.pixel(5, 5));
+        fixture.moveTo(fixture.pixel(25, 25));
+        QVERIFY(!fixture.closesMenuOf([&fixture] {
+            fixture.send(QEvent::MouseButtonPress, fixture.pixel(25, 25), Qt::RightButton,
+                         Qt::LeftButton | Qt::RightButton);
+        }));
+        fixture.send(QEvent::MouseButtonRelease, fixture.pixel(25, 25), Qt::RightButton,
+                     Qt::LeftButton);
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::SELECTING);
+        fixture.release(fixture.pixel(25, 25));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
+                 (QList<PointInfo*>{curve.spline.at(0), curve.spline.at(1)}));
+    }
+
+    void aClickOnNothingClearsTheSelection()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        fixture.drag(fixture.pixel(5, 5), fixture.pixel(25, 25));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints.size(), qsizetype(2));
+        fixture.click(fixture.pixel(40, 35)); // the rectangle of before is not used again
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::DEFAULT);
+    }
+
+    void keysAreCommittedBeforeTheModeChanges()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        fixture.press(fixture.pixel(10, 10));
+        fixture.moveTo(fixture.pixel(12, 12));
+        QStringList steps;
+        connect(fixture.editor.getCmdManager(),
+                &curve_editor::CurveCommandsManager::curveEditorCmdExec, this, [&] {
+                    curve_editor::CurveCommand* step = fixture.editor.getCmdManager()->nextUndo();
+                    QCOMPARE(fixture.editor.getCurrentMode(), Mode::MOVING);
+                    steps.append(QString::fromStdString(step->getDescription()));
+                });
+        fixture.release(fixture.pixel(12, 12));
+        QCOMPARE(steps, (QStringList{"Move Control Points", "Change Control Points Values"}));
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::DEFAULT);
+    }
+
+    void aReleaseInZoomingLooksAtTheAltKeyItself()
+    {
+        EditorFixture fixture;
+        fixture.editor.setZoomModifier("ctrl");
+        const auto modeAfter = [&](Qt::KeyboardModifiers modifiers) {
+            fixture.editor.setCurrentMode(Mode::ZOOMING);
+            QMouseEvent event(QEvent::MouseButtonRelease, QPointF(9, 9), QPointF(9, 9),
+                              Qt::RightButton, Qt::NoButton, modifiers);
+            fixture.logic().release(&event);
+            return fixture.editor.getCurrentMode();
+        };
+        QCOMPARE(modeAfter(Qt::AltModifier), Mode::ZOOM);
+        QCOMPARE(modeAfter(Qt::ControlModifier), Mode::DEFAULT);
+    }
+
     void theArrowsWalkFromKeyToKey()
     {
         EditorFixture fixture;

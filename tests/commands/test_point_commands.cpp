@@ -345,6 +345,57 @@ private slots:
         QVERIFY(!manager.undo());
     }
 
+    /// Whether the editor had refreshed itself before the host heard of the change.
+    void theHostHearsBeforeOrAfterTheRefresh_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<bool>("done");
+        QTest::addColumn<bool>("undone");
+        QTest::addColumn<bool>("redone");
+        QTest::newRow("add") << "add" << false << false << false;
+        QTest::newRow("delete") << "delete" << false << false << false;
+        QTest::newRow("type") << "type" << false << false << false;
+        QTest::newRow("behaviour") << "behaviour" << true << false << true;
+    }
+
+    void theHostHearsBeforeOrAfterTheRefresh()
+    {
+        QFETCH(QString, command);
+        QFETCH(bool, done);
+        QFETCH(bool, undone);
+        QFETCH(bool, redone);
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}, {2, 2}});
+        fixture.selectKeys("n.a", {0});
+        CurveEditor& editor = fixture.editor;
+        CurveCommandsManager& manager = *editor.getCmdManager();
+        QList<bool> heard;
+        connect(&editor, &CurveEditor::curveHasChanged, this,
+                [&](QString&, QString&) { heard.append(fixture.canvas().canvasDirty); });
+        const auto takeHeard = [&] {
+            fixture.canvas().canvasDirty = false;
+            return std::exchange(heard, {});
+        };
+        takeHeard();
+        if (command == "add") {
+            manager.doCommand(
+                new CommandAddPoint(&editor, editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        } else if (command == "delete") {
+            manager.doCommand(new CommandDelPoints(&editor));
+        } else if (command == "type") {
+            manager.doCommand(new CommandSetPointsType(&editor, zk_spline::stepped));
+        } else {
+            manager.doCommand(new CommandSetLastNode(&editor, SplineBase::loop, false));
+        }
+        QVERIFY(fixture.canvas().canvasDirty); // each has refreshed the editor by now
+        QCOMPARE(takeHeard(), QList<bool>{done});
+        manager.undo();
+        QVERIFY(fixture.canvas().canvasDirty);
+        QCOMPARE(takeHeard(), QList<bool>{undone});
+        manager.redo();
+        QCOMPARE(takeHeard(), QList<bool>{redone});
+    }
+
     void curvesThatAreExpressionsOnlyAreUntouched()
     {
         EditorFixture fixture;
