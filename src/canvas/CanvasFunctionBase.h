@@ -128,28 +128,43 @@ public:
 
     /// @name Gesture commands: at most one of each kind is pending
     /// @{
+    /// begin makes the command unless it is pending; commit hands it to the history if anything
+    /// has changed, and frees it otherwise.
     void beginSelectCommand();
     void commitSelectCommand();
+    /// Notes where the move begins, for the axis lock, and begins its command.
     void beginMove(const QPoint& pixel);
     void beginMoveCommand();
     void commitMoveCommand();
     void beginChangeCommand();
     void commitChangeCommand();
+    /// Frees what is pending; the keys stay as they are.
     void dropPendingCommands();
     /// @}
 
     /// @name Keys
     /// @{
+    /// A key at a time in seconds and a value. Nothing for null, nor for a curve whose record
+    /// the list search does not find.
     void addKey(CurveNode* curve, const double& x, const double& y);
+    /// Deletes the selected keys; with none selected the command is refused.
     void deleteKeys();
     /// A key at the cursor, asked for by a curve.
     void createNodeAtCursor(CurveNode* curve);
+    /// What lies under a pixel. `hits` gets one key or null a curve being edited; the span is
+    /// the time from the first selected key to the last, 0 to 0 without one. Returns whether the
+    /// press lies outside: on no key, and its time not within the span.
     bool hitKeys(const QPoint& pixel, bool& manySelected, bool& anySelected, bool& hitUnselected,
                  bool& hitSelected, double& spanMin, double& spanMax, QList<PointInfo*>& hits);
+    /// Each curve's hit alone becomes its selection, none without a hit.
     void selectHits(const QList<PointInfo*>& hits);
+    /// Takes each hit into its curve's selection, or out of it.
     void toggleHits(const QList<PointInfo*>& hits);
     void clearSelection();
+    /// The keys strictly inside the view's rubber band; `add` keeps those selected before.
     void selectInRect(const bool& add);
+    /// Each is one step, none if nothing changes. Scaling is about time 0 and value 0; a pan is
+    /// in seconds and units of value.
     void scaleSelection(const double& sx, const double& sy);
     void panSelection(const double& dx, const double& dy);
     void flatTangents();
