@@ -27,7 +27,6 @@ CommandRemoveCurves::CommandRemoveCurves(CurveEditor* curveEditor, const QString
 bool CommandRemoveCurves::execute()
 {
     const QStringList leaving = names;
-    curves.clear();
     for (const QString& name : leaving) {
         curves.append(editor->curveFromDotName(name));
         editor->removeCurveFromEditing(name);
@@ -51,6 +50,7 @@ void CommandRemoveCurves::undo()
     editor->emitSignalCurvesHaveChanged();
 }
 
+/// Appends to the curves again; what undo puts back stays what the first execute took out.
 void CommandRemoveCurves::redo()
 {
     execute();

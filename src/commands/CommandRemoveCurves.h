@@ -26,7 +26,9 @@ private:
     CurveEditor* editor; ///< not owned
     QStringList previousSelection;
     QStringList names;
-    QList<CurveNode*> curves; ///< the canvas's, which unlinks but does not free them; may be null
+    /// The canvas's, which unlinks but does not free them; an entry may be null. One entry a name
+    /// from execute, which undo reads, and as many more from each redo.
+    QList<CurveNode*> curves;
 };
 
 } // namespace curve_editor

@@ -249,6 +249,24 @@ private slots:
         fixture.editor.removeCurve("n", "a");
     }
 
+    void afterARedoTheObjectThatTheFirstExecuteTookOutComesBack()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        CurveNode* const first = fixture.logic().findCurve("n.a");
+        fixture.editor.removeCurvesFromEditing();
+        fixture.editor.setDefaultSelected("n", "a");
+        CurveNode* const second = fixture.logic().findCurve("n.a");
+        QVERIFY(second != first);
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.undo();
+        QCOMPARE(fixture.logic().findCurve("n.a"), second); // it is on the canvas already
+        manager.redo();
+        QVERIFY(!fixture.logic().findCurve("n.a"));
+        manager.undo();
+        QCOMPARE(fixture.logic().findCurve("n.a"), first);
+    }
+
     void editsOfARemovedCurveAreTakenBackInItsAbsence()
     {
         EditorFixture fixture;
