@@ -152,8 +152,7 @@ QStringList CurveEditor::dotNamesFromStructs(const QList<NodeStruct*>& records) 
 
 QTreeWidgetItem* CurveEditor::getNodeItem(const QString& text) const
 {
-    return checkListsEditing->findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive)
-        .value(0, nullptr);
+    return checkListsEditing->findTopItem(text);
 }
 
 void CurveEditor::updateCurves()

@@ -18,10 +18,22 @@ using curve_editor::CommandRemoveCurves;
 
 namespace {
 
-QTreeWidgetItem* newItem(QTreeWidgetItem* parent, const QString& text)
+/// Children stand in ascending order. A new one goes straight to its place among them, for sorting
+/// them anew at each of thousands of siblings takes too long.
+QTreeWidgetItem* newChild(QTreeWidgetItem* parent, const QString& text)
 {
-    auto* const item = new QTreeWidgetItem(parent);
-    item->setText(0, text);
+    int row = 0;
+    int end = parent->childCount();
+    while (row < end) {
+        const int middle = row + (end - row) / 2;
+        if (text < parent->child(middle)->text(0)) {
+            end = middle;
+        } else {
+            row = middle + 1;
+        }
+    }
+    auto* const item = new QTreeWidgetItem(QStringList(text));
+    parent->insertChild(row, item);
     return item;
 }
 
@@ -90,9 +102,8 @@ void CurveEditor::addTreeItems(const NodeStruct* record)
         item->setExpanded(true);
         QTreeWidgetItem* child = checkListsEditing->findTreeItem(path);
         if (!child) {
-            child = newItem(item, part);
+            child = newChild(item, part);
         }
-        item->sortChildren(0, Qt::AscendingOrder);
         item = child;
     }
 }

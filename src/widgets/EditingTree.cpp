@@ -46,7 +46,10 @@ void collectSelection(const QTreeWidget& tree, const QTreeWidgetItem& parent,
 EditingTree::EditingTree(QWidget* parent)
     : QTreeWidget(parent)
     , nameIndex(std::make_unique<TreeNameIndex>(*this))
-{}
+{
+    // Else each new item has the heights of all measured again when it is selected.
+    setUniformRowHeights(true);
+}
 
 EditingTree::~EditingTree() = default;
 
@@ -79,13 +82,30 @@ QTreeWidgetItem* EditingTree::findTreeItem(const QString& path) const
     return nameIndex->find(path);
 }
 
+QTreeWidgetItem* EditingTree::findTopItem(const QString& text) const
+{
+    return nameIndex->findTop(text);
+}
+
 void EditingTree::selectTreeItems(const QStringList& names)
 {
+    const QSet<QString> wanted(names.cbegin(), names.cend());
     QItemSelection selection;
-    collectSelection(*this, *invisibleRootItem(), QModelIndex(), QString(),
-                     QSet<QString>(names.cbegin(), names.cend()), selection);
+    if (wanted.size() < nameIndex->size() / 16) {
+        for (const QString& name : wanted) {
+            for (QTreeWidgetItem* const item : nameIndex->findAll(name)) {
+                selection.append(QItemSelectionRange(indexFromItem(item)));
+            }
+        }
+    } else {
+        collectSelection(*this, *invisibleRootItem(), QModelIndex(), QString(), wanted, selection);
+    }
+    // Without updates the view does not lay out all items anew for each one that has come in.
+    const bool updates = updatesEnabled();
+    setUpdatesEnabled(false);
     selectionModel()->select(selection,
                              QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    setUpdatesEnabled(updates);
 }
 
 QStringList EditingTree::removeTreeItem(const QString& path, QTreeWidgetItem* item)
@@ -127,8 +147,7 @@ void EditingTree::keyPressEvent(QKeyEvent* event)
 
 void EditingTree::contextMenuEvent(QContextMenuEvent* event)
 {
-    const QModelIndex index =
-        event->reason() == QContextMenuEvent::Keyboard ? currentIndex() : indexAt(event->pos());
+    const QModelIndex index = indexAt(event->pos());
     if (index.isValid()) {
         emit rightButtonPressed(index);
         return;

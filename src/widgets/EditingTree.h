@@ -31,6 +31,9 @@ public:
     /// The first item, from the top down, of this dotted name whose own text is the path's last
     /// element; null if there is none. An item with a point in its own text is never found itself.
     QTreeWidgetItem* findTreeItem(const QString& path) const;
+    /// The first top-level item with exactly this text, which may hold points; null if there is
+    /// none.
+    QTreeWidgetItem* findTopItem(const QString& text) const;
     /// Selects exactly the items of these dotted names.
     void selectTreeItems(const QStringList& names);
     /// Frees an item and each item on the path above it that is left without children. Returns the

@@ -23,6 +23,16 @@ QTreeWidgetItem* TreeNameIndex::find(const QString& path) const
     return findBelow(nullptr, path, 0);
 }
 
+QTreeWidgetItem* TreeNameIndex::findTop(const QString& text) const
+{
+    const QList<QTreeWidgetItem*> found = items.values(Place(nullptr, text));
+    const auto first = std::min_element(found.begin(), found.end(),
+                                        [this](QTreeWidgetItem* left, QTreeWidgetItem* right) {
+                                            return rowOf(left) < rowOf(right);
+                                        });
+    return first == found.end() ? nullptr : *first;
+}
+
 /// A text may hold points itself, so that each point of the path may end the text of a child.
 QTreeWidgetItem* TreeNameIndex::findBelow(const QTreeWidgetItem* parent, const QString& path,
                                           const qsizetype& start) const
@@ -51,6 +61,31 @@ QTreeWidgetItem* TreeNameIndex::findBelow(const QTreeWidgetItem* parent, const Q
         }
     }
     return nullptr;
+}
+
+QList<QTreeWidgetItem*> TreeNameIndex::findAll(const QString& path) const
+{
+    QList<QTreeWidgetItem*> found;
+    collectBelow(nullptr, path, 0, found);
+    return found;
+}
+
+void TreeNameIndex::collectBelow(const QTreeWidgetItem* parent, const QString& path,
+                                 const qsizetype& start, QList<QTreeWidgetItem*>& found) const
+{
+    for (qsizetype end = path.indexOf(QLatin1Char('.'), start); end >= 0;
+         end = path.indexOf(QLatin1Char('.'), end + 1)) {
+        for (QTreeWidgetItem* const item :
+             items.values(Place(parent, path.mid(start, end - start)))) {
+            collectBelow(item, path, end + 1, found);
+        }
+    }
+    found += items.values(Place(parent, path.mid(start)));
+}
+
+qsizetype TreeNameIndex::size() const
+{
+    return places.size();
 }
 
 void TreeNameIndex::addRows(const QModelIndex& parent, const int& first, const int& last)

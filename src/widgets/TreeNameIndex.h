@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QModelIndex>
 #include <QObject>
 #include <QPair>
@@ -22,12 +23,23 @@ public:
     /// if there is none.
     QTreeWidgetItem* find(const QString& path) const;
 
+    /// The first top-level item with exactly this text; null if there is none.
+    QTreeWidgetItem* findTop(const QString& text) const;
+
+    /// All items of this dotted name, in no particular order; their texts may hold points.
+    QList<QTreeWidgetItem*> findAll(const QString& path) const;
+
+    /// The number of items in the tree.
+    qsizetype size() const;
+
 private:
     /// An item's parent (null for a top-level item) and its text.
     using Place = QPair<const QTreeWidgetItem*, QString>;
 
     QTreeWidgetItem* findBelow(const QTreeWidgetItem* parent, const QString& path,
                                const qsizetype& start) const;
+    void collectBelow(const QTreeWidgetItem* parent, const QString& path, const qsizetype& start,
+                      QList<QTreeWidgetItem*>& found) const;
     void addRows(const QModelIndex& parent, const int& first, const int& last);
     void removeRows(const QModelIndex& parent, const int& first, const int& last);
     void add(QTreeWidgetItem& item);

@@ -101,6 +101,19 @@ private slots:
                  (QStringList{"n", "n.a", "n.c", "b", "b.x", "b.x.1", "b.x.2", "b.z"}));
     }
 
+    void childrenEnterWhereSortingWouldPutThem()
+    {
+        EditorFixture fixture;
+        for (const char* name :
+             {"b 10|", "B|", "b 2|", "|", "\u00e4|", "b|", "a|", "z|", "Z|", "b 1|"}) {
+            fixture.addCurve(QStringLiteral("n.") + QString::fromUtf8(name), {{1, 1}});
+        }
+        const QStringList entered = treeNames(fixture.editor);
+        QCOMPARE(entered.size(), 11);
+        fixture.editor.getNodeItem("n")->sortChildren(0, Qt::AscendingOrder);
+        QCOMPARE(entered, treeNames(fixture.editor));
+    }
+
     void theParentsOfANewItemAreExpanded()
     {
         EditorFixture fixture;

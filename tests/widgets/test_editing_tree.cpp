@@ -231,6 +231,24 @@ private slots:
         QCOMPARE(selectedNames(*tree), QStringList({"n.b", "n.c"}));
     }
 
+    void selectingFewOfManyItemsSelectsAllOfTheirNames()
+    {
+        for (int i = 0; i < 100; ++i) {
+            addPath(*tree, QStringLiteral("n.%1").arg(i));
+        }
+        addPath(*tree, QStringList({"m", "a.b", "c"}));
+        addPath(*tree, QStringList({"m", "a", "b.c"}));
+        addPath(*tree, QStringList({"m", "a", "b", "c"}));
+        addPath(*tree, QStringList({"m.a", "b", "c"}));
+        new QTreeWidgetItem(tree, QStringList("m.a.b.c"));
+        tree->selectAll();
+        tree->selectTreeItems({"m.a.b.c", "unknown"});
+        QCOMPARE(selectedNames(*tree), QStringList(5, "m.a.b.c"));
+        tree->selectTreeItems({"n.5", "n", "n.5"});
+        QCOMPARE(selectedNames(*tree), QStringList({"n", "n.5"}));
+        QVERIFY(tree->updatesEnabled());
+    }
+
     void selectTreeItemsWithAnEmptyListDeselectsEveryItem()
     {
         addPath(*tree, "n.a");
@@ -374,7 +392,7 @@ private slots:
         QCOMPARE(frame->menus, 1);
     }
 
-    void theContextMenuAskedByKeyboardIsThatOfTheCurrentItem()
+    void theMenuKeyOpensTheMenuOfTheCurrentItem()
     {
         addPath(*tree, "n");
         QTreeWidgetItem* const current = addPath(*tree, "m");
@@ -382,22 +400,12 @@ private slots:
         QModelIndex told;
         connect(tree, &EditingTree::rightButtonPressed, this,
                 [&](const QModelIndex& index) { told = index; });
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3),
-                                tree->mapToGlobal(QPoint(3, 3)));
+        // What the toolkit sends for the menu key.
+        const QPoint position = tree->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, position, tree->mapToGlobal(position));
         QCoreApplication::sendEvent(tree, &event);
         QCOMPARE(tree->itemFromIndex(told), current);
-    }
-
-    void theContextMenuAskedByKeyboardWithoutACurrentItemGoesToTheBase()
-    {
-        addPath(*tree, "n");
-        tree->setCurrentItem(nullptr);
-        const QSignalSpy spy(tree, &EditingTree::rightButtonPressed);
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3),
-                                tree->mapToGlobal(QPoint(3, 3)));
-        QCoreApplication::sendEvent(tree, &event);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(frame->menus, 1);
+        QCOMPARE(frame->menus, 0);
     }
 
 private:
