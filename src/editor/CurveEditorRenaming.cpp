@@ -83,12 +83,14 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
         held->setDotName(newName);
     }
 
-    // Without an object of its own an item of that name belongs to the curves below it.
     QTreeWidgetItem* const item = checkListsEditing->findTreeItem(oldName);
     if (!item || !record->isEditing) {
         return;
     }
-    checkListsEditing->removeTreeItem(oldName, item);
+    // Without an object of its own the item belongs to the curves below it.
+    if (held || item->childCount() == 0) {
+        checkListsEditing->removeTreeItem(oldName, item);
+    }
     record->isEditing = false;
     setCurveEditableOn(record, held);
     if (newName.contains(oldCurveMarker)) {

@@ -93,6 +93,18 @@ private slots:
         QCOMPARE(fixture.editor.commandLine->text(), QString("t"));
     }
 
+    void aListOfTheSameLengthWithNoNewNameCountsAsTheSame()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {}, "t");
+        fixture.addCurve("n.b", {}, "2*t");
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        QCOMPARE(fixture.editor.commandLine->text(), QString("..."));
+        fixture.editor.selectNodes(QStringList{"n.a", "n.a"});
+        QCOMPARE(fixture.editor.getSelection(), (QStringList{"n.a", "n.a"}));
+        QCOMPARE(fixture.editor.commandLine->text(), QString("...")); // not refreshed
+    }
+
     void clicksInTheTreeSelectAndAdd()
     {
         EditorFixture fixture;
