@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QList>
+#include <QMultiHash>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
@@ -100,8 +101,9 @@ public:
     QList<CurveNode*> topNodes() const;
     /// Deletes a node that stands unlinked; does nothing on any other.
     void discardUnlinked(CurveNode* node);
-    /// Called by nodes when they come to life and when they die.
+    /// Called by nodes when they come to life, when they get a new name and when they die.
     void nodeCreated(CurveNode* node);
+    void nodeRenamed(CurveNode* node, const QString& oldDotName);
     void nodeDestroyed(CurveNode* node);
     /// @}
 
@@ -209,6 +211,7 @@ signals:
 
 private:
     void link(CurveNode* node, CurveNode* group);
+    bool isLinked(const CurveNode* node) const;
     void leaveEditing();
     QStringList enterEditing(CurveNode* node);
 
@@ -257,6 +260,7 @@ private:
     QList<CurveNode*> editing; ///< leaves of the tree, not owned, each once
     QList<CurveNode*> tops;    ///< owned
     QSet<CurveNode*> nodes;    ///< every living node made for this canvas, linked or not
+    QMultiHash<QString, CurveNode*> nodesByName; ///< the same by dotted name
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;

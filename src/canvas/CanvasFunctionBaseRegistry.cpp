@@ -9,6 +9,7 @@
 #include "commands/CommandSelectPoints.h"
 #include "curves/CurveNodeBase.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -65,11 +66,19 @@ QList<CurveNode*> CanvasFunctionBase::topNodes() const
 void CanvasFunctionBase::nodeCreated(CurveNode* node)
 {
     nodes.insert(node);
+    nodesByName.insert(node->dotName(), node);
+}
+
+void CanvasFunctionBase::nodeRenamed(CurveNode* node, const QString& oldDotName)
+{
+    nodesByName.remove(oldDotName, node);
+    nodesByName.insert(node->dotName(), node);
 }
 
 void CanvasFunctionBase::nodeDestroyed(CurveNode* node)
 {
     nodes.remove(node);
+    nodesByName.remove(node->dotName(), node);
     editing.removeAll(node);
     tops.removeAll(node);
 }
@@ -81,8 +90,31 @@ void CanvasFunctionBase::discardUnlinked(CurveNode* node)
     }
 }
 
+bool CanvasFunctionBase::isLinked(const CurveNode* node) const
+{
+    const CurveNode* root = node;
+    while (root->parentNode()) {
+        root = root->parentNode();
+    }
+    return std::find(tops.begin(), tops.end(), root) != tops.end();
+}
+
+/// The first one that a walk of the tree meets. Only where several nodes share the name does it
+/// take the walk to tell which that is.
 CurveNode* CanvasFunctionBase::findCurve(const QString& dotName) const
 {
+    CurveNode* only = nullptr;
+    int linked = 0;
+    const auto [begin, end] = nodesByName.equal_range(dotName);
+    for (auto named = begin; named != end; ++named) {
+        if (isLinked(*named)) {
+            only = *named;
+            ++linked;
+        }
+    }
+    if (linked < 2) {
+        return only;
+    }
     for (CurveNode* top : tops) {
         if (CurveNode* found = top->findNode(dotName)) {
             return found;

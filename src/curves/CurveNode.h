@@ -88,6 +88,8 @@ public:
 
 protected:
     bool isNamed(const QString& dotName) const;
+    /// Writes both parts of the dotted name, of which the canvas keeps an index.
+    void setNames(const QString& name, const QString& path);
 
     enum leafTag : int
     {

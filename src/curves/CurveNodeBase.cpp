@@ -120,14 +120,14 @@ void CurveNodeBase::removeExpression(const bool& remove)
 
 void CurveNodeBase::setDotName(const QString& dotName)
 {
-    ownName = dotName.section(QLatin1Char('.'), -1);
+    const QString lastElement = dotName.section(QLatin1Char('.'), -1);
     // A negative length, of a name without a point, keeps the whole name.
-    parentPath = dotName.left(dotName.length() - ownName.length() - 1);
+    setNames(lastElement, dotName.left(dotName.length() - lastElement.length() - 1));
 }
 
 void CurveNodeBase::setPath(const QString& path)
 {
-    parentPath = path;
+    setNames(ownName, path);
 }
 
 void CurveNodeBase::removeNode(const QString&) {}

@@ -2,6 +2,8 @@
 
 #include "curves/CurveNode.h"
 
+#include "canvas/CanvasFunctionBase.h"
+
 namespace {
 
 const QLatin1Char point('.');
@@ -39,11 +41,11 @@ CurveNode* CurveNode::findNode(const QString& dotName)
 void CurveNode::setDotName(const QString& dotName)
 {
     const QString oldDotName = this->dotName();
-    ownName = dotName.section(point, -1);
-    if (!parentPath.isEmpty()) {
-        // A negative length, of a name without a point, keeps the whole name.
-        parentPath = dotName.left(dotName.length() - ownName.length() - 1);
-    }
+    const QString lastElement = dotName.section(point, -1);
+    // A negative length, of a name without a point, keeps the whole name.
+    setNames(lastElement, parentPath.isEmpty()
+                              ? QString()
+                              : dotName.left(dotName.length() - lastElement.length() - 1));
     renameChildren(oldDotName);
 }
 
@@ -58,8 +60,18 @@ void CurveNode::setRootName(const QString& rootName)
 void CurveNode::setPath(const QString& path)
 {
     const QString oldDotName = dotName();
-    parentPath = path;
+    setNames(ownName, path);
     renameChildren(oldDotName);
+}
+
+void CurveNode::setNames(const QString& name, const QString& path)
+{
+    const QString oldDotName = CurveNode::dotName();
+    ownName = name;
+    parentPath = path;
+    if (canvas) {
+        canvas->nodeRenamed(this, oldDotName);
+    }
 }
 
 /// The same as comparing with dotName(), without building it.

@@ -266,8 +266,9 @@ private slots:
 
     void tenThousandCurvesAreAddedThroughTheEditor()
     {
-        EditorFixture fixture;
         LentCurve curve;
+        EditorFixture fixture;
+        curve.addKey(1, 1);
         for (int i = 0; i < 10000; ++i) {
             const QString node = QStringLiteral("node %1").arg(i / 10);
             const QString name = QStringLiteral("curve %1").arg(i % 10);
@@ -276,6 +277,7 @@ private slots:
         }
         QVERIFY(fixture.editor.searchAllNodeList("node 999.curve 9"));
         QCOMPARE(fixture.editor.checkListsEditing->topLevelItemCount(), 1000);
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"node 999.curve 9"});
     }
 };
 
