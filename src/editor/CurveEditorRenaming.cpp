@@ -20,6 +20,15 @@ CurveNode* findLeaf(const CanvasFunctionBase& canvas, const QString& dotName)
     return found && found->isCurve() ? found : nullptr;
 }
 
+/// Under a group of its former name a renamed curve would leave the canvas with that group.
+void leaveForeignGroup(const CanvasFunctionBase& canvas, CurveNode* curve)
+{
+    const CurveNode* const group = curve->parentNode();
+    if (group && group->dotName() != curve->path() && canvas.findCurve(curve->dotName()) == curve) {
+        curve->unlink();
+    }
+}
+
 } // namespace
 
 void CurveEditor::removeCurve(const QString& node, const QString& curve)
@@ -90,6 +99,9 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     // Without an object of its own the item belongs to the curves below it.
     if (held || item->childCount() == 0) {
         checkListsEditing->removeTreeItem(oldName, item);
+    }
+    if (held) {
+        leaveForeignGroup(functionEditor->canvas(), held);
     }
     record->isEditing = false;
     setCurveEditableOn(record, held);

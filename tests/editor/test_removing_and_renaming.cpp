@@ -50,6 +50,20 @@ private slots:
         QVERIFY(fixture.logic().findCurve("n.b"));
     }
 
+    void aCurveRenamedOutOfItsGroupOutlivesTheGroup()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a.b", {{1, 1}});
+        fixture.addCurve("n.a.x", {{1, 1}});
+        CurveNode* const object = fixture.logic().findCurve("n.a.b");
+        fixture.editor.renameCurve("n", "a.b", "c");
+        QCOMPARE(fixture.logic().findCurve("n.c"), object);
+        fixture.editor.removeCurve("n", "a.x");
+        QVERIFY(!fixture.logic().findCurve("n.a.x"));
+        QCOMPARE(fixture.logic().findCurve("n.c"), object);
+        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.c"));
+    }
+
     void aRecordHiddenBehindAPrefixIsRemovedByItsExactName()
     {
         EditorFixture fixture;
