@@ -306,7 +306,8 @@ public:
 signals:
     /// Declared for hosts; never emitted.
     void closed();
-    /// A curve has changed; what has changed stands in its spline and its expression slot.
+    /// A curve has changed; what has changed stands in its spline and its expression slot. A slot
+    /// may change curves, undo, or close the editor; to delete it, it calls deleteLater.
     void curveHasChanged(QString& nodeName, QString& curveName);
     /// The user wants to undo or redo: the host calls the manager.
     void curveEditorUndo();
