@@ -1,8 +1,7 @@
-#include "canvas/CanvasFunctionBase.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "core/ParseMessage.h"
-#include "curves/CurveNodeBase.h"
+#include "curves/CurveTree.h"
 #include "curves/CurveType.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
@@ -14,41 +13,6 @@
 #include <memory>
 
 namespace {
-
-/// A group and its curves, each with a spline and a slot of its own.
-struct Tree
-{
-    struct Host
-    {
-        SplineBase spline;
-        FunctionFloatBase* expression = nullptr;
-        ~Host() { delete expression; }
-    };
-
-    Tree()
-        : top(std::make_unique<CurveNode>(nullptr, "n", ""))
-    {}
-
-    CurveNodeBase* add(CurveNode* group, const QString& name)
-    {
-        hosts.push_back(std::make_unique<Host>());
-        auto* curve =
-            new CurveNodeBase(nullptr, name, group->dotName(), Qt::red, 0.0f, &hosts.back()->spline,
-                              &hosts.back()->expression, -10.0f, 10.0f, true);
-        group->addChild(curve);
-        return curve;
-    }
-
-    CurveNode* addGroup(CurveNode* group, const QString& name)
-    {
-        auto* child = new CurveNode(nullptr, name, group->dotName());
-        group->addChild(child);
-        return child;
-    }
-
-    std::vector<std::unique_ptr<Host>> hosts;
-    std::unique_ptr<CurveNode> top;
-};
 
 FunctionFloatBase* parsed(const std::string& text)
 {
@@ -78,18 +42,6 @@ private slots:
     void aGroupsTypeComesFromItsChildren_data();
     void aGroupsTypeComesFromItsChildren();
     void addFuncIsForwardedButNotToPlainSplines();
-    void aTopNodesDottedNameHasNoPoint();
-    void aDottedNameJoinsPathAndName();
-    void namesWithPercentSignsStayWhole();
-    void findingGoesToAnyDepthAndIncludesTheNodeItself();
-    void findingComparesWholeNames();
-    void renamingATopNodeChangesItsNameAndTheChildrensPaths();
-    void renamingATopNodeToADottedNameTakesTheLastElement();
-    void renamingANodeBelowTheTopMovesItsPath();
-    void renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName();
-    void aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename();
-    void changingTheRootReachesAllPaths();
-    void changingTheRootToTheSameDoesNothing();
     void removingAChildUnlinksItAndTheCallerOwnsIt();
     void removingADeeperNodeUnlinksIt();
     void removingAnUnknownNameOrTheNodeItselfDoesNothing();
@@ -138,7 +90,7 @@ void TestCurveNode::aGroupsTypeComesFromItsChildren()
 {
     QFETCH(QList<int>, types);
     QFETCH(int, expected);
-    Tree tree;
+    CurveTree tree;
     for (const int& type : types) {
         setType(tree.add(tree.top.get(), QString::number(type)), type);
     }
@@ -151,7 +103,7 @@ void TestCurveNode::aGroupsTypeComesFromItsChildren()
 
 void TestCurveNode::addFuncIsForwardedButNotToPlainSplines()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* curve = tree.add(tree.top.get(), "c");
     tree.top->setAddFunc(true);
     QVERIFY(!curve->spline()->isAddFunc());
@@ -162,131 +114,9 @@ void TestCurveNode::addFuncIsForwardedButNotToPlainSplines()
     QVERIFY(!curve->spline()->isAddFunc());
 }
 
-void TestCurveNode::aTopNodesDottedNameHasNoPoint()
-{
-    const CurveNode group(nullptr, "n", "");
-    QCOMPARE(group.dotName(), QString("n"));
-    QCOMPARE(group.name(), QString("n"));
-    QCOMPARE(group.path(), QString());
-}
-
-void TestCurveNode::aDottedNameJoinsPathAndName()
-{
-    const CurveNode group(nullptr, "b", "n.a");
-    QCOMPARE(group.dotName(), QString("n.a.b"));
-    QCOMPARE(group.name(), QString("b"));
-    QCOMPARE(group.path(), QString("n.a"));
-}
-
-void TestCurveNode::namesWithPercentSignsStayWhole()
-{
-    const CurveNode group(nullptr, "%1", "%2");
-    QCOMPARE(group.dotName(), QString("%2.%1"));
-}
-
-void TestCurveNode::findingGoesToAnyDepthAndIncludesTheNodeItself()
-{
-    Tree tree;
-    CurveNode* a = tree.addGroup(tree.top.get(), "a");
-    CurveNode* b = tree.addGroup(a, "b");
-    CurveNode* leaf = tree.add(b, "c");
-    QCOMPARE(tree.top->findNode("n"), tree.top.get());
-    QCOMPARE(tree.top->findNode("n.a.b"), b);
-    QCOMPARE(tree.top->findNode("n.a.b.c"), leaf);
-    QVERIFY(!tree.top->findNode("n.a.c"));
-    QVERIFY(!tree.top->findNode(""));
-}
-
-void TestCurveNode::findingComparesWholeNames()
-{
-    Tree tree;
-    tree.add(tree.top.get(), "width");
-    QVERIFY(!tree.top->findNode("n.widt"));
-    QVERIFY(!tree.top->findNode("n.widths"));
-    QVERIFY(!tree.top->findNode("m.width"));
-    QVERIFY(!tree.top->findNode("n_width"));
-    QVERIFY(!tree.top->findNode("n.Width"));
-    QVERIFY(!tree.top->findNode("width"));
-}
-
-void TestCurveNode::renamingATopNodeChangesItsNameAndTheChildrensPaths()
-{
-    Tree tree;
-    CurveNode* a = tree.addGroup(tree.top.get(), "a");
-    CurveNode* leaf = tree.add(a, "c");
-    tree.top->setDotName("m");
-    QCOMPARE(tree.top->dotName(), QString("m"));
-    QCOMPARE(tree.top->path(), QString());
-    QCOMPARE(a->dotName(), QString("m.a"));
-    QCOMPARE(leaf->dotName(), QString("m.a.c"));
-}
-
-void TestCurveNode::renamingATopNodeToADottedNameTakesTheLastElement()
-{
-    Tree tree;
-    CurveNode* leaf = tree.add(tree.top.get(), "c");
-    tree.top->setDotName("x.y");
-    QCOMPARE(tree.top->dotName(), QString("y"));
-    QCOMPARE(leaf->dotName(), QString("y.c"));
-}
-
-void TestCurveNode::renamingANodeBelowTheTopMovesItsPath()
-{
-    Tree tree;
-    CurveNode* a = tree.addGroup(tree.top.get(), "a");
-    CurveNode* leaf = tree.add(a, "c");
-    a->setDotName("m.k.b");
-    QCOMPARE(a->path(), QString("m.k"));
-    QCOMPARE(a->name(), QString("b"));
-    QCOMPARE(leaf->dotName(), QString("m.k.b.c"));
-}
-
-void TestCurveNode::renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName()
-{
-    CurveNode group(nullptr, "a", "n");
-    group.setDotName("b");
-    QCOMPARE(group.dotName(), QString("b.b"));
-}
-
-void TestCurveNode::aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename()
-{
-    Tree tree;
-    CurveNodeBase* leaf = tree.add(tree.top.get(), "b");
-    leaf->setPath("n.b");
-    tree.top->setDotName("m");
-    QCOMPARE(leaf->dotName(), QString("m.b.b"));
-    CurveNode* group = tree.addGroup(tree.top.get(), "g");
-    group->addChild(leaf);
-    leaf->setPath("m.g.b");
-    tree.top->setPath("p");
-    QCOMPARE(leaf->dotName(), QString("p.m.g.b.b"));
-    group->setRootName("q");
-    QCOMPARE(leaf->dotName(), QString("q.m.g.b.b"));
-}
-
-void TestCurveNode::changingTheRootReachesAllPaths()
-{
-    Tree tree;
-    CurveNode* a = tree.addGroup(tree.top.get(), "a");
-    CurveNode* leaf = tree.add(a, "c");
-    a->setRootName("m");
-    QCOMPARE(a->dotName(), QString("m.a"));
-    QCOMPARE(leaf->dotName(), QString("m.a.c"));
-    leaf->setRootName("k");
-    QCOMPARE(leaf->dotName(), QString("k.a.c"));
-}
-
-void TestCurveNode::changingTheRootToTheSameDoesNothing()
-{
-    Tree tree;
-    CurveNode* leaf = tree.add(tree.top.get(), "c");
-    leaf->setRootName("n");
-    QCOMPARE(leaf->dotName(), QString("n.c"));
-}
-
 void TestCurveNode::removingAChildUnlinksItAndTheCallerOwnsIt()
 {
-    Tree tree;
+    CurveTree tree;
     const std::unique_ptr<CurveNode> leaf(tree.add(tree.top.get(), "c"));
     tree.top->removeNode("n.c");
     QVERIFY(tree.top->children()->isEmpty());
@@ -296,7 +126,7 @@ void TestCurveNode::removingAChildUnlinksItAndTheCallerOwnsIt()
 
 void TestCurveNode::removingADeeperNodeUnlinksIt()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     const std::unique_ptr<CurveNode> leaf(tree.add(a, "c"));
     tree.top->removeNode("n.a.c");
@@ -306,7 +136,7 @@ void TestCurveNode::removingADeeperNodeUnlinksIt()
 
 void TestCurveNode::removingAnUnknownNameOrTheNodeItselfDoesNothing()
 {
-    Tree tree;
+    CurveTree tree;
     tree.add(tree.top.get(), "c");
     tree.top->removeNode("n.d");
     tree.top->removeNode("n");
@@ -315,7 +145,7 @@ void TestCurveNode::removingAnUnknownNameOrTheNodeItselfDoesNothing()
 
 void TestCurveNode::curvesAreTheLeavesInOrder()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNode* first = tree.add(tree.top.get(), "1");
     CurveNode* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
     CurveNode* third = tree.add(tree.top.get(), "3");
@@ -325,7 +155,7 @@ void TestCurveNode::curvesAreTheLeavesInOrder()
 
 void TestCurveNode::splinesAreThoseOfTheLeavesThatHaveOne()
 {
-    Tree tree;
+    CurveTree tree;
     tree.add(tree.top.get(), "1");
     tree.top->addChild(
         new CurveNodeBase(nullptr, "2", "n", Qt::red, 0.0f, nullptr, nullptr, 0.0f, 1.0f, true));
@@ -347,7 +177,7 @@ void TestCurveNode::aGroupHasNoSplineExpressionOrGraph()
 
 void TestCurveNode::removingExpressionsOnAGroupAlwaysRemoves()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* curve = tree.add(tree.top.get(), "c");
     setType(curve, expressionCurve);
     tree.top->removeExpression(false);
@@ -356,7 +186,7 @@ void TestCurveNode::removingExpressionsOnAGroupAlwaysRemoves()
 
 void TestCurveNode::aGroupForwardsToEveryChild()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* first = tree.add(tree.top.get(), "1");
     CurveNodeBase* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
     tree.top->setActive(true);
@@ -373,7 +203,7 @@ void TestCurveNode::aGroupForwardsToEveryChild()
 
 void TestCurveNode::aGroupPassesOnChangesRebuildingAndDrawing()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* first = tree.add(tree.top.get(), "1");
     CurveNodeBase* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
     ViewPort view;
@@ -389,7 +219,7 @@ void TestCurveNode::aGroupPassesOnChangesRebuildingAndDrawing()
 
 void TestCurveNode::aGroupHandsAnExpressionToItsLeaf()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* curve = tree.add(tree.addGroup(tree.top.get(), "a"), "c");
     ParseMessage message;
     tree.top->setExpression(parsed("5"), message);
@@ -399,7 +229,7 @@ void TestCurveNode::aGroupHandsAnExpressionToItsLeaf()
 
 void TestCurveNode::theReportingFlagStaysWithTheNode()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* curve = tree.add(tree.top.get(), "c");
     QVERIFY(tree.top->notifiesHost());
     tree.top->setNotifiesHost(false);
@@ -409,7 +239,7 @@ void TestCurveNode::theReportingFlagStaysWithTheNode()
 
 void TestCurveNode::aChildAddedElsewhereLeavesItsFormerGroup()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     CurveNode* leaf = tree.add(a, "c");
     tree.top->addChild(leaf);
@@ -429,14 +259,14 @@ void TestCurveNode::addingNullOrTheNodeItselfDoesNothing()
 
 void TestCurveNode::deletingANodeTakesItOutOfItsGroup()
 {
-    Tree tree;
+    CurveTree tree;
     delete tree.add(tree.top.get(), "c");
     QVERIFY(tree.top->children()->isEmpty());
 }
 
 void TestCurveNode::aLeafHasNoChildren()
 {
-    Tree tree;
+    CurveTree tree;
     CurveNodeBase* leaf = tree.add(tree.top.get(), "c");
     const std::unique_ptr<CurveNode> other(new CurveNode(nullptr, "x", ""));
     leaf->addChild(other.get());

@@ -1,0 +1,150 @@
+#include "curves/CurveTree.h"
+#include "support/FailOnWarning.h"
+
+#include <QTest>
+
+class TestCurveNodeNames : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aTopNodesDottedNameHasNoPoint();
+    void aDottedNameJoinsPathAndName();
+    void namesWithPercentSignsStayWhole();
+    void findingGoesToAnyDepthAndIncludesTheNodeItself();
+    void findingComparesWholeNames();
+    void renamingATopNodeChangesItsNameAndTheChildrensPaths();
+    void renamingATopNodeToADottedNameTakesTheLastElement();
+    void renamingANodeBelowTheTopMovesItsPath();
+    void renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName();
+    void aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename();
+    void changingTheRootReachesAllPaths();
+    void changingTheRootToTheSameDoesNothing();
+};
+
+void TestCurveNodeNames::aTopNodesDottedNameHasNoPoint()
+{
+    const CurveNode group(nullptr, "n", "");
+    QCOMPARE(group.dotName(), QString("n"));
+    QCOMPARE(group.name(), QString("n"));
+    QCOMPARE(group.path(), QString());
+}
+
+void TestCurveNodeNames::aDottedNameJoinsPathAndName()
+{
+    const CurveNode group(nullptr, "b", "n.a");
+    QCOMPARE(group.dotName(), QString("n.a.b"));
+    QCOMPARE(group.name(), QString("b"));
+    QCOMPARE(group.path(), QString("n.a"));
+}
+
+void TestCurveNodeNames::namesWithPercentSignsStayWhole()
+{
+    const CurveNode group(nullptr, "%1", "%2");
+    QCOMPARE(group.dotName(), QString("%2.%1"));
+}
+
+void TestCurveNodeNames::findingGoesToAnyDepthAndIncludesTheNodeItself()
+{
+    CurveTree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* b = tree.addGroup(a, "b");
+    CurveNode* leaf = tree.add(b, "c");
+    QCOMPARE(tree.top->findNode("n"), tree.top.get());
+    QCOMPARE(tree.top->findNode("n.a.b"), b);
+    QCOMPARE(tree.top->findNode("n.a.b.c"), leaf);
+    QVERIFY(!tree.top->findNode("n.a.c"));
+    QVERIFY(!tree.top->findNode(""));
+}
+
+void TestCurveNodeNames::findingComparesWholeNames()
+{
+    CurveTree tree;
+    tree.add(tree.top.get(), "width");
+    QVERIFY(!tree.top->findNode("n.widt"));
+    QVERIFY(!tree.top->findNode("n.widths"));
+    QVERIFY(!tree.top->findNode("m.width"));
+    QVERIFY(!tree.top->findNode("n_width"));
+    QVERIFY(!tree.top->findNode("n.Width"));
+    QVERIFY(!tree.top->findNode("width"));
+}
+
+void TestCurveNodeNames::renamingATopNodeChangesItsNameAndTheChildrensPaths()
+{
+    CurveTree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    tree.top->setDotName("m");
+    QCOMPARE(tree.top->dotName(), QString("m"));
+    QCOMPARE(tree.top->path(), QString());
+    QCOMPARE(a->dotName(), QString("m.a"));
+    QCOMPARE(leaf->dotName(), QString("m.a.c"));
+}
+
+void TestCurveNodeNames::renamingATopNodeToADottedNameTakesTheLastElement()
+{
+    CurveTree tree;
+    CurveNode* leaf = tree.add(tree.top.get(), "c");
+    tree.top->setDotName("x.y");
+    QCOMPARE(tree.top->dotName(), QString("y"));
+    QCOMPARE(leaf->dotName(), QString("y.c"));
+}
+
+void TestCurveNodeNames::renamingANodeBelowTheTopMovesItsPath()
+{
+    CurveTree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    a->setDotName("m.k.b");
+    QCOMPARE(a->path(), QString("m.k"));
+    QCOMPARE(a->name(), QString("b"));
+    QCOMPARE(leaf->dotName(), QString("m.k.b.c"));
+}
+
+void TestCurveNodeNames::renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName()
+{
+    CurveNode group(nullptr, "a", "n");
+    group.setDotName("b");
+    QCOMPARE(group.dotName(), QString("b.b"));
+}
+
+void TestCurveNodeNames::aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename()
+{
+    CurveTree tree;
+    CurveNodeBase* leaf = tree.add(tree.top.get(), "b");
+    leaf->setPath("n.b");
+    tree.top->setDotName("m");
+    QCOMPARE(leaf->dotName(), QString("m.b.b"));
+    CurveNode* group = tree.addGroup(tree.top.get(), "g");
+    group->addChild(leaf);
+    leaf->setPath("m.g.b");
+    tree.top->setPath("p");
+    QCOMPARE(leaf->dotName(), QString("p.m.g.b.b"));
+    group->setRootName("q");
+    QCOMPARE(leaf->dotName(), QString("q.m.g.b.b"));
+}
+
+void TestCurveNodeNames::changingTheRootReachesAllPaths()
+{
+    CurveTree tree;
+    CurveNode* a = tree.addGroup(tree.top.get(), "a");
+    CurveNode* leaf = tree.add(a, "c");
+    a->setRootName("m");
+    QCOMPARE(a->dotName(), QString("m.a"));
+    QCOMPARE(leaf->dotName(), QString("m.a.c"));
+    leaf->setRootName("k");
+    QCOMPARE(leaf->dotName(), QString("k.a.c"));
+}
+
+void TestCurveNodeNames::changingTheRootToTheSameDoesNothing()
+{
+    CurveTree tree;
+    CurveNode* leaf = tree.add(tree.top.get(), "c");
+    leaf->setRootName("n");
+    QCOMPARE(leaf->dotName(), QString("n.c"));
+}
+
+QTEST_MAIN(TestCurveNodeNames)
+#include "test_curve_node_names.moc"

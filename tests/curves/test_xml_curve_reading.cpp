@@ -1,0 +1,147 @@
+#include "canvas/SplineCurveGraph.h"
+#include "curves/CurveFileTest.h"
+#include "curves/CurveType.h"
+
+#include <QTest>
+
+class TestXmlCurveReading : public CurveFileTest
+{
+    Q_OBJECT
+
+private slots:
+    void init() { openCurve(); }
+    void cleanup() { closeCurve(); }
+
+    void pointsHaveDefaults();
+    void pointsAreOrderedByTime();
+    void linearInAnySpelling_data();
+    void linearInAnySpelling();
+
+    void anExpressionFileLeavesTheKeys();
+    void aSplineFileLeavesTheExpression();
+    void anExpressionThatDoesNotParseGivesAnEmptySlotWithoutAWord();
+    void aLoadedFileClearsTheSelectionAndMarksTheCurveChanged();
+    void missingNodeTypesAreStoredAsMinusOneAndSurviveEvaluation();
+    void anUnknownPointTypeIsStoredAsMinusOneAndSurvivesEvaluation();
+    void aNumberThatDoesNotParseIsZero_data();
+    void aNumberThatDoesNotParseIsZero();
+};
+
+void TestXmlCurveReading::pointsHaveDefaults()
+{
+    QVERIFY(load(splineFile("<point/>")));
+    QCOMPARE(spline->getControlPointsNumber(), 1u);
+    const PointInfo& point = *spline->at(0);
+    QCOMPARE(point.time, 0.0);
+    QCOMPARE(point.type, zk_spline::tcb);
+    QVERIFY(!point.unifiedTangents);
+}
+
+void TestXmlCurveReading::pointsAreOrderedByTime()
+{
+    QVERIFY(load(splineFile("<point><x>2</x></point><point><x>1</x></point>")));
+    QCOMPARE(spline->at(0)->time, 1.0);
+    QCOMPARE(spline->at(1)->time, 2.0);
+}
+
+void TestXmlCurveReading::linearInAnySpelling_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("linear") << QByteArray("linear");
+    QTest::newRow("lineal") << QByteArray("lineal");
+    QTest::newRow("capitals") << QByteArray("LINEAR");
+    QTest::newRow("mixed capitals") << QByteArray("LineaL");
+}
+
+void TestXmlCurveReading::linearInAnySpelling()
+{
+    QFETCH(QByteArray, text);
+    QVERIFY(load(splineFile("<point><type>" + text + "</type></point>")));
+    QCOMPARE(spline->at(0)->type, zk_spline::linear);
+}
+
+void TestXmlCurveReading::anExpressionFileLeavesTheKeys()
+{
+    fillCurve();
+    QVERIFY(load(curveFile("<type>Expression</type><expression>2 * t</expression>")));
+    QCOMPARE(spline->getControlPointsNumber(), 1u);
+    QCOMPARE(spline->firstNodeType(), SplineBase::loop);
+    QCOMPARE(curve->curveType(), int(expressionCurve));
+    QCOMPARE(curve->evaluate(3.0), 6.0);
+}
+
+void TestXmlCurveReading::aSplineFileLeavesTheExpression()
+{
+    fillCurve();
+    QVERIFY(load(splineFile("<point><x>3</x></point>")));
+    QCOMPARE(spline->at(0)->time, 3.0);
+    QVERIFY(!spline->isAddFunc());
+    QCOMPARE(curve->curveType(), int(expressionCurve));
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t+77"));
+}
+
+void TestXmlCurveReading::anExpressionThatDoesNotParseGivesAnEmptySlotWithoutAWord()
+{
+    fillCurve();
+    QVERIFY(load(curveFile("<type>expression</type><expression>nobody+</expression>")));
+    QVERIFY(!expression);
+    QVERIFY(!spline->isAddFunc());
+    QVERIFY(boxes->texts.isEmpty());
+}
+
+void TestXmlCurveReading::aLoadedFileClearsTheSelectionAndMarksTheCurveChanged()
+{
+    spline->addPoint(1.0, 1.0);
+    ControlSplineNode& selection = curve->splineGraph()->selection();
+    selection.selectSinglePoint(spline->at(0));
+    QVERIFY(load(splineFile("<point><x>3</x></point>")));
+    QVERIFY(!selection.currentPoint);
+    QVERIFY(selection.selectedPoints.isEmpty());
+    QVERIFY(curve->hasChanged());
+    QVERIFY(spline->hasChanged());
+}
+
+void TestXmlCurveReading::missingNodeTypesAreStoredAsMinusOneAndSurviveEvaluation()
+{
+    QVERIFY(load(splineFile("<point><x>3</x><y>5</y></point>")));
+    QCOMPARE(int(spline->firstNodeType()), -1);
+    QCOMPARE(int(spline->lastNodeType()), -1);
+    QCOMPARE(curve->evaluate(0.0), 5.0);
+    QCOMPARE(curve->evaluate(9.0), 5.0);
+    QVERIFY(saved().contains("<first-node-type>unknown</first-node-type>"));
+}
+
+void TestXmlCurveReading::anUnknownPointTypeIsStoredAsMinusOneAndSurvivesEvaluation()
+{
+    QVERIFY(load(splineFile("<point><x>0</x><y>1</y><type>wavy</type></point>"
+                            "<point><x>2</x><y>3</y><type>wavy</type></point>")));
+    QCOMPARE(int(spline->at(0)->type), -1);
+    QCOMPARE(curve->evaluate(1.0), 2.0);
+    QVERIFY(boxes->texts.isEmpty());
+}
+
+void TestXmlCurveReading::aNumberThatDoesNotParseIsZero_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<double>("expected");
+    QTest::newRow("word") << QByteArray("many") << 0.0;
+    QTest::newRow("empty") << QByteArray("") << 0.0;
+    QTest::newRow("nan") << QByteArray("nan") << 0.0;
+    QTest::newRow("inf") << QByteArray("inf") << 0.0;
+    QTest::newRow("minus inf") << QByteArray("-inf") << 0.0;
+    QTest::newRow("out of range") << QByteArray("1e999") << 0.0;
+    QTest::newRow("comma") << QByteArray("1,5") << 0.0;
+    QTest::newRow("a number") << QByteArray("-1.5e2") << -150.0;
+}
+
+void TestXmlCurveReading::aNumberThatDoesNotParseIsZero()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(double, expected);
+    QVERIFY(load(splineFile("<point><x>3</x><y>" + text + "</y></point>")));
+    QCOMPARE(spline->at(0)->value, expected);
+    QCOMPARE(spline->at(0)->time, 3.0);
+}
+
+QTEST_MAIN(TestXmlCurveReading)
+#include "test_xml_curve_reading.moc"

@@ -1,0 +1,166 @@
+#include "curves/CurveFileTest.h"
+#include "curves/CurveType.h"
+
+#include <QTest>
+#include <QXmlStreamReader>
+
+class TestXmlCurveRoundTrip : public CurveFileTest
+{
+    Q_OBJECT
+
+private slots:
+    void init() { openCurve(); }
+    void cleanup() { closeCurve(); }
+
+    void splinePlusExpressionWithAnEmptySlotIsWrittenAndReadBack();
+
+    void aUnifiedBezierKeyComesBackWithEqualTangents();
+    void aUnifiedTcbKeyComesBackWithContinuityZero();
+    void aLinearOrSteppedKeyComesBackWithoutTangentsAndTcb_data();
+    void aLinearOrSteppedKeyComesBackWithoutTangentsAndTcb();
+    void aBrokenKeyComesBackWhole_data();
+    void aBrokenKeyComesBackWhole();
+    void everyCurveTypeComesBack_data();
+    void everyCurveTypeComesBack();
+    void anEmptySplineLoadsWithNoKey();
+
+    void aCurveWithoutSplineAndSlotReadsAndWrites();
+};
+
+void TestXmlCurveRoundTrip::splinePlusExpressionWithAnEmptySlotIsWrittenAndReadBack()
+{
+    spline->addPoint(1.0, 2.0);
+    spline->setAddFunc(true);
+    const QByteArray text = saved();
+    spline->setAddFunc(false);
+    QVERIFY(load(text));
+    QCOMPARE(curve->curveType(), int(splinePlusExpressionCurve));
+    QVERIFY(!expression);
+    QCOMPARE(curve->evaluate(1.0), 2.0);
+}
+
+void TestXmlCurveRoundTrip::aUnifiedBezierKeyComesBackWithEqualTangents()
+{
+    addKey(pointOf(zk_spline::bezier, true));
+    QVERIFY(load(saved()));
+    QVERIFY(spline->at(0)->unifiedTangents);
+    QCOMPARE(spline->at(0)->bezier.tangentLeft, 3.0);
+    QCOMPARE(spline->at(0)->bezier.tangentRight, 3.0);
+}
+
+void TestXmlCurveRoundTrip::aUnifiedTcbKeyComesBackWithContinuityZero()
+{
+    addKey(pointOf(zk_spline::tcb, true));
+    QVERIFY(load(saved()));
+    QVERIFY(spline->at(0)->unifiedTangents);
+    QCOMPARE(spline->at(0)->tcb.tension, 0.1);
+    QCOMPARE(spline->at(0)->tcb.continuity, 0.0);
+    QCOMPARE(spline->at(0)->tcb.bias, 0.3);
+    // Also where the file says otherwise.
+    QVERIFY(load(splineFile("<point><c>5</c><incoming>1</incoming><outgoing>2</outgoing>"
+                            "<unified-tangents/></point>")));
+    QCOMPARE(spline->at(0)->tcb.continuity, 0.0);
+    QCOMPARE(spline->at(0)->bezier.tangentRight, 1.0);
+}
+
+void TestXmlCurveRoundTrip::aLinearOrSteppedKeyComesBackWithoutTangentsAndTcb_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("linear") << int(zk_spline::linear);
+    QTest::newRow("stepped") << int(zk_spline::stepped);
+}
+
+void TestXmlCurveRoundTrip::aLinearOrSteppedKeyComesBackWithoutTangentsAndTcb()
+{
+    QFETCH(int, type);
+    addKey(pointOf(static_cast<zk_spline::interpolationType>(type), false));
+    QVERIFY(load(saved()));
+    const PointInfo& point = *spline->at(0);
+    QCOMPARE(int(point.type), type);
+    QCOMPARE(point.bezier.tangentLeft, 0.0);
+    QCOMPARE(point.bezier.tangentRight, 0.0);
+    QCOMPARE(point.tcb.tension, 0.0);
+    QCOMPARE(point.tcb.continuity, 0.0);
+    QCOMPARE(point.tcb.bias, 0.0);
+    QCOMPARE(point.tcb.easeTo, 0.4);
+    QCOMPARE(point.tcb.easeFrom, 0.5);
+}
+
+void TestXmlCurveRoundTrip::aBrokenKeyComesBackWhole_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("Bezier") << int(zk_spline::bezier);
+    QTest::newRow("TCB") << int(zk_spline::tcb);
+}
+
+void TestXmlCurveRoundTrip::aBrokenKeyComesBackWhole()
+{
+    QFETCH(int, type);
+    addKey(pointOf(static_cast<zk_spline::interpolationType>(type), false));
+    QVERIFY(load(saved()));
+    const PointInfo& point = *spline->at(0);
+    QCOMPARE(point.time, 1.0);
+    QCOMPARE(point.value, 2.0);
+    QCOMPARE(int(point.type), type);
+    QVERIFY(!point.unifiedTangents);
+    const bool isBezier = type == zk_spline::bezier;
+    QCOMPARE(point.bezier.tangentLeft, isBezier ? 3.0 : 0.0);
+    QCOMPARE(point.bezier.tangentRight, isBezier ? 4.0 : 0.0);
+    QCOMPARE(point.tcb.tension, isBezier ? 0.0 : 0.1);
+    QCOMPARE(point.tcb.continuity, isBezier ? 0.0 : 0.2);
+    QCOMPARE(point.tcb.bias, isBezier ? 0.0 : 0.3);
+}
+
+void TestXmlCurveRoundTrip::everyCurveTypeComesBack_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::newRow("spline") << int(splineCurve);
+    QTest::newRow("expression") << int(expressionCurve);
+    QTest::newRow("spline plus expression") << int(splinePlusExpressionCurve);
+}
+
+void TestXmlCurveRoundTrip::everyCurveTypeComesBack()
+{
+    QFETCH(int, type);
+    spline->addPoint(0.0, 5.0);
+    spline->setFirstNodeType(SplineBase::followTangent);
+    spline->setLastNodeType(SplineBase::loop);
+    spline->setAddFunc(type == splinePlusExpressionCurve);
+    if (type != splineCurve) {
+        setExpression("t");
+    }
+    const QByteArray text = saved();
+    const double value = curve->evaluate(3.0);
+    curve->reset();
+    QVERIFY(load(text));
+    QCOMPARE(curve->curveType(), type);
+    QCOMPARE(curve->evaluate(3.0), value);
+    if (type != expressionCurve) {
+        QCOMPARE(spline->firstNodeType(), SplineBase::followTangent);
+        QCOMPARE(spline->lastNodeType(), SplineBase::loop);
+    }
+}
+
+void TestXmlCurveRoundTrip::anEmptySplineLoadsWithNoKey()
+{
+    const QByteArray text = saved();
+    spline->addPoint(0.0, 5.0);
+    QVERIFY(load(text));
+    QCOMPARE(spline->getControlPointsNumber(), 0u);
+}
+
+void TestXmlCurveRoundTrip::aCurveWithoutSplineAndSlotReadsAndWrites()
+{
+    CurveNodeBase bare(nullptr, "c", "n", Qt::red, 0.0f, nullptr, nullptr, 0.0f, 1.0f, true);
+    QXmlStreamReader reader(
+        curveFile("<type>spline-plus-expression</type><expression>1</expression>"
+                  "<control-points><point/></control-points>"));
+    reader.readNextStartElement();
+    QVERIFY(bare.LoadXmlStream(reader, FunctionParserBase::instance()));
+    bare.saveXML(path("bare.xml"));
+    QVERIFY(curve->LoadXML(path("bare.xml"), FunctionParserBase::instance()));
+    QCOMPARE(spline->lastNodeType(), SplineBase::constant);
+}
+
+QTEST_MAIN(TestXmlCurveRoundTrip)
+#include "test_xml_curve_round_trip.moc"
