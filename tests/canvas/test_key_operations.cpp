@@ -1,3 +1,4 @@
+#include "canvas/StepLabels.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
@@ -8,9 +9,6 @@ using zk_spline::tcb;
 
 namespace {
 
-const QString selectLabel = QStringLiteral("Select Control Points");
-const QString moveLabel = QStringLiteral("Move Control Points");
-const QString changeLabel = QStringLiteral("Change Control Points Values");
 const QString typeLabel = QStringLiteral("Set Control Points Type");
 
 } // namespace

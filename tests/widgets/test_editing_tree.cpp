@@ -1,35 +1,6 @@
-#include "support/FailOnWarning.h"
-#include "widgets/EditingTree.h"
-
-#include <QContextMenuEvent>
-#include <QDialog>
-#include <QKeyEvent>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QVBoxLayout>
-
-#include <memory>
+#include "widgets/EditingTreeFixture.h"
 
 namespace {
-
-/// Adds an item for a list of texts from the root on, with whatever is missing on the way.
-QTreeWidgetItem* addPath(QTreeWidget& tree, const QStringList& texts)
-{
-    QTreeWidgetItem* item = tree.invisibleRootItem();
-    for (const QString& text : texts) {
-        QTreeWidgetItem* next = nullptr;
-        for (int row = 0; row < item->childCount() && !next; ++row) {
-            next = item->child(row)->text(0) == text ? item->child(row) : nullptr;
-        }
-        item = next ? next : new QTreeWidgetItem(item, QStringList(text));
-    }
-    return item;
-}
-
-QTreeWidgetItem* addPath(QTreeWidget& tree, const QString& path)
-{
-    return addPath(tree, path.split(QLatin1Char('.')));
-}
 
 /// What the whole tree holds, searched for the last element of the path: the rule in its plainest
 /// form.
@@ -51,41 +22,10 @@ QStringList selectedNames(const EditingTree& tree)
     return names;
 }
 
-/// A dialog that counts the keys and context menu requests that climb to it.
-class Frame : public QDialog
-{
-public:
-    Frame()
-    {
-        auto* const layout = new QVBoxLayout(this);
-        layout->addWidget(&tree);
-        tree.setSelectionMode(QAbstractItemView::ExtendedSelection);
-        resize(300, 300);
-        show();
-        activateWindow();
-        tree.setFocus();
-    }
-
-    EditingTree tree{nullptr};
-    int keys = 0;
-    int menus = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override
-    {
-        ++keys;
-        event->accept();
-    }
-    void contextMenuEvent(QContextMenuEvent* event) override
-    {
-        ++menus;
-        event->accept();
-    }
-};
-
 } // namespace
 
-class TestEditingTree : public QObject
+/// Items found, selected and removed by their dotted names.
+class TestEditingTree : public QObject, EditingTreeFixture
 {
     Q_OBJECT
 
@@ -93,12 +33,10 @@ private slots:
     void init()
     {
         failOnUnexpectedWarning();
-        frame = std::make_unique<Frame>();
-        tree = &frame->tree;
-        QVERIFY(QTest::qWaitForWindowActive(frame.get()));
+        open();
     }
 
-    void cleanup() { frame.reset(); }
+    void cleanup() { close(); }
 
     void aDottedNameJoinsTheTextsFromTheRoot()
     {
@@ -316,101 +254,6 @@ private slots:
         QCOMPARE(tree->removeTreeItem(QStringLiteral("n.a"), nullptr), QStringList());
         QVERIFY(tree->findTreeItem(QStringLiteral("n.a")));
     }
-
-    void deleteWithASelectionAsksForRemovalAndDoesNotClimb()
-    {
-        QTreeWidgetItem* const item = addPath(*tree, "n.a");
-        item->setSelected(true);
-        QModelIndexList asked;
-        connect(tree, &EditingTree::removeFromEditing, this,
-                [&](const QModelIndexList& indexes) { asked = indexes; });
-        tree->setFocus();
-        QTest::keyClick(tree, Qt::Key_Delete);
-        QCOMPARE(tree->treeDotNames(asked), QStringList("n.a"));
-        QCOMPARE(frame->keys, 0);
-    }
-
-    void aListenerMayRemoveTheItemsItIsTold()
-    {
-        addPath(*tree, "n.a")->setSelected(true);
-        addPath(*tree, "m.b")->setSelected(true);
-        connect(tree, &EditingTree::removeFromEditing, this, [&](const QModelIndexList& indexes) {
-            for (const QString& name : tree->treeDotNames(indexes)) {
-                tree->removeTreeItem(name, tree->findTreeItem(name));
-            }
-        });
-        QTest::keyClick(tree, Qt::Key_Delete);
-        QCOMPARE(tree->topLevelItemCount(), 0);
-    }
-
-    void deleteWithNothingSelectedSendsNothingAndGoesOnToTheBase()
-    {
-        addPath(*tree, "n.a");
-        tree->setCurrentItem(nullptr);
-        tree->clearSelection();
-        const QSignalSpy spy(tree, SIGNAL(removeFromEditing(const QModelIndexList&)));
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
-        QCoreApplication::sendEvent(tree, &event);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(frame->keys, 1);
-    }
-
-    void otherKeysWorkAsInAnyTree()
-    {
-        addPath(*tree, "n");
-        addPath(*tree, "m");
-        tree->setCurrentItem(tree->topLevelItem(0));
-        const QSignalSpy spy(tree, &EditingTree::removeFromEditing);
-        QTest::keyClick(tree, Qt::Key_Down);
-        QCOMPARE(tree->currentItem(), tree->topLevelItem(1));
-        QCOMPARE(spy.count(), 0);
-    }
-
-    void theContextMenuOfAnItemIsToldAndDoesNotClimb()
-    {
-        QTreeWidgetItem* const item = addPath(*tree, "n");
-        QModelIndex told;
-        connect(tree, &EditingTree::rightButtonPressed, this,
-                [&](const QModelIndex& index) { told = index; });
-        const QPoint position = tree->visualItemRect(item).center();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, position,
-                                tree->viewport()->mapToGlobal(position));
-        QCoreApplication::sendEvent(tree->viewport(), &event);
-        QCOMPARE(tree->itemFromIndex(QModelIndex(told)), item);
-        QCOMPARE(frame->menus, 0);
-    }
-
-    void theContextMenuOnEmptySpaceGoesToTheBase()
-    {
-        addPath(*tree, "n");
-        const QSignalSpy spy(tree, SIGNAL(rightButtonPressed(const QModelIndex&)));
-        const QPoint position = tree->viewport()->rect().bottomLeft() - QPoint(-5, 5);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, position,
-                                tree->viewport()->mapToGlobal(position));
-        QCoreApplication::sendEvent(tree->viewport(), &event);
-        QCOMPARE(spy.count(), 0);
-        QCOMPARE(frame->menus, 1);
-    }
-
-    void theMenuKeyOpensTheMenuOfTheCurrentItem()
-    {
-        addPath(*tree, "n");
-        QTreeWidgetItem* const current = addPath(*tree, "m");
-        tree->setCurrentItem(current);
-        QModelIndex told;
-        connect(tree, &EditingTree::rightButtonPressed, this,
-                [&](const QModelIndex& index) { told = index; });
-        // What the toolkit sends for the menu key.
-        const QPoint position = tree->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, position, tree->mapToGlobal(position));
-        QCoreApplication::sendEvent(tree, &event);
-        QCOMPARE(tree->itemFromIndex(told), current);
-        QCOMPARE(frame->menus, 0);
-    }
-
-private:
-    std::unique_ptr<Frame> frame;
-    EditingTree* tree = nullptr;
 };
 
 QTEST_MAIN(TestEditingTree)

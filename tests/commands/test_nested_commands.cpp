@@ -1,0 +1,251 @@
+#include "commands/ManagerFixture.h"
+
+/// Commands, limits and listeners that break into a command that is running, undone or redone.
+class TestNestedCommands : public QObject, ManagerFixture
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        failOnUnexpectedWarning();
+        open();
+    }
+
+    void cleanup() { close(); }
+
+    void undoAndRedoInsideARunningCommandReturnNull()
+    {
+        run({"a", "b"});
+        manager->undo();
+        Step* const outer = step("outer");
+        outer->onExecute = outer->onUndo = outer->onRedo = [&] {
+            QVERIFY(!manager->undo());
+            QVERIFY(!manager->redo());
+        };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(nameOf(manager->undo()), QStringLiteral("outer"));
+        QCOMPARE(nameOf(manager->redo()), QStringLiteral("outer"));
+        QCOMPARE(undoNames(), QStringList({"outer", "a"}));
+    }
+
+    void aNestedCommandRunsAtOnceAndTakesItsPlaceAfterTheOuterOne()
+    {
+        Step* const outer = step("outer");
+        outer->onExecute = [&] {
+            Step* const first = step("first");
+            first->onExecute = [&] { QVERIFY(manager->doCommand(step("inner"))); };
+            QVERIFY(manager->doCommand(first));
+            QVERIFY(manager->doCommand(step("second")));
+            QCOMPARE(executed->count(), 0);
+        };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal, QStringList({"do outer", "do first", "do inner", "end first", "do second",
+                                       "end outer"}));
+        QCOMPARE(executed->count(), 4);
+        QCOMPARE(undoNames(), QStringList({"second", "inner", "first", "outer"}));
+    }
+
+    void aRefusedNestedCommandIsDeletedAtOnce()
+    {
+        Step* const outer = step("outer");
+        outer->onExecute = [&] { QVERIFY(!manager->doCommand(step("no", false))); };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal, QStringList({"do outer", "do no", "del no", "end outer"}));
+        QCOMPARE(executed->count(), 1);
+        QCOMPARE(undoNames(), QStringList("outer"));
+    }
+
+    void aNestedCommandIsKeptEvenIfTheOuterOneIsRefused()
+    {
+        Step* const outer = step("outer", false);
+        outer->onExecute = [&] { manager->doCommand(step("inner")); };
+        QVERIFY(!manager->doCommand(outer));
+        QCOMPARE(executed->count(), 1);
+        QCOMPARE(undoNames(), QStringList("inner"));
+    }
+
+    // The running command is older than the nested one and may name what the nested one owns.
+    void aNestedCommandThatIsNotKeptOutlivesTheOuterOne()
+    {
+        manager->setEnable(false);
+        Step* const outer = step("outer");
+        outer->onExecute = [&] { manager->doCommand(step("inner")); };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal,
+                 QStringList({"do outer", "do inner", "end outer", "del outer", "del inner"}));
+        QCOMPARE(executed->count(), 2);
+    }
+
+    void aNestedCommandAtALimitOfOneDisplacesTheOuterOne()
+    {
+        manager->setMaxStackSize(1);
+        Step* const outer = step("outer");
+        outer->onExecute = [&] { manager->doCommand(step("inner")); };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal.filter("del"), QStringList("del outer"));
+        QCOMPARE(undoNames(), QStringList("inner"));
+    }
+
+    void clearingInsideARunningCommandSparesItAndItsNestedOnes()
+    {
+        run({"a", "b"});
+        manager->undo();
+        Step* const outer = step("outer");
+        outer->onExecute = [&] {
+            manager->doCommand(step("inner"));
+            manager->clear();
+        };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal.filter("del"), QStringList({"del a", "del b"}));
+        QCOMPARE(undoNames(), QStringList({"inner", "outer"}));
+    }
+
+    void disablingInsideARunningCommandKeepsNothing()
+    {
+        run({"a"});
+        Step* const outer = step("outer");
+        outer->onExecute = [&] {
+            manager->doCommand(step("inner"));
+            manager->setEnable(false);
+        };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal.filter("del"), QStringList({"del a", "del outer", "del inner"}));
+        QVERIFY(!manager->undo());
+    }
+
+    void loweringTheLimitInsideARunningCommandCountsForItsPlace()
+    {
+        run({"a", "b"});
+        Step* const outer = step("outer");
+        outer->onExecute = [&] { manager->setMaxStackSize(1); };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal.filter("del"), QStringList({"del a", "del b"}));
+        QCOMPARE(undoNames(), QStringList("outer"));
+    }
+
+    void whatCannotBeKeptWhileItIsUndoneIsDeletedAndNotReturned_data()
+    {
+        QTest::addColumn<bool>("disable");
+        QTest::newRow("disabled") << true;
+        QTest::newRow("limit 0") << false;
+    }
+
+    void whatCannotBeKeptWhileItIsUndoneIsDeletedAndNotReturned()
+    {
+        QFETCH(bool, disable);
+        Step* const outer = step("outer");
+        outer->onUndo = [&] {
+            if (disable) {
+                manager->setEnable(false);
+            } else {
+                manager->setMaxStackSize(0);
+            }
+        };
+        manager->doCommand(outer);
+        journal.clear();
+        QVERIFY(!manager->undo());
+        QCOMPARE(journal, QStringList({"undo outer", "end outer", "del outer"}));
+        QVERIFY(!manager->redo());
+    }
+
+    void clearingInsideAnUndoSparesTheCommandThatIsBeingUndone()
+    {
+        run({"a"});
+        Step* const outer = step("outer");
+        outer->onUndo = [&] { manager->clear(); };
+        manager->doCommand(outer);
+        QCOMPARE(nameOf(manager->undo()), QStringLiteral("outer"));
+        QVERIFY(!manager->undo());
+        QCOMPARE(redoNames(), QStringList("outer"));
+    }
+
+    // The nested command is newer than the undone one, so there is nothing left to redo.
+    void aCommandNestedInAnUndoClearsTheRedoStackAfterwards()
+    {
+        run({"a"});
+        Step* const outer = step("outer");
+        outer->onUndo = [&] { manager->doCommand(step("inner")); };
+        manager->doCommand(outer);
+        journal.clear();
+        QVERIFY(!manager->undo());
+        QCOMPARE(journal, QStringList({"undo outer", "do inner", "end outer", "del outer"}));
+        QCOMPARE(executed->count(), 3);
+        QVERIFY(!manager->redo());
+        QCOMPARE(undoNames(), QStringList({"inner", "a"}));
+    }
+
+    void aRefusedCommandNestedInAnUndoLeavesTheRedoStack()
+    {
+        Step* const outer = step("outer");
+        outer->onUndo = [&] { manager->doCommand(step("no", false)); };
+        manager->doCommand(outer);
+        QCOMPARE(nameOf(manager->undo()), QStringLiteral("outer"));
+        QCOMPARE(redoNames(), QStringList("outer"));
+    }
+
+    void aCommandNestedInARedoTakesItsPlaceAfterTheRedoneOne()
+    {
+        Step* const outer = step("outer");
+        outer->onRedo = [&] { manager->doCommand(step("inner")); };
+        manager->doCommand(outer);
+        run({"later"});
+        manager->undo();
+        manager->undo();
+        QCOMPARE(nameOf(manager->redo()), QStringLiteral("outer"));
+        QCOMPARE(journal.filter("del"), QStringList("del later"));
+        QCOMPARE(undoNames(), QStringList({"inner", "outer"}));
+    }
+
+    void aRedoneCommandThatItsNestedOneDisplacedIsNotReturned()
+    {
+        manager->setMaxStackSize(1);
+        Step* const outer = step("outer");
+        outer->onRedo = [&] { manager->doCommand(step("inner")); };
+        manager->doCommand(outer);
+        manager->undo();
+        QVERIFY(!manager->redo());
+        QCOMPARE(undoNames(), QStringList("inner"));
+    }
+
+    void aListenerMayRunCommandsAndClearWithoutHarm()
+    {
+        Step* const outer = step("outer");
+        outer->onRedo = [&] { manager->doCommand(step("inner")); };
+        manager->doCommand(outer);
+        manager->undo();
+        connect(manager.get(), &CurveCommandsManager::curveEditorCmdExec, this,
+                [&] { manager->clear(); });
+        QVERIFY(!manager->redo());
+        QVERIFY(!manager->undo());
+    }
+
+    void aListenerMayUndoAgainWhileAnUndoIsBeingTold()
+    {
+        run({"a"});
+        Step* const outer = step("outer");
+        outer->onRedo = [&] { manager->doCommand(step("inner")); };
+        manager->doCommand(outer);
+        manager->undo();
+        QStringList undone;
+        connect(manager.get(), &CurveCommandsManager::curveEditorCmdExec, this,
+                [&] { undone.append(nameOf(manager->undo())); });
+        QCOMPARE(nameOf(manager->redo()), QStringLiteral("outer"));
+        QCOMPARE(undone, QStringList("inner"));
+    }
+
+    void aListenerMayDestroyTheManager()
+    {
+        executed.reset();
+        connect(manager.get(), &CurveCommandsManager::curveEditorCmdExec, this,
+                [&] { manager.reset(); });
+        Step* const outer = step("outer");
+        outer->onExecute = [&] { manager->doCommand(step("inner")); };
+        QVERIFY(manager->doCommand(outer));
+        QVERIFY(!manager);
+        QCOMPARE(journal.filter("del"), QStringList({"del outer", "del inner"}));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestNestedCommands)
+#include "test_nested_commands.moc"

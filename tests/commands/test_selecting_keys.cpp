@@ -1,0 +1,94 @@
+#include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
+#include "support/HostEar.h"
+
+#include "commands/CommandSelectPoints.h"
+#include "commands/PerformGesture.h"
+
+using namespace curve_editor;
+
+class TestSelectingKeys : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void aChangedSelectionIsTakenBackAndRepeated()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
+        LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0, 2});
+        HostEar host(fixture.editor);
+        QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
+            fixture.selectKeys("n.a", {1});
+            fixture.selectKeys("n.b", {0, 1});
+        }));
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        QCOMPARE(QString::fromStdString(manager.undo()->getDescription()),
+                 QString("Select Control Points"));
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
+                 (QList<PointInfo*>{a.spline.at(0), a.spline.at(2)}));
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, a.spline.at(0));
+        QVERIFY(fixture.selectionOf("n.b").selectedPoints.isEmpty());
+        QVERIFY(!fixture.selectionOf("n.b").currentPoint);
+        manager.redo();
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints, QList<PointInfo*>{a.spline.at(1)});
+        QCOMPARE(fixture.selectionOf("n.b").selectedPoints.size(), 2);
+        QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(0));
+        QVERIFY(host.take().isEmpty());
+    }
+
+    void theSameKeysInAnotherOrderAreNoStep()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
+        fixture.selectKeys("n.a", {0, 1});
+        QVERIFY(!perform<CommandSelectPoints>(fixture, [&] { fixture.selectKeys("n.a", {1, 0}); }));
+        QVERIFY(perform<CommandSelectPoints>(fixture, [&] { fixture.selectKeys("n.a", {1, 2}); }));
+        QVERIFY(perform<CommandSelectPoints>(fixture, [&] { fixture.selectKeys("n.a", {1}); }));
+    }
+
+    void aCurveThatLeftIsPassedOverByTheSelection()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}});
+        LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0});
+        fixture.selectKeys("n.b", {0});
+        QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
+            fixture.selectKeys("n.a", {1});
+            fixture.selectKeys("n.b", {1});
+        }));
+        fixture.editor.removeCurveFromEditing("n.a");
+        fixture.editor.getCmdManager()->undo();
+        QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(0));
+        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(1));
+        QCOMPARE(a.spline.getControlPointsNumber(), 2u);
+    }
+
+    void aCurveThatLeavesDuringTheGestureKeepsTheOthersInStep()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}, {2, 2}});
+        LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
+        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0});
+        fixture.selectKeys("n.b", {0});
+        QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
+            fixture.editor.removeCurveFromEditing("n.a");
+            fixture.selectKeys("n.b", {0, 1});
+        }));
+        fixture.editor.getCmdManager()->undo();
+        QCOMPARE(fixture.selectionOf("n.b").selectedPoints, QList<PointInfo*>{b.spline.at(0)});
+        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(fixture.selectionOf("n.b").selectedPoints.size(), 2);
+    }
+};
+
+QTEST_MAIN(TestSelectingKeys)
+#include "test_selecting_keys.moc"
