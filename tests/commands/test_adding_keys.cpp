@@ -8,6 +8,7 @@
 
 using namespace curve_editor;
 
+/// The command that adds a key.
 class TestAddingKeys : public QObject
 {
     Q_OBJECT

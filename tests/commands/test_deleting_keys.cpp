@@ -8,6 +8,7 @@
 
 using namespace curve_editor;
 
+/// The command that deletes the selected keys.
 class TestDeletingKeys : public QObject
 {
     Q_OBJECT

@@ -12,6 +12,7 @@
 
 using namespace curve_editor;
 
+/// The command of a move of the selected keys.
 class TestMovingKeys : public QObject
 {
     Q_OBJECT

@@ -7,6 +7,7 @@
 
 using namespace curve_editor;
 
+/// The command of a changed selection.
 class TestSelectingKeys : public QObject
 {
     Q_OBJECT
