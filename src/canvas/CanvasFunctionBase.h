@@ -55,6 +55,8 @@ public:
     /// @{
     /// The first node of that name, a group or a leaf; null if there is none.
     CurveNode* findCurve(const QString& dotName) const;
+    /// The same where a curve answers; null where a group does.
+    CurveNode* findLeaf(const QString& dotName) const;
     /// The group that a curve of this name goes into, made where it is missing. Null where the
     /// curve is to stand on top: its name has one element, or two of equal text at its start and
     /// end, or a curve stands in the way of a group.

@@ -123,6 +123,12 @@ CurveNode* CanvasFunctionBase::findCurve(const QString& dotName) const
     return nullptr;
 }
 
+CurveNode* CanvasFunctionBase::findLeaf(const QString& dotName) const
+{
+    CurveNode* const found = findCurve(dotName);
+    return found && found->isCurve() ? found : nullptr;
+}
+
 CurveNode* CanvasFunctionBase::ensurePath(const QString& dotName)
 {
     const QStringList parts = dotName.split(point);

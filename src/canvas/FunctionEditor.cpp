@@ -33,7 +33,7 @@ CanvasFunctionBase& FunctionEditor::canvas()
 
 void FunctionEditor::refreshKeysDialog()
 {
-    // The one way to the dialog of exact values, which shows itself from here.
+    // The dialog of exact values is not built yet; it will be told of the selection here.
 }
 
 void FunctionEditor::reportCursor(QMouseEvent* event)

@@ -9,7 +9,7 @@
 class CurveEditor;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
-/// then to the key dialog.
+/// then says that the selection may have changed.
 class FunctionEditor : public QWidget, public ViewPort
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     void completeSelH();
     void completeSelV();
 
-    /// Shows the selection in the key dialog: the one place through which the canvas, the
-    /// commands and the editor reach it.
+    /// Called by canvas, commands and editor whenever the selection of keys may have changed: the
+    /// one place at which a dialog of their exact values is to be told. There is none yet.
     void refreshKeysDialog();
     /// Tells the editor time and value under the cursor and the first curve's value there.
     void reportCursor(QMouseEvent* event);

@@ -7,17 +7,6 @@
 
 namespace curve_editor {
 
-namespace {
-
-/// The curve of that name; a group of the name is none.
-CurveNode* findLeaf(const CurveEditor* editor, const QString& dotName)
-{
-    CurveNode* const found = editor->curveFromDotName(dotName);
-    return found && found->isCurve() ? found : nullptr;
-}
-
-} // namespace
-
 CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, const QString& name,
                                  const QColor& drawingColor, float givenValue,
                                  SplineBase* hostSpline, FunctionFloatBase** slot, float minimum,
@@ -48,7 +37,7 @@ bool CommandAddCurve::execute()
 {
     const QString name = nodeName + QLatin1Char('.') + curveName;
     isNewRecord = !editor->searchAllNodeList(name);
-    curve = findLeaf(editor, name);
+    curve = editor->getFunctionEditor()->canvas().findLeaf(name);
     if (curve) {
         isAdded = true;
         if (selectByDefault) {
@@ -60,7 +49,7 @@ bool CommandAddCurve::execute()
     if (wantsSelection()) {
         editor->setDefaultSelected(nodeName, curveName);
     }
-    curve = findLeaf(editor, name);
+    curve = editor->getFunctionEditor()->canvas().findLeaf(name);
     isAdded = true;
     editor->emitSignalCurvesHaveChanged();
     return true;

@@ -13,13 +13,6 @@ namespace {
 /// A curve whose name holds this lives on with a hidden tree item.
 constexpr QLatin1String oldCurveMarker("###OLD###");
 
-/// The curve of that name; a group of the name is none.
-CurveNode* findLeaf(const CanvasFunctionBase& canvas, const QString& dotName)
-{
-    CurveNode* const found = canvas.findCurve(dotName);
-    return found && found->isCurve() ? found : nullptr;
-}
-
 /// Under a group of its former name a renamed curve would leave the canvas with that group.
 void leaveForeignGroup(const CanvasFunctionBase& canvas, CurveNode* curve)
 {
@@ -84,7 +77,7 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     if (!record) {
         return;
     }
-    CurveNode* const held = findLeaf(functionEditor->canvas(), oldName);
+    CurveNode* const held = functionEditor->canvas().findLeaf(oldName);
     record->dotName = newName;
     record->curveName = newCurve;
     catalogue->nameHasChanged(record);
@@ -129,7 +122,7 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
     for (NodeStruct* record : catalogue->allNodes()) {
         if (record->mainNodeName == oldName) {
             records.append(record);
-            curves.append(findLeaf(canvas, record->dotName));
+            curves.append(canvas.findLeaf(record->dotName));
         }
     }
     if (CurveNode* const group = canvas.findCurve(oldName)) {

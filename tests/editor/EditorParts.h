@@ -95,3 +95,13 @@ public:
 private:
     QSignalSpy toggles;
 };
+
+/// The texts of the tree's top items, in order.
+inline QStringList topTexts(const CurveEditor& editor)
+{
+    QStringList texts;
+    for (int i = 0; i < editor.checkListsEditing->topLevelItemCount(); ++i) {
+        texts.append(editor.checkListsEditing->topLevelItem(i)->text(0));
+    }
+    return texts;
+}

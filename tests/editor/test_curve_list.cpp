@@ -1,22 +1,10 @@
 // What a host does with the list of curves: adding and looking up.
 
+#include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
 #include <QSignalSpy>
-
-namespace {
-
-QStringList topTexts(const CurveEditor& editor)
-{
-    QStringList texts;
-    for (int i = 0; i < editor.checkListsEditing->topLevelItemCount(); ++i) {
-        texts.append(editor.checkListsEditing->topLevelItem(i)->text(0));
-    }
-    return texts;
-}
-
-} // namespace
 
 class TestCurveList : public QObject
 {

@@ -1,20 +1,8 @@
 // Curves and nodes that the host removes or renames.
 
+#include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
-
-namespace {
-
-QStringList topTexts(const CurveEditor& editor)
-{
-    QStringList texts;
-    for (int i = 0; i < editor.checkListsEditing->topLevelItemCount(); ++i) {
-        texts.append(editor.checkListsEditing->topLevelItem(i)->text(0));
-    }
-    return texts;
-}
-
-} // namespace
 
 class TestRemovingAndRenaming : public QObject
 {
