@@ -1,5 +1,6 @@
 #include "HostWindow.h"
 
+#include "Look.h"
 #include "SceneCurves.h"
 #include "Stage.h"
 #include "TimeLine.h"
@@ -38,7 +39,7 @@ void HostWindow::createEditor()
     editor->setMinValue(-40.0);
     editor->setMaxValue(130.0);
     editor->setUndoLevels(100);
-    setCanvasColors();
+    setCanvasLook(*editor);
 
     // The editor only asks for undo and redo; the host decides, and calls the manager.
     connect(editor.get(), &CurveEditor::curveEditorUndo, this, &HostWindow::undo);
@@ -46,19 +47,6 @@ void HostWindow::createEditor()
     connect(editor->getCmdManager(), &curve_editor::CurveCommandsManager::curveEditorCmdExec, this,
             &HostWindow::refreshHistory);
     connect(editor.get(), &CurveEditor::curveHasChanged, this, &HostWindow::stageChanged);
-}
-
-void HostWindow::setCanvasColors()
-{
-    editor->setCanvasColor(QColor(0x1b1e25));
-    editor->setSelectionColor(QColor(0x222a3d));
-    editor->setFrameLinesColor(QColor(0x3a4150));
-    editor->setFrameHLineColor(QColor(0x4a5262));
-    editor->setFrameVLineColor(QColor(0x4a5262));
-    editor->setFrameFontColor(QColor(0x99a3b8));
-    editor->setTimeLineColor(QColor(0xffd166));
-    editor->setControlPointColor(QColor(0xf2f2f2));
-    editor->setControlPointSelectedColor(QColor(0xff4d5e));
 }
 
 void HostWindow::createLayout()
@@ -99,6 +87,8 @@ void HostWindow::createMenus()
     undoAction = edit->addAction(QString(), QKeySequence::Undo, this, &HostWindow::undo);
     redoAction =
         edit->addAction(QString(), QKeySequence(Qt::CTRL | Qt::Key_Y), this, &HostWindow::redo);
+    edit->addSeparator();
+    edit->addAction(tr("Curve Editor &Settings..."), editor.get(), &CurveEditor::setOptions);
     // Commands can leave the stacks without a signal, as when the editor's undo levels change.
     connect(edit, &QMenu::aboutToShow, this, &HostWindow::refreshHistory);
 
@@ -245,6 +235,11 @@ const CurveStore& HostWindow::curves() const
 TimeLine* HostWindow::timeLine() const
 {
     return time;
+}
+
+QPixmap HostWindow::grabStage() const
+{
+    return stage->grab();
 }
 
 QAction* HostWindow::undoMenuAction() const

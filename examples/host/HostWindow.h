@@ -35,6 +35,8 @@ public:
     CurveEditor* curveEditor() const;
     const CurveStore& curves() const;
     TimeLine* timeLine() const;
+    /// The stage as it looks now.
+    QPixmap grabStage() const;
     QAction* undoMenuAction() const;
     QAction* redoMenuAction() const;
 
@@ -43,7 +45,6 @@ public:
 
 private:
     void createEditor();
-    void setCanvasColors();
     void createLayout();
     void createMenus();
 

@@ -1,36 +1,17 @@
-#include "Demonstration.h"
 #include "HostWindow.h"
+#include "Look.h"
+#include "demo/Demonstration.h"
+#include "demo/EveryAction.h"
+#include "demo/PictureBook.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QPalette>
-#include <QStyleFactory>
-
-namespace {
-
-/// A quiet dark look, in which the stage and the curves are what shines.
-void setLook()
-{
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
-        QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 10));
-    }
-    QPalette palette(QColor(0x3a3f4b), QColor(0x2b2f38));
-    palette.setColor(QPalette::Base, QColor(0x20232a));
-    palette.setColor(QPalette::AlternateBase, QColor(0x262a32));
-    palette.setColor(QPalette::Highlight, QColor(0x3d7eb8));
-    palette.setColor(QPalette::ToolTipBase, QColor(0x20232a));
-    palette.setColor(QPalette::ToolTipText, QColor(0xe6e6e6));
-    QApplication::setPalette(palette);
-}
-
-} // namespace
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("host"));
-    setLook();
+    setDarkLook();
 
     QCommandLineParser arguments;
     arguments.setApplicationDescription(
@@ -41,18 +22,35 @@ int main(int argc, char* argv[])
         QStringLiteral("Plays the demonstration and leaves its pictures in the folder."),
         QStringLiteral("folder"));
     arguments.addOption(demo);
+    const QCommandLineOption everyAction(
+        QStringLiteral("every-action"),
+        QStringLiteral("Triggers each action of the editor's menus and toolbars."));
+    arguments.addOption(everyAction);
+    const QCommandLineOption pictures(
+        QStringLiteral("pictures"),
+        QStringLiteral("Draws the pictures of the editor's manual into the folder."),
+        QStringLiteral("folder"));
+    arguments.addOption(pictures);
     arguments.addPositionalArgument(QStringLiteral("files"),
                                     QStringLiteral("Further curve files to open."),
                                     QStringLiteral("[files...]"));
     arguments.process(application);
 
+    const bool playing = arguments.isSet(demo) || arguments.isSet(everyAction);
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, playing);
+    if (arguments.isSet(pictures)) {
+        return PictureBook(arguments.value(pictures)).draw() ? 0 : 1;
+    }
     HostWindow window;
-    window.setMessageBoxes(!arguments.isSet(demo));
+    window.setMessageBoxes(!playing);
     const bool complete = window.openScene();
     window.openFiles(arguments.positionalArguments());
-    if (!arguments.isSet(demo)) {
+    if (!playing) {
         window.show();
         return QApplication::exec();
     }
-    return Demonstration(window, arguments.value(demo)).run() && complete ? 0 : 1;
+    const bool asSaid = arguments.isSet(everyAction)
+                            ? EveryAction(window).run()
+                            : Demonstration(window, arguments.value(demo)).run();
+    return asSaid && complete ? 0 : 1;
 }

@@ -9,6 +9,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <iosfwd>
 #include <memory>
 
 struct CanvasBackground;
@@ -33,6 +34,7 @@ namespace curve_editor {
 class CommandChangePoints;
 class CommandMovePoints;
 class CommandSelectPoints;
+class DetachedCurve;
 } // namespace curve_editor
 
 /// The logic of the canvas: the tree of curve objects, the set of curves being edited, painting,
@@ -99,6 +101,13 @@ public:
     void updateCanvas();
     /// Writes each curve being edited to a file of its dotted name.
     void saveCurvesXml(const QString& folder);
+    /// Writes the first curve being edited as an older curve file; nothing without one.
+    void saveCrvFile(std::ofstream& stream);
+    void saveCrvFile(std::ostream& stream);
+    /// Empties the curves being edited, or all curves on the canvas: one step, none where there is
+    /// no curve. The set of curves being edited ends as it began.
+    void resetEditingCurves();
+    void resetAllCurves();
     /// The top nodes of the tree, owned by the canvas.
     QList<CurveNode*> topNodes() const;
     /// Deletes a node that stands unlinked; does nothing on any other.
@@ -175,6 +184,23 @@ public:
     void setTangentsBroken(const bool& broken);
     /// @}
 
+    /// @name Clipboard: one curve's keys, private to this canvas
+    /// @{
+    /// Copies all keys, or the selected ones, of the only curve being edited. With no such curve or
+    /// no such key the former clipboard stays.
+    void copy();
+    void copyKeys();
+    /// Paste onto all curves being edited, as one step: in place of their keys, or (Keys) beside
+    /// them, selected. The times are those of the clipboard, or these moved by the time line's
+    /// (Offset), or moved so that the first key falls on the time line (OnTimeline).
+    void paste();
+    void pasteOffset();
+    void pasteOnTimeline();
+    void pasteKeys();
+    void pasteKeysOffset();
+    void pasteKeysOnTimeline();
+    /// @}
+
     /// Parses in the local 8-bit encoding; an error shows a box titled "Syntax error". Returns
     /// what the parser returned, owned by the caller.
     FunctionFloatBase* parseExpression(const QString& text, ParseMessage& message);
@@ -204,6 +230,7 @@ public slots:
     void setSelectedStep();
     void selectAllKeys();
     void deselectAllKeys();
+    void switchAddFuncToSpline();
     void showRightButtonMenu();
 
 signals:
@@ -248,6 +275,10 @@ private:
     void describeChange(const char* description);
     void setPointsType(const zk_spline::interpolationType& type);
 
+    CurveNodeBase* copySource() const;
+    double offsetToTimeline() const;
+    void pasteClipboard(const double& offset, const bool& keysOnly);
+
     FunctionEditor* widget;  ///< not owned: the parent
     CurveEditor* editor;     ///< not owned: outlives the canvas but for its own last moments
     ViewPort* view;          ///< not owned: the widget's base
@@ -265,6 +296,7 @@ private:
     QMultiHash<QString, CurveNode*> nodesByName; ///< the same by dotted name
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;
+    std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;
     std::unique_ptr<curve_editor::CommandSelectPoints> pendingSelect;
     std::unique_ptr<curve_editor::CommandChangePoints> pendingChange;

@@ -3,14 +3,19 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
+#include "commands/CommandAddFunc.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "editor/CurveEditor.h"
 
 #include <QMessageBox>
 #include <QSet>
+
+#include <fstream>
+#include <string>
 
 namespace {
 
@@ -179,6 +184,14 @@ void CanvasFunctionBase::markExpressionsChanged()
     emit changeCommandLine();
 }
 
+void CanvasFunctionBase::switchAddFuncToSpline()
+{
+    const int type = editingType();
+    if (type == expressionCurve || type == splinePlusExpressionCurve) {
+        editor->getCmdManager()->doCommand(new curve_editor::CommandAddFunc(editor));
+    }
+}
+
 void CanvasFunctionBase::updateCanvas()
 {
     if (selectionPending) {
@@ -197,6 +210,24 @@ void CanvasFunctionBase::saveCurvesXml(const QString& folder)
             curve->saveXML(folder + QLatin1Char('/') + curve->dotName() + QLatin1String(".xml"));
         }
     }
+}
+
+void CanvasFunctionBase::saveCrvFile(std::ofstream& stream)
+{
+    saveCrvFile(static_cast<std::ostream&>(stream));
+}
+
+void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
+{
+    auto* const curve = dynamic_cast<CurveNodeBase*>(editing.isEmpty() ? nullptr : editing.first());
+    if (!curve) {
+        return;
+    }
+    const QColor color = curve->curveColor();
+    for (const int& part : {color.red(), color.green(), color.blue()}) {
+        stream << std::to_string(part) << std::endl;
+    }
+    curve->saveCrv(stream);
 }
 
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)

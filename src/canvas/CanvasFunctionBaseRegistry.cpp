@@ -4,10 +4,12 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
+#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/DetachedCurve.h"
 
 #include <algorithm>
 #include <utility>
@@ -195,6 +197,9 @@ CurveNode* CanvasFunctionBase::attachCanvasCurve(CurveNode* curve)
         return found;
     }
     link(curve, ensurePath(curve->dotName()));
+    if (curve->splineGraph()) {
+        curve->splineGraph()->selection().dropDeparted();
+    }
     return curve;
 }
 

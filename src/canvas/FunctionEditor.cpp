@@ -2,6 +2,8 @@
 
 #include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveType.h"
+#include "editor/CurveKeysDialog.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -12,6 +14,7 @@
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent)
     , logic(this, editor)
+    , keys(editor ? std::make_unique<CurveKeysDialog>(editor) : nullptr)
 {
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
     if (parent) {
@@ -22,6 +25,9 @@ FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     colors.setColor(QPalette::Window, QColor(192, 192, 192, 255));
     setPalette(colors);
     setMouseTracking(true);
+    if (keys) {
+        connect(keys.get(), SIGNAL(nodeTcbChanged()), this, SLOT(currentNodeHasChanged()));
+    }
 }
 
 FunctionEditor::~FunctionEditor() = default;
@@ -31,9 +37,21 @@ CanvasFunctionBase& FunctionEditor::canvas()
     return logic;
 }
 
+CurveKeysDialog* FunctionEditor::keysDialog() const
+{
+    return keys.get();
+}
+
 void FunctionEditor::refreshKeysDialog()
 {
-    // The dialog of exact values is not built yet; it will be told of the selection here.
+    showSelectedKeys(hasKeys(logic.editingType()));
+}
+
+void FunctionEditor::showSelectedKeys(bool opensFields)
+{
+    if (keys) {
+        keys->showSelection(logic.keyContainers(), opensFields);
+    }
 }
 
 void FunctionEditor::reportCursor(QMouseEvent* event)
@@ -81,6 +99,7 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
     if (event->buttons() != Qt::NoButton) {
         logic.move(event);
         viewMove(event);
+        showSelectedKeys(false); // a drag opens and closes no field
         logic.updateCanvas();
     }
     logic.watchModifiers(event);
@@ -126,7 +145,9 @@ void FunctionEditor::wheelEvent(QWheelEvent* event)
 void FunctionEditor::keyPressEvent(QKeyEvent* event)
 {
     logic.keyPress(event);
-    refreshKeysDialog();
+    const int key = event->key();
+    const bool opensFields = key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab;
+    showSelectedKeys(opensFields);
     logic.updateCanvas();
     event->accept();
 }

@@ -6,7 +6,10 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class CurveEditor;
+class CurveKeysDialog;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
 /// then says that the selection may have changed.
@@ -19,6 +22,9 @@ public:
     ~FunctionEditor() override;
 
     CanvasFunctionBase& canvas();
+    /// The dialog of the selected keys' values; owned by the canvas widget. Null
+    /// on a canvas without an editor.
+    CurveKeysDialog* keysDialog() const;
 
     /// Each fits the view to all keys, or to the selected ones, of the curves being edited.
     void completeH();
@@ -26,8 +32,8 @@ public:
     void completeSelH();
     void completeSelV();
 
-    /// Called by canvas, commands and editor whenever the selection of keys may have changed: the
-    /// one place at which a dialog of their exact values is to be told. There is none yet.
+    /// Shows the selected keys in the key dialog, its fields open if the curves being edited have
+    /// keys. Called whenever the selection may have changed.
     void refreshKeysDialog();
     /// Tells the editor time and value under the cursor and the first curve's value there.
     void reportCursor(QMouseEvent* event);
@@ -52,5 +58,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void showSelectedKeys(bool opensFields);
+
     CanvasFunctionBase logic;
+    std::unique_ptr<CurveKeysDialog> keys; ///< its parent is the editor
 };

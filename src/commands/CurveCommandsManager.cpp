@@ -22,9 +22,15 @@ CurveCommandsManager::CurveCommandsManager(const CurveCommandsManager& /*other*/
     instance();
 }
 
+/// A command that is running is freed by the call that runs it.
 CurveCommandsManager::~CurveCommandsManager()
 {
     clear();
+    for (const Nested& each : nested) {
+        if (!each.isRunning) {
+            delete each.command;
+        }
+    }
 }
 
 bool CurveCommandsManager::doCommand(CurveCommand* const command)
@@ -35,8 +41,13 @@ bool CurveCommandsManager::doCommand(CurveCommand* const command)
     if (running) {
         return executeNested(command);
     }
+    const QPointer<CurveCommandsManager> self(this);
     running = true;
     const bool executed = command->execute();
+    if (!self) { // a box of the command runs an event loop, in which the host may do anything
+        delete command;
+        return executed;
+    }
     running = false;
     if (executed) {
         keep(command);
@@ -132,8 +143,14 @@ bool CurveCommandsManager::keepsCommands() const
 /// may name the same keys.
 bool CurveCommandsManager::executeNested(CurveCommand* const command)
 {
-    const auto place = nested.insert(nested.end(), command);
+    const QPointer<CurveCommandsManager> self(this);
+    const auto place = nested.insert(nested.end(), {command});
     const bool executed = command->execute();
+    if (!self) {
+        delete command;
+        return executed;
+    }
+    place->isRunning = false;
     if (!executed) {
         nested.erase(place);
         destroy(command);
@@ -162,8 +179,13 @@ CurveCommand* CurveCommandsManager::move(Stack& from, Stack& to, void (CurveComm
     }
     CurveCommand* const command = from.front();
     from.pop_front();
+    const QPointer<CurveCommandsManager> self(this);
     running = true;
     (command->*step)();
+    if (!self) {
+        delete command;
+        return nullptr;
+    }
     running = false;
 
     returning.push_back(command);
@@ -185,7 +207,7 @@ int CurveCommandsManager::placeNested()
 {
     int count = 0;
     while (!nested.empty()) {
-        CurveCommand* const command = nested.front();
+        CurveCommand* const command = nested.front().command;
         nested.pop_front();
         keep(command);
         ++count;

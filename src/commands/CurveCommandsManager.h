@@ -32,7 +32,8 @@ public:
     /// Copies nothing: an enabled manager with no parent, empty stacks and the limit 0.
     CurveCommandsManager(const CurveCommandsManager& other);
     CurveCommandsManager& operator=(const CurveCommandsManager&) = delete;
-    /// Frees the commands on both stacks.
+    /// Frees the commands on both stacks. A command that is running, whose box for instance lets
+    /// the host delete the editor, is freed when it has ended, and returns to its caller as ever.
     ~CurveCommandsManager() override;
 
     /// Executes a command and takes it over. It is kept if its execute returns true and undo is
@@ -43,7 +44,7 @@ public:
 
     /// Undoes the newest command and returns it, still owned by the manager and valid until the
     /// next call that changes the stacks; null if there is none, if a command is running, or if the
-    /// command was not kept because of what its listeners did.
+    /// command was not kept because of what its listeners did, or the manager is gone.
     CurveCommand* undo();
     /// Redoes the command that was undone last; otherwise as undo.
     CurveCommand* redo();
@@ -71,6 +72,13 @@ signals:
 private:
     using Stack = std::list<CurveCommand*>;
 
+    /// A command begun while another one ran.
+    struct Nested
+    {
+        CurveCommand* command;
+        bool isRunning = true;
+    };
+
     CurveCommandsManager();
 
     void clearUndoStack();
@@ -92,8 +100,8 @@ private:
     bool enabled = true;
     /// A command of the outermost call is in its execute, undo or redo.
     bool running = false;
-    /// Owned; commands begun while another one ran, in that order. They wait for its placing.
-    std::list<CurveCommand*> nested;
+    /// Owned; in the order in which they began. They wait for the placing of the outermost one.
+    std::list<Nested> nested;
     /// Not owned; what the calls of undo and redo under way will return. A deleted command becomes
     /// null here.
     std::vector<CurveCommand*> returning;

@@ -6,16 +6,28 @@
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace curve_editor {
 
 namespace {
 
-/// A record that the list search passes over, because the name of an earlier one is a prefix of
-/// its own, is still found by its parser form.
+/// Calls `visit` with the selection of every curve on the canvas that shows one of the splines.
+template <class Visit>
+void forEachSelection(CurveEditor* editor, const QSet<const SplineBase*>& splines,
+                      const Visit& visit)
+{
+    for (CurveNode* top : editor->getFunctionEditor()->canvas().topNodes()) {
+        for (CurveNode* curve : top->curves()) {
+            if (splines.contains(curve->spline()) && curve->splineGraph()) {
+                visit(curve->splineGraph()->selection());
+            }
+        }
+    }
+}
+
+} // namespace
+
 NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve)
 {
     const QString name = curve->dotName();
@@ -26,18 +38,24 @@ NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve)
     return record && record->dotName == name ? record : nullptr;
 }
 
-} // namespace
-
 QList<NodeStruct*> eligibleRecords(CurveEditor* editor)
 {
-    QList<NodeStruct*> records;
+    QList<CurveNode*> eligible;
     const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
     for (CurveNode* curve : curves) {
-        if (!hasKeys(curve->curveType())) {
-            continue;
+        if (hasKeys(curve->curveType()) && curve->spline()) {
+            eligible.append(curve);
         }
+    }
+    return recordsOf(editor, eligible);
+}
+
+QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>& curves)
+{
+    QList<NodeStruct*> records;
+    for (CurveNode* curve : curves) {
         NodeStruct* const record = recordOf(editor, curve);
-        if (record && record->livingSpline() && showsRecord(curve, record)) {
+        if (showsRecord(curve, record)) {
             records.append(record);
         }
     }
@@ -99,19 +117,19 @@ void dropFromSelections(CurveEditor* editor, const SplineBase* spline,
     }
     const QSet<PointInfo*> gone(points.cbegin(), points.cend());
     const auto isGone = [&](PointInfo* point) { return gone.contains(point); };
-    for (CurveNode* top : editor->getFunctionEditor()->canvas().topNodes()) {
-        for (CurveNode* curve : top->curves()) {
-            if (curve->spline() != spline || !curve->splineGraph()) {
-                continue;
-            }
-            ControlSplineNode& selection = curve->splineGraph()->selection();
-            QList<PointInfo*> kept = selection.selectedPoints;
-            kept.erase(std::remove_if(kept.begin(), kept.end(), isGone), kept.end());
-            if (kept.size() != selection.selectedPoints.size()) {
-                selection.selectPoints(kept);
-            }
+    forEachSelection(editor, {spline}, [&](ControlSplineNode& selection) {
+        QList<PointInfo*> kept = selection.selectedPoints;
+        kept.erase(std::remove_if(kept.begin(), kept.end(), isGone), kept.end());
+        if (kept.size() != selection.selectedPoints.size()) {
+            selection.selectPoints(kept);
         }
-    }
+    });
+}
+
+void dropDepartedKeys(CurveEditor* editor, const QSet<const SplineBase*>& splines)
+{
+    forEachSelection(editor, splines,
+                     [](ControlSplineNode& selection) { selection.dropDeparted(); });
 }
 
 } // namespace curve_editor

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QList>
+#include <QSet>
 
 class ControlSplineNode;
 class CurveEditor;
@@ -15,8 +16,9 @@ struct NodeStruct;
 // Who owns a key. Every key of a host's spline has exactly one owner that frees it: that spline,
 // or one command that took it out and has not put it back.
 //
-// - A key passes to a command only by SplineBase::remove of a key that findIndex has just found,
-//   and back only by SplineBase::addPointPtr. The command's state says which it is.
+// - A key passes to a command by SplineBase::remove of a key that findIndex has just found, and
+//   back by SplineBase::addPointPtr; or with all keys of its spline, whose content a command takes
+//   over or exchanges for another. The command's state says which it is.
 // - A command frees the keys that it owns when it is destroyed. It is then the newest command
 //   that can name them (a redo stack is given up), or the oldest (an undo stack drops its end),
 //   and then what is newer was made while the keys were already out of their spline.
@@ -26,8 +28,15 @@ struct NodeStruct;
 // - A spline that its host has destroyed has freed the keys it held. Commands forget those, and
 //   free what they own themselves.
 
+/// The record that bears a curve's name, or null. One that the list search passes over, because the
+/// name of an earlier record is a prefix of its own, is still found by its parser form.
+NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve);
+
 /// The curves being edited that have keys, with a record each.
 QList<NodeStruct*> eligibleRecords(CurveEditor* editor);
+
+/// The records of curves on the canvas, in order. A curve without one is left out.
+QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>& curves);
 
 /// The selected keys of a record's curve, all of them keys of its spline; none when the curve is
 /// not on the canvas.
@@ -51,5 +60,9 @@ QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points)
 /// Takes keys that have left a spline out of the selections of all curves that show it.
 void dropFromSelections(CurveEditor* editor, const SplineBase* spline,
                         const QList<PointInfo*>& points);
+
+/// Takes all keys that these splines do not hold out of the selections of the curves that show
+/// them: to be called whenever their whole contents were replaced.
+void dropDepartedKeys(CurveEditor* editor, const QSet<const SplineBase*>& splines);
 
 } // namespace curve_editor

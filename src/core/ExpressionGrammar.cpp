@@ -49,7 +49,7 @@ ExpressionGrammar::Tree ExpressionGrammar::readOperators(const int& loosestLevel
         if (!right) {
             return nullptr;
         }
-        left = std::make_unique<FunctionFloatBinary>(*operation, std::move(left), std::move(right));
+        left = FunctionFloatBinary::make(*operation, std::move(left), std::move(right));
     }
     return left;
 }
@@ -87,8 +87,8 @@ ExpressionGrammar::Tree ExpressionGrammar::readPower()
     if (!exponent) {
         return nullptr;
     }
-    return std::make_unique<FunctionFloatBinary>(*expression_tables::binaryOperator('^'),
-                                                 std::move(base), std::move(exponent));
+    return FunctionFloatBinary::make(*expression_tables::binaryOperator('^'), std::move(base),
+                                     std::move(exponent));
 }
 
 ExpressionGrammar::Tree ExpressionGrammar::readPrimary()
@@ -161,8 +161,8 @@ ExpressionGrammar::Tree ExpressionGrammar::readCall(std::string_view function)
     }
     if (const BinaryOperation* binary = expression_tables::binaryFunction(function)) {
         return readArguments(arguments, 2)
-                   ? std::make_unique<FunctionFloatBinary>(*binary, std::move(arguments[0]),
-                                                           std::move(arguments[1]))
+                   ? FunctionFloatBinary::make(*binary, std::move(arguments[0]),
+                                               std::move(arguments[1]))
                    : nullptr;
     }
     return readArguments(arguments, 3)

@@ -38,26 +38,27 @@ double greater(double a, double b)
     return (a > b || std::isnan(a)) ? a : b;
 }
 
+// The C library's own functions, so that a node calls them without a step between.
 constexpr UnaryOperation unaryFunctions[] = {
-    {"cos", [](double x) { return std::cos(x); }},
-    {"sin", [](double x) { return std::sin(x); }},
-    {"tan", [](double x) { return std::tan(x); }},
-    {"exp", [](double x) { return std::exp(x); }},
-    {"log", [](double x) { return std::log(x); }},
-    {"log10", [](double x) { return std::log10(x); }},
+    {"cos", ::cos},
+    {"sin", ::sin},
+    {"tan", ::tan},
+    {"exp", ::exp},
+    {"log", ::log},
+    {"log10", ::log10},
     {"rnd", repeatableRandom},
-    {"abs", [](double x) { return std::fabs(x); }},
-    {"sqrt", [](double x) { return std::sqrt(x); }},
-    {"acos", [](double x) { return std::acos(x); }},
-    {"asin", [](double x) { return std::asin(x); }},
-    {"atan", [](double x) { return std::atan(x); }},
-    {"cosh", [](double x) { return std::cosh(x); }},
-    {"sinh", [](double x) { return std::sinh(x); }},
-    {"tanh", [](double x) { return std::tanh(x); }},
-    {"ceil", [](double x) { return std::ceil(x); }},
-    {"floor", [](double x) { return std::floor(x); }},
-    // std::cyl_bessel_j throws on negative arguments; these take any.
-    {"j0", [](double x) { return ::j0(x); }},
+    {"abs", ::fabs},
+    {"sqrt", ::sqrt},
+    {"acos", ::acos},
+    {"asin", ::asin},
+    {"atan", ::atan},
+    {"cosh", ::cosh},
+    {"sinh", ::sinh},
+    {"tanh", ::tanh},
+    {"ceil", ::ceil},
+    {"floor", ::floor},
+    // std::cyl_bessel_j throws on negative arguments; this and j1 take any.
+    {"j0", ::j0},
     {"logj1", [](double x) { return std::log(std::fabs(::j1(x))); }},
     {"not", [](double x) { return truth(x == 0.0); }},
 };

@@ -2,19 +2,85 @@
 
 #include "core/ExpressionTables.h"
 
+#include <functional>
 #include <utility>
+
+namespace {
+
+/// How many nodes of a left spine may be evaluated by recursion.
+constexpr int longestRecursion = 16;
+
+/// The commonest operators once more, for the compiler to take in: a call by pointer would cost
+/// more than the arithmetic. `Compute` does what the table's function does.
+template <typename Compute>
+class QuickBinary final : public FunctionFloatBinary
+{
+public:
+    using FunctionFloatBinary::FunctionFloatBinary;
+
+    double value() const override
+    {
+        const double left = leftOperand.value();
+        return Compute()(left, rightOperand.value());
+    }
+};
+
+struct Less
+{
+    double operator()(double a, double b) const { return a < b ? 1.0 : 0.0; }
+};
+
+struct Greater
+{
+    double operator()(double a, double b) const { return a > b ? 1.0 : 0.0; }
+};
+
+} // namespace
+
+std::unique_ptr<FunctionFloatBinary>
+FunctionFloatBinary::make(const BinaryOperation& binaryOperation,
+                          std::unique_ptr<FunctionFloatBase> leftNode,
+                          std::unique_ptr<FunctionFloatBase> rightNode)
+{
+    const FunctionFloatBinary* chain = leftNode->getBinaryRef();
+    const bool isLong = chain && chain->chainLength >= longestRecursion;
+    switch (isLong ? '\0' : binaryOperation.name.front()) {
+    case '+':
+        return std::make_unique<QuickBinary<std::plus<>>>(binaryOperation, std::move(leftNode),
+                                                          std::move(rightNode));
+    case '-':
+        return std::make_unique<QuickBinary<std::minus<>>>(binaryOperation, std::move(leftNode),
+                                                           std::move(rightNode));
+    case '*':
+        return std::make_unique<QuickBinary<std::multiplies<>>>(
+            binaryOperation, std::move(leftNode), std::move(rightNode));
+    case '/':
+        return std::make_unique<QuickBinary<std::divides<>>>(binaryOperation, std::move(leftNode),
+                                                             std::move(rightNode));
+    case '<':
+        return std::make_unique<QuickBinary<Less>>(binaryOperation, std::move(leftNode),
+                                                   std::move(rightNode));
+    case '>':
+        return std::make_unique<QuickBinary<Greater>>(binaryOperation, std::move(leftNode),
+                                                      std::move(rightNode));
+    default:
+        return std::make_unique<FunctionFloatBinary>(binaryOperation, std::move(leftNode),
+                                                     std::move(rightNode));
+    }
+}
 
 FunctionFloatBinary::FunctionFloatBinary(const BinaryOperation& binaryOperation,
                                          std::unique_ptr<FunctionFloatBase> leftNode,
                                          std::unique_ptr<FunctionFloatBase> rightNode)
-    : applied(&binaryOperation)
-    , leftTree(std::move(leftNode))
-    , rightTree(std::move(rightNode))
-    , leftChain(dynamic_cast<FunctionFloatBinary*>(leftTree.get()))
+    : leftOperand(std::move(leftNode))
+    , rightOperand(std::move(rightNode))
+    , applied(&binaryOperation)
+    , leftChain(const_cast<FunctionFloatBinary*>(leftOperand.node().getBinaryRef()))
 {
     if (leftChain) {
         leftChain->above = this;
         spineEnd = leftChain->spineEnd;
+        chainLength = leftChain->chainLength + 1;
     }
 }
 
@@ -22,11 +88,11 @@ FunctionFloatBinary::~FunctionFloatBinary()
 {
     // Each step frees one node whose left operand was taken off before.
     FunctionFloatBinary* next = leftChain;
-    std::unique_ptr<FunctionFloatBase> chain = std::move(leftTree);
+    std::unique_ptr<FunctionFloatBase> chain = leftOperand.release();
     while (next) {
         FunctionFloatBinary* current = std::exchange(next, next->leftChain);
         current->leftChain = nullptr;
-        chain = std::move(current->leftTree);
+        chain = current->leftOperand.release();
     }
 }
 
@@ -43,10 +109,10 @@ const FunctionFloatBinary* FunctionFloatBinary::getBinaryRef() const
 double FunctionFloatBinary::value() const
 {
     const FunctionFloatBinary* node = spineEnd;
-    double result = node->applied->compute(node->leftTree->value(), node->rightTree->value());
+    double result = node->applied->compute(node->leftOperand.value(), node->rightOperand.value());
     while (node != this) {
         node = node->above;
-        result = node->applied->compute(result, node->rightTree->value());
+        result = node->applied->compute(result, node->rightOperand.value());
     }
     return result;
 }
@@ -58,10 +124,10 @@ const BinaryOperation& FunctionFloatBinary::operation() const
 
 const FunctionFloatBase& FunctionFloatBinary::left() const
 {
-    return *leftTree;
+    return leftOperand.node();
 }
 
 const FunctionFloatBase& FunctionFloatBinary::right() const
 {
-    return *rightTree;
+    return rightOperand.node();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/FunctionFloatBase.h"
+#include "core/ExpressionOperand.h"
 
 #include <memory>
 
@@ -13,6 +13,11 @@ struct BinaryOperation;
 class ZK_CURVE_CORE_EXPORT FunctionFloatBinary : public FunctionFloatBase
 {
 public:
+    /// A node of the class that computes this operation quickest.
+    static std::unique_ptr<FunctionFloatBinary> make(const BinaryOperation& binaryOperation,
+                                                     std::unique_ptr<FunctionFloatBase> leftNode,
+                                                     std::unique_ptr<FunctionFloatBase> rightNode);
+
     FunctionFloatBinary(const BinaryOperation& binaryOperation,
                         std::unique_ptr<FunctionFloatBase> leftNode,
                         std::unique_ptr<FunctionFloatBase> rightNode);
@@ -30,11 +35,14 @@ public:
     const FunctionFloatBase& left() const;
     const FunctionFloatBase& right() const;
 
+protected:
+    ExpressionOperand leftOperand;
+    ExpressionOperand rightOperand;
+
 private:
-    const BinaryOperation* applied; // of the language's tables
-    std::unique_ptr<FunctionFloatBase> leftTree;
-    std::unique_ptr<FunctionFloatBase> rightTree;
-    FunctionFloatBinary* leftChain;             // leftTree if that is binary, else null
+    const BinaryOperation* applied;             // of the language's tables
+    FunctionFloatBinary* leftChain;             // the left operand if that is binary, else null
     const FunctionFloatBinary* spineEnd = this; // the lowest binary node of the left spine
     const FunctionFloatBinary* above = nullptr; // the binary node whose left operand this is
+    int chainLength = 1;                        // binary nodes of the left spine from here down
 };

@@ -5,9 +5,9 @@
 FunctionFloatTernary::FunctionFloatTernary(std::unique_ptr<FunctionFloatBase> conditionNode,
                                            std::unique_ptr<FunctionFloatBase> trueNode,
                                            std::unique_ptr<FunctionFloatBase> falseNode)
-    : conditionTree(std::move(conditionNode))
-    , trueTree(std::move(trueNode))
-    , falseTree(std::move(falseNode))
+    : question(std::move(conditionNode))
+    , answerTrue(std::move(trueNode))
+    , answerFalse(std::move(falseNode))
 {}
 
 FunctionFloatTernary::~FunctionFloatTernary() = default;
@@ -24,20 +24,20 @@ const FunctionFloatTernary* FunctionFloatTernary::getTernaryRef() const
 
 double FunctionFloatTernary::value() const
 {
-    return conditionTree->value() != 0.0 ? trueTree->value() : falseTree->value();
+    return question.value() != 0.0 ? answerTrue.value() : answerFalse.value();
 }
 
 const FunctionFloatBase& FunctionFloatTernary::condition() const
 {
-    return *conditionTree;
+    return question.node();
 }
 
 const FunctionFloatBase& FunctionFloatTernary::whenTrue() const
 {
-    return *trueTree;
+    return answerTrue.node();
 }
 
 const FunctionFloatBase& FunctionFloatTernary::whenFalse() const
 {
-    return *falseTree;
+    return answerFalse.node();
 }

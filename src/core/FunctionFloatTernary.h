@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/FunctionFloatBase.h"
+#include "core/ExpressionOperand.h"
 
 #include <memory>
 
@@ -24,7 +24,7 @@ public:
     const FunctionFloatBase& whenFalse() const;
 
 private:
-    std::unique_ptr<FunctionFloatBase> conditionTree;
-    std::unique_ptr<FunctionFloatBase> trueTree;
-    std::unique_ptr<FunctionFloatBase> falseTree;
+    ExpressionOperand question;
+    ExpressionOperand answerTrue;
+    ExpressionOperand answerFalse;
 };

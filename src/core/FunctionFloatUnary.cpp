@@ -7,7 +7,8 @@
 FunctionFloatUnary::FunctionFloatUnary(const UnaryOperation& unaryOperation,
                                        std::unique_ptr<FunctionFloatBase> argumentNode)
     : applied(&unaryOperation)
-    , argumentTree(std::move(argumentNode))
+    , compute(&unaryOperation == &expression_tables::negation() ? nullptr : unaryOperation.compute)
+    , operand(std::move(argumentNode))
 {}
 
 FunctionFloatUnary::~FunctionFloatUnary() = default;
@@ -24,7 +25,8 @@ const FunctionFloatUnary* FunctionFloatUnary::getUnaryRef() const
 
 double FunctionFloatUnary::value() const
 {
-    return applied->compute(argumentTree->value());
+    const double argument = operand.value();
+    return compute ? compute(argument) : -argument;
 }
 
 const UnaryOperation& FunctionFloatUnary::operation() const
@@ -34,5 +36,5 @@ const UnaryOperation& FunctionFloatUnary::operation() const
 
 const FunctionFloatBase& FunctionFloatUnary::argument() const
 {
-    return *argumentTree;
+    return operand.node();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/FunctionFloatBase.h"
+#include "core/ExpressionOperand.h"
 
 #include <memory>
 
@@ -25,5 +25,6 @@ public:
 
 private:
     const UnaryOperation* applied; // of the language's tables
-    std::unique_ptr<FunctionFloatBase> argumentTree;
+    double (*compute)(double);     // what it applies; null for the sign, which needs no call
+    ExpressionOperand operand;
 };

@@ -20,6 +20,11 @@ const std::string& FunctionFloatVariable::name() const
     return entry->name;
 }
 
+ParserKeyEntry& FunctionFloatVariable::sharedEntry() const
+{
+    return *entry;
+}
+
 FunctionParserBase::keyStruct* FunctionFloatVariable::key() const
 {
     return entry->key;

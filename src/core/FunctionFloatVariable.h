@@ -23,6 +23,9 @@ public:
     /// The key that is read, not owned; null once the parser that it belonged to is gone.
     FunctionParserBase::keyStruct* key() const;
 
+    /// Where the parser keeps what it knows of the name; lives as long as this node.
+    ParserKeyEntry& sharedEntry() const;
+
 private:
     std::shared_ptr<ParserKeyEntry> entry; // shared with the parser
 };

@@ -8,14 +8,6 @@ ParserKeyEntry::ParserKeyEntry(std::string keyName, keyStruct* namedKey)
     , key(namedKey)
 {}
 
-double ParserKeyEntry::read()
-{
-    if (hasRefresh) {
-        refresh();
-    }
-    return stored(key);
-}
-
 void ParserKeyEntry::refresh()
 {
     if (refreshing || !hasRefresh) {
@@ -71,17 +63,23 @@ double ParserKeyEntry::stored(const keyStruct* key)
         return *static_cast<const int*>(key->value);
     case 2:
         return static_cast<double>(*static_cast<const float*>(key->value));
-    case 3:
+    case doubleKind:
         return *static_cast<const double*>(key->value);
     default:
         return 0.0;
     }
 }
 
+double ParserKeyEntry::refreshAndRead()
+{
+    refresh();
+    return stored(key);
+}
+
 void ParserKeyEntry::answer()
 {
     const bool lives = !registrations.empty();
-    key->kind = lives ? registrations.front()->kind : 3;
+    key->kind = lives ? registrations.front()->kind : doubleKind;
     key->value = lives ? registrations.front()->address : nullptr;
     hasRefresh = lives && registrations.front()->refresh;
 }

@@ -23,7 +23,12 @@ public:
     ParserKeyEntry(std::string keyName, keyStruct* namedKey);
 
     /// Refreshes the value and reads it; 0 while there is none.
-    double read();
+    double read()
+    {
+        // What "t" and "f" are, without a call.
+        const bool isPlain = !hasRefresh && key && key->kind == doubleKind && key->value;
+        return isPlain ? *static_cast<const double*>(key->value) : refreshAndRead();
+    }
 
     /// Calls the answering registration's refresh function, but not from inside of itself: a
     /// variable that depends on itself then reads its last value.
@@ -41,6 +46,9 @@ public:
     keyStruct* key; // of the parser or a mapper; null once that parser is gone
 
 private:
+    static constexpr int doubleKind = 3;
+
+    double refreshAndRead();
     void answer();
 
     // Ascending in age: the first one answers. Shared, so that a refresh function may

@@ -166,6 +166,7 @@ public:
 
     /// Writes keys, behaviours and default value as text, whatever the locale.
     static void save(SplineBase& spline, std::ofstream& stream);
+    static void save(SplineBase& spline, std::ostream& stream);
     /// Replaces keys, behaviours and default value by what save wrote. On anything else the
     /// spline stays as it is.
     static void load(SplineBase* spline, std::ifstream& stream);

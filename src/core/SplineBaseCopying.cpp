@@ -81,6 +81,8 @@ SplineBase::PointList SplineBase::duplicates(const double& offset) const
 /// Becomes the owner of these keys; the list must be empty.
 void SplineBase::takePoints(const PointList& newPoints)
 {
+    controlPoints.reserve(newPoints.size());
+    members.reserve(newPoints.size());
     for (PointInfo* point : newPoints) {
         insertInOrder(point);
     }

@@ -148,8 +148,8 @@ double SplineBase::valueWithin(double time) const
 /// The guess covers a segment and the next one: the last segment is kept as that next one.
 void SplineBase::rememberSegment(std::size_t index) const
 {
-    const std::size_t highest = std::max<std::size_t>(controlPoints.size(), 3) - 3;
-    lastSegment.store(std::min(index, highest), std::memory_order_relaxed);
+    // With less than three keys the difference wraps around, and no guess is looked at.
+    lastSegment.store(std::min(index, controlPoints.size() - 3), std::memory_order_relaxed);
 }
 
 bool SplineBase::isCurvedSegment(std::size_t index) const
@@ -172,8 +172,25 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
     if (!isCurvedSegment(index)) {
         return left.value + u * rise;
     }
-    const double out = outgoingSlope(index) * run;
-    const double in = incomingSlope(index + 1) * run;
+    const bool isInner = index > 0 && index + 2 < controlPoints.size();
+    double out = 0.0;
+    double in = 0.0;
+    if (isInner && left.type == zk_spline::tcb && right.type == zk_spline::tcb) {
+        // What tcbSlope works out, with rise and run of this segment taken for both ends.
+        const PointInfo& before = *controlPoints[index - 1];
+        const PointInfo& after = *controlPoints[index + 2];
+        out = slopeOf(2.0 * (getFactorL0(&left) * (left.value - before.value) +
+                             getFactorL1(&left) * rise),
+                      (left.time - before.time) + run) *
+              run;
+        in = slopeOf(2.0 * (getFactorR0(&right) * rise +
+                            getFactorR1(&right) * (after.value - right.value)),
+                     run + (after.time - right.time)) *
+             run;
+    } else {
+        out = outgoingSlope(index) * run;
+        in = incomingSlope(index + 1) * run;
+    }
     return left.value + u * (out + u * (3.0 * rise - 2.0 * out - in + u * (out + in - 2.0 * rise)));
 }
 
@@ -182,16 +199,15 @@ double SplineBase::operator()(const double& time) const
     const std::size_t count = controlPoints.size();
     const std::size_t guess = lastSegment.load(std::memory_order_relaxed);
     if (guess + 2 < count) {
-        // Whoever walks along the curve asks for the same segment again, or for the next one.
-        // Counting instead of asking twice leaves a processor one branch that it guesses well.
+        // Whoever walks along the curve asks for the same segment again, or for the next one. Both
+        // ends in one question leave a processor one branch that it guesses well.
         const PointInfo* const* const points = controlPoints.data() + guess;
-        const std::size_t reached = static_cast<std::size_t>(time >= points[0]->time) +
-                                    static_cast<std::size_t>(time >= points[1]->time) +
-                                    static_cast<std::size_t>(time >= points[2]->time);
-        if (reached == 1) {
-            return valueInSegment(guess, time);
-        }
-        if (reached == 2) {
+        const int isPastStart = static_cast<int>(time >= points[0]->time);
+        const int isPastEnd = static_cast<int>(time >= points[2]->time);
+        if (isPastStart > isPastEnd) {
+            if (!(time >= points[1]->time)) {
+                return valueInSegment(guess, time);
+            }
             rememberSegment(guess + 1);
             return valueInSegment(guess + 1, time);
         }

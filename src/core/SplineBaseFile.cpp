@@ -43,9 +43,12 @@ void appendNumber(std::string& text, const double& number)
     append(text, number, std::chars_format::general, exactDigits);
 }
 
-void endLine(std::string& text)
+/// Writes the line without its last blank, and begins the next.
+void endLine(std::string& line, std::ostream& stream)
 {
-    text.back() = '\n';
+    line.back() = '\n';
+    stream.write(line.data(), static_cast<std::streamsize>(line.size()));
+    line.clear();
 }
 
 /// Reads the next word, which must be a number from its first to its last character.
@@ -94,21 +97,25 @@ bool readPoint(std::istream& stream, PointInfo& point)
 
 void SplineBase::save(SplineBase& spline, std::ofstream& stream)
 {
-    std::string text;
-    append(text, spline.getControlPointsNumber());
-    append(text, static_cast<int>(spline.firstType));
-    append(text, static_cast<int>(spline.lastType));
-    appendNumber(text, spline.defaultValue);
-    endLine(text);
+    save(spline, static_cast<std::ostream&>(stream));
+}
+
+void SplineBase::save(SplineBase& spline, std::ostream& stream)
+{
+    std::string line;
+    append(line, spline.getControlPointsNumber());
+    append(line, static_cast<int>(spline.firstType));
+    append(line, static_cast<int>(spline.lastType));
+    appendNumber(line, spline.defaultValue);
+    endLine(line, stream);
     for (const PointInfo* point : spline.controlPoints) {
         for (const double* number : numbersOf(*point)) {
-            appendNumber(text, *number);
+            appendNumber(line, *number);
         }
-        append(text, static_cast<int>(point->type));
-        append(text, point->unifiedTangents ? 1 : 0);
-        endLine(text);
+        append(line, static_cast<int>(point->type));
+        append(line, point->unifiedTangents ? 1 : 0);
+        endLine(line, stream);
     }
-    stream.write(text.data(), static_cast<std::streamsize>(text.size()));
 }
 
 void SplineBase::load(SplineBase* spline, std::ifstream& stream)

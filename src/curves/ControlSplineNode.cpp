@@ -79,6 +79,24 @@ void ControlSplineNode::clear()
     selectedPoints.clear();
 }
 
+void ControlSplineNode::dropDeparted()
+{
+    QList<PointInfo*> kept;
+    for (PointInfo* point : std::as_const(selectedPoints)) {
+        if (isKey(point)) {
+            kept.append(point);
+        }
+    }
+    if (kept.size() == selectedPoints.size() && isKey(currentPoint) == (currentPoint != nullptr)) {
+        return;
+    }
+    PointInfo* const current = currentPoint;
+    selectPoints(kept);
+    if (kept.contains(current)) {
+        currentPoint = current;
+    }
+}
+
 bool ControlSplineNode::hasSelection() const
 {
     return currentPoint && !selectedPoints.isEmpty() && spline();

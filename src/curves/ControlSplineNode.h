@@ -42,6 +42,8 @@ public:
     void togglePoint(PointInfo* point);
     /// setCurrentPoint(null) and then an empty list.
     void clear();
+    /// Forgets selected keys that the spline does not hold.
+    void dropDeparted();
     /// A current point is set and at least one key is selected (and the spline lives).
     bool hasSelection() const;
     /// What commands work on: none without a current point or a selected key; the current point

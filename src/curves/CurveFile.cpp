@@ -6,11 +6,11 @@
 #include "curves/CurveEvaluation.h"
 #include "curves/CurveXmlReader.h"
 #include "curves/CurveXmlWriter.h"
+#include "curves/FileReplacement.h"
+#include "curves/XmlInputGuard.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
@@ -38,14 +38,11 @@ bool parseExpression(ReadCurve& curve, QString& error)
     ParseMessage message;
     curve.expression = curve.content.parseExpression(*FunctionParserBase::instance(), message);
     if (message.errorKind != 0) {
-        error = tr("The expression cannot be parsed: %1").arg(curve.content.expressionText);
+        constexpr qsizetype longest = 200; // no box can lay out a text of some megabytes
+        error = tr("The expression cannot be parsed: %1")
+                    .arg(curve.content.expressionText.left(longest));
     }
     return message.errorKind == 0;
-}
-
-bool writeText(QFileDevice& file, const QByteArray& text)
-{
-    return file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.flush();
 }
 
 } // namespace
@@ -58,7 +55,8 @@ bool readCurveFile(const QString& path, SplineBase* spline, FunctionFloatBase** 
         error = tr("Cannot open %1 for reading: %2").arg(path, file.errorString());
         return false;
     }
-    QXmlStreamReader stream(&file);
+    XmlInputGuard guard(file);
+    QXmlStreamReader stream(&guard);
     CurveXmlReader reader(stream);
     std::vector<ReadCurve> curves;
     const bool isRead = reader.readDocument([&](CurveXmlContent& content) {
@@ -83,22 +81,12 @@ bool readCurveFile(const QString& path, SplineBase* spline, FunctionFloatBase** 
 bool writeCurveFile(const QString& path, SplineBase* spline, const FunctionFloatBase* expression,
                     QString& error)
 {
-    QByteArray text;
-    QXmlStreamWriter stream(&text);
-    CurveXmlWriter(stream).writeDocument(typeOfCurve(spline, expression), spline, expression);
-
-    // A plain file is replaced as a whole, so that the old one outlives a failure. Anything else,
-    // such as a device, must not be replaced.
-    const QFileInfo target(path);
-    const bool replaces = !target.exists() || target.isFile();
-    QSaveFile replacement(path);
-    replacement.setDirectWriteFallback(true); // where the folder takes no second file
-    QFile direct(path);
-    const bool isWritten =
-        replaces ? writeText(replacement, text) && replacement.commit() : writeText(direct, text);
-    const QString reason = replaces ? replacement.errorString() : direct.errorString();
-    error = isWritten ? QString() : tr("Cannot write %1: %2").arg(path, reason);
-    return isWritten;
+    const QString reason = replaceFile(path, [&](QIODevice& file) {
+        QXmlStreamWriter stream(&file);
+        CurveXmlWriter(stream).writeDocument(typeOfCurve(spline, expression), spline, expression);
+    });
+    error = reason.isEmpty() ? QString() : tr("Cannot write %1: %2").arg(path, reason);
+    return reason.isEmpty();
 }
 
 } // namespace curve_editor

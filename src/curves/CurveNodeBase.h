@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QObject>
 
+#include <iosfwd>
 #include <memory>
 
 class ExpressionCurveGraph;
@@ -81,7 +82,7 @@ public:
 
     /// @name The XML curve file
     /// @{
-    /// Writes the curve to a file; says nothing when that cannot be opened.
+    /// Writes the curve to a file; on a failure the old file stays, without a word.
     void saveXML(const QString& path);
     /// Reads a file into spline and slot, with the parser for the expression. False when it
     /// cannot be opened, or after a message box that tells the error.
@@ -90,6 +91,18 @@ public:
     /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
     void writeXmlStream(QXmlStreamWriter& writer);
+    /// @}
+
+    /// @name The older curve file
+    /// @{
+    /// Reads a file into spline and slot, with the parser for the expression, of which only the
+    /// first word is read. Says nothing when the file cannot be opened; a type that is none of
+    /// the three shows a box. In both cases nothing has changed. Keys that do not read leave the
+    /// old ones. A curve that keeps its expression while a spline is read is no sum any more.
+    void loadCrv(const QString& path, FunctionParserBase* parser);
+    /// Writes the file from the curve type on; the three lines of the colour come before.
+    void saveCrv(std::ofstream& stream);
+    void saveCrv(std::ostream& stream);
     /// @}
 
 public slots:
@@ -116,6 +129,7 @@ private:
 
     bool dependsOnItself(QString& offender) const;
     void takeContent(curve_editor::CurveXmlContent& content, FunctionParserBase* parser);
+    void readExpression(std::ifstream& stream, FunctionParserBase& parser);
 
     bool changed = false;
     SplineHandle hostSpline;

@@ -7,6 +7,8 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveXmlReader.h"
 #include "curves/CurveXmlWriter.h"
+#include "curves/FileReplacement.h"
+#include "curves/XmlInputGuard.h"
 
 #include <QFile>
 #include <QMessageBox>
@@ -17,13 +19,18 @@ using curve_editor::CurveXmlContent;
 using curve_editor::CurveXmlReader;
 using curve_editor::CurveXmlWriter;
 
+namespace {
+
+constexpr qsizetype longestReason = 1000; // the stream's own words may name what stands in the file
+
+} // namespace
+
 void CurveNodeBase::saveXML(const QString& path)
 {
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
+    curve_editor::replaceFile(path, [this](QIODevice& file) {
         QXmlStreamWriter stream(&file);
         CurveXmlWriter(stream).writeDocument(curveType(), spline(), expression());
-    }
+    });
 }
 
 void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
@@ -37,14 +44,15 @@ bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
     if (!file.open(QIODevice::ReadOnly)) {
         return false;
     }
-    QXmlStreamReader stream(&file);
+    curve_editor::XmlInputGuard guard(file);
+    QXmlStreamReader stream(&guard);
     const bool isRead = CurveXmlReader(stream).readDocument(
         [&](CurveXmlContent& content) { takeContent(content, parser); });
     file.close();
     if (!isRead) {
         QMessageBox::critical(nullptr, tr("Error Reading XML File"),
                               tr("Error parsing XML curve file.\nReason:\n") +
-                                  stream.errorString());
+                                  stream.errorString().left(longestReason));
     }
     return isRead;
 }

@@ -4,6 +4,9 @@
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
+#include "core/TimeOrder.h"
+
+#include <algorithm>
 
 namespace curve_editor {
 
@@ -31,6 +34,10 @@ void CurveXmlContent::moveInto(SplineBase* spline, FunctionFloatBase** slot,
         spline->removeAllControlPoints();
         spline->setFirstNodeType(static_cast<SplineBase::nodeType>(firstNodeType));
         spline->setLastNodeType(static_cast<SplineBase::nodeType>(lastNodeType));
+        // In order, so that each is appended: a file may hold its keys in any order.
+        std::stable_sort(points.begin(), points.end(), [](const auto& a, const auto& b) {
+            return TimeOrder()(a.get(), b.get());
+        });
         for (std::unique_ptr<PointInfo>& point : points) {
             spline->addPointPtr(point.release());
         }

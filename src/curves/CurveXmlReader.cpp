@@ -6,7 +6,10 @@
 #include <QCoreApplication>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <system_error>
 
 namespace curve_editor {
 
@@ -22,25 +25,57 @@ double* numberField(PointInfo& point, const QStringView& element)
 {
     const struct
     {
-        const char* element;
+        QLatin1String element;
         double* field;
     } fields[] = {
-        {"x", &point.time},
-        {"y", &point.value},
-        {"t", &point.tcb.tension},
-        {"c", &point.tcb.continuity},
-        {"b", &point.tcb.bias},
-        {"ease-from", &point.tcb.easeFrom},
-        {"ease-to", &point.tcb.easeTo},
-        {"incoming", &point.bezier.tangentLeft},
-        {"outgoing", &point.bezier.tangentRight},
+        {QLatin1String("x"), &point.time},
+        {QLatin1String("y"), &point.value},
+        {QLatin1String("t"), &point.tcb.tension},
+        {QLatin1String("c"), &point.tcb.continuity},
+        {QLatin1String("b"), &point.tcb.bias},
+        {QLatin1String("ease-from"), &point.tcb.easeFrom},
+        {QLatin1String("ease-to"), &point.tcb.easeTo},
+        {QLatin1String("incoming"), &point.bezier.tangentLeft},
+        {QLatin1String("outgoing"), &point.bezier.tangentRight},
     };
     for (const auto& each : fields) {
-        if (element == QLatin1String(each.element)) {
+        // The length first: a big file asks this some million times.
+        if (element.size() == each.element.size() && element == each.element) {
             return each.field;
         }
     }
     return nullptr;
+}
+
+/// What toDouble gives, sooner for plain digits, which is what the writer writes. Both round
+/// correctly, so that they agree to the bit.
+double numberOf(const QString& text)
+{
+    constexpr qsizetype longest = 40;
+    char digits[longest];
+    const qsizetype length = text.size();
+    const bool isPlain =
+        length <= longest && std::all_of(text.begin(), text.end(), [](const QChar& c) {
+            return (c >= u'0' && c <= u'9') || c == u'-' || c == u'.' || c == u'e';
+        });
+    if (isPlain) {
+        std::transform(text.begin(), text.end(), digits,
+                       [](const QChar& c) { return c.toLatin1(); });
+        double number = 0.0;
+        const std::from_chars_result result = std::from_chars(digits, digits + length, number);
+        if (result.ec == std::errc() && result.ptr == digits + length) {
+            return number;
+        }
+    }
+    return text.toDouble();
+}
+
+/// A text of the file as a message shows it: no box can lay out one of some megabytes.
+QString shown(const QStringView& text)
+{
+    constexpr qsizetype longest = 200;
+    return text.size() > longest ? text.left(longest).toString() + QLatin1String("...")
+                                 : text.toString();
 }
 
 } // namespace
@@ -66,7 +101,7 @@ bool CurveXmlReader::readDocument(const Receiver& receive)
 bool CurveXmlReader::isAtCurveOfKnownVersion()
 {
     if (stream.name() != QLatin1String("curve")) {
-        raiseXmlError(tr("Bad Format: Expected <curve> instead of <%1>").arg(stream.name()));
+        raiseXmlError(tr("Bad Format: Expected <curve> instead of <%1>").arg(shown(stream.name())));
         return false;
     }
     const QString current = QLatin1String(CURRENT_CURVE_VERSION);
@@ -76,7 +111,7 @@ bool CurveXmlReader::isAtCurveOfKnownVersion()
     if (isDefined && current.toFloat() >= version) {
         return true;
     }
-    raiseXmlError(isDefined ? tr("Unsupported Version: %1 > %2").arg(text, current)
+    raiseXmlError(isDefined ? tr("Unsupported Version: %1 > %2").arg(shown(text), current)
                             : tr("Undefined Version"));
     return false;
 }
@@ -106,7 +141,7 @@ void CurveXmlReader::readCurveChild(CurveXmlContent& content, int& type)
     if (element == QLatin1String("type")) {
         readCurveType(type);
     } else if (element == QLatin1String("expression")) {
-        content.expressionText = stream.readElementText();
+        content.expressionText = readText();
     } else if (element == QLatin1String("first-node-type")) {
         readNodeType(content.firstNodeType);
     } else if (element == QLatin1String("last-node-type")) {
@@ -118,19 +153,19 @@ void CurveXmlReader::readCurveChild(CurveXmlContent& content, int& type)
 
 void CurveXmlReader::readCurveType(int& type)
 {
-    const QString text = stream.readElementText();
+    const QString text = readText();
     type = curveTypeFromName(text);
     if (type < 0) {
-        raiseXmlError(tr("Unknown curve type: <%1>").arg(text));
+        raiseXmlError(tr("Unknown curve type: <%1>").arg(shown(text)));
     }
 }
 
 void CurveXmlReader::readNodeType(int& type)
 {
-    const QString text = stream.readElementText();
+    const QString text = readText();
     type = nodeTypeFromName(text);
     if (type < 0) {
-        raiseXmlError(tr("Unknown node type: <%1>").arg(text));
+        raiseXmlError(tr("Unknown node type: <%1>").arg(shown(text)));
     }
 }
 
@@ -183,7 +218,7 @@ void CurveXmlReader::readPointChild(PointInfo& point)
 /// Only an empty text is an error: any other is taken, also where it names no interpolation.
 void CurveXmlReader::readInterpolationType(PointInfo& point)
 {
-    const QString text = stream.readElementText();
+    const QString text = readText();
     if (text.isEmpty()) {
         raiseXmlError(tr("Unknown interpolation type: <%1>").arg(text));
         return;
@@ -194,8 +229,33 @@ void CurveXmlReader::readInterpolationType(PointInfo& point)
 /// What is no finite number counts as 0.
 double CurveXmlReader::readNumber()
 {
-    const double number = stream.readElementText().toDouble();
+    const double number = numberOf(readText());
     return std::isfinite(number) ? number : 0.0;
+}
+
+/// The text up to the end of the present element, read as readElementText reads it, but without
+/// a new string each time. Good until the next call.
+const QString& CurveXmlReader::readText()
+{
+    elementText.resize(0);
+    for (;;) {
+        switch (stream.readNext()) {
+        case QXmlStreamReader::Characters:
+        case QXmlStreamReader::EntityReference:
+            elementText.append(stream.text());
+            break;
+        case QXmlStreamReader::ProcessingInstruction:
+        case QXmlStreamReader::Comment:
+            break;
+        case QXmlStreamReader::StartElement:
+            foundElement = true;
+            stream.raiseError(
+                QCoreApplication::translate("QXmlStream", "Expected character data."));
+            return elementText;
+        default: // the end of the element, or an error
+            return elementText;
+        }
+    }
 }
 
 bool CurveXmlReader::canGoOn() const
@@ -205,7 +265,7 @@ bool CurveXmlReader::canGoOn() const
 
 QString CurveXmlReader::errorText() const
 {
-    const bool hasPlace = stream.error() == QXmlStreamReader::CustomError;
+    const bool hasPlace = stream.error() == QXmlStreamReader::CustomError && !foundElement;
     return hasPlace ? stream.errorString() : withPlace(stream.errorString());
 }
 

@@ -2,6 +2,8 @@
 
 #include "curves/CurveXmlContent.h"
 
+#include <QString>
+
 #include <functional>
 
 class QXmlStreamReader;
@@ -46,11 +48,14 @@ private:
     void readPointChild(PointInfo& point);
     void readInterpolationType(PointInfo& point);
     double readNumber();
+    const QString& readText();
     bool canGoOn() const;
     QString withPlace(const QString& message) const;
     void raiseXmlError(const QString& message);
 
     QXmlStreamReader& stream;
+    QString elementText;       // of readText: one buffer for all elements
+    bool foundElement = false; // the error is an element inside of a text
 };
 
 } // namespace curve_editor

@@ -2,6 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "editor/Catalogue.h"
+#include "editor/CurveKeysDialog.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CustomEditLine.h"
 
@@ -47,6 +48,7 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
 /// is still there. Before it go the commands, which may name its curves.
 CurveEditor::~CurveEditor()
 {
+    disconnect(commandLine, nullptr, this, nullptr);
     disconnect(&functionEditor->canvas(), nullptr, this, nullptr);
     disconnect(functionEditor, nullptr, this, nullptr);
     disconnect(checkListsEditing, nullptr, this, nullptr);
@@ -87,6 +89,9 @@ void CurveEditor::keyReleaseEvent(QKeyEvent* event)
 /// QDialog's own would ask reject(), which does nothing, and leave the window open.
 void CurveEditor::closeEvent(QCloseEvent* event)
 {
+    if (functionEditor->keysDialog()->isVisible()) {
+        functionEditor->keysDialog()->close();
+    }
     event->accept();
 }
 
@@ -157,9 +162,4 @@ void CurveEditor::unifyTangents()
     functionEditor->canvas().setTangentsBroken(false);
     functionEditor->canvas().updateCanvas();
     functionEditor->refreshKeysDialog();
-}
-
-void CurveEditor::refreshCommandLine()
-{
-    commandLine->setText(functionEditor->canvas().commandLineText());
 }

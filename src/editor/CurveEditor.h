@@ -208,9 +208,16 @@ public:
     QTreeWidgetItem* getNodeItem(const QString& text) const;
     /// Rebuilds and repaints the curves.
     void updateCurves();
+    /// Takes keys and expression away from a curve that stays listed, as a step of undo. The slot
+    /// is the record's, whatever is passed.
+    void deleteCurveAndExp(const QString& node, const QString& curve, FunctionFloatBase** slot);
     /// Whether the expression of `curve`, directly or through other curves, reads `variable`;
     /// both in parser form. `culprit` gets the dotted name of the curve where that was found.
     bool checkDependencies(const QString& variable, const QString& curve, QString& culprit);
+    /// For hosts that drop an expression. While the editor is visible the curve on the canvas
+    /// loses its expression, whose spline is then no longer added, and without a curve of that
+    /// name nothing is deleted. While it is hidden the slot is emptied; a null one is passed over.
+    void deleteExpression(const QString& node, const QString& curve, FunctionFloatBase** slot);
     /// @}
 
     /// @name Editing set: the curves that are on the canvas and in the tree
@@ -234,6 +241,10 @@ public:
 
     /// The canvas widget; never null, owned by the editor.
     FunctionEditor* getFunctionEditor() const;
+    /// The number fields of time and value on the menu bar, twins of those of the key dialog; owned
+    /// by the editor.
+    CustomEditLine* positionX() const;
+    CustomEditLine* positionY() const;
     /// The menu "Keys", which is the canvas's context menu as well.
     QMenu* keysMenu() const;
 
@@ -271,6 +282,9 @@ public:
     int getIconSize() const;
     void setIconsPath(const QString& path);
     QString getIconsPath() const;
+    /// The folder in which the dialogs of curve files open, with a "/" at its end; the choice of a
+    /// single file sets it anew. Empty at first.
+    void setCurrentDir(const QString& folder);
     /// @}
 
     /// @name Colours
@@ -317,6 +331,8 @@ protected slots:
     /// Gives the actions their texts and shortcuts anew.
     virtual void languageChange();
     void canvasSelectionChanged(QStringList curveNames);
+    /// Fills the menu of d-vars with the parser's dotted names.
+    void populateDVarMenu();
 
 public slots:
     /// Moves the time line to a time in seconds, or to a frame.
@@ -338,6 +354,16 @@ public slots:
     void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
     void rightButtonPressedEditingItem(QModelIndex index);
     void selectionChangedEditingItem(QItemSelection selected, QItemSelection deselected);
+    /// Sets the text of the expression line on the curves being edited, as a step of undo; a blank
+    /// text deletes their expressions. A text with an error changes nothing and is marked in the
+    /// line after a box for each curve.
+    void executeCommand();
+    /// Lets the user choose a curve file, and reads it into all curves being edited as a step of
+    /// undo.
+    void loadFile();
+    /// Lets the user choose where the curves being edited are saved: a file for one, in the format
+    /// of its typed extension and under its path in lower case; a folder for several, in XML.
+    void saveFile();
     /// Report the curves being edited, named ones, or those of records, then refresh the editor.
     /// Curves that do not report are left out.
     void emitSignalCurvesHaveChanged();
@@ -345,9 +371,38 @@ public slots:
     void emitSignalCurvesHaveChanged(QList<CurveEditor::NodeStruct*> records);
     /// Reports one curve; refreshes nothing.
     void emitSignalCurveHasChanged(QString& nodeName, QString& curveName);
+    /// Deletes the expressions of the curves being edited, as a step of undo.
+    void deleteCurveClicked();
+    /// Empty all curves on the canvas, or those being edited, as a step of undo.
+    void resetAllCheckedF();
+    void resetSelectedF();
+    /// For hosts that have edited the curves being edited themselves: they are drawn anew.
+    void setTcb();
+    void setExpression();
     /// Ask the host by curveEditorUndo and curveEditorRedo; change nothing themselves.
     void undo();
     void redo();
+    /// The clipboard, which is this editor's own. Copies the only curve being edited, or its
+    /// selected keys. Pastes onto all curves being edited as one step of undo: in place of their
+    /// keys, or (Keys) beside them, at the times copied, moved by the time line's (Offset), or with
+    /// the first key on the time line (OnTimeline). The forms ending in Btn make their entry the
+    /// one that the toolbar's button repeats.
+    void copy();
+    void copyKeys();
+    void paste();
+    void pasteOffset();
+    void pasteOnTimeline();
+    void pasteKeys();
+    void pasteKeysOffset();
+    void pasteKeysOnTimeline();
+    void copyBtn();
+    void copyKeysBtn();
+    void pasteBtn();
+    void pasteOffsetBtn();
+    void pasteOnTimelineBtn();
+    void pasteKeysBtn();
+    void pasteKeysOffsetBtn();
+    void pasteKeysOnTimelineBtn();
     /// On the selected keys, each as a step of undo.
     void flatTangents();
     void breakTangents();
@@ -358,8 +413,16 @@ public slots:
     void setUndoLevels(ZK_UINT levels);
     /// Switched off, undo forgets its steps and takes no new ones.
     void setEnableUndo(ZK_BOOL enable);
+    /// Each asks the user by a modal dialog: for the visible range, for factors of time and value
+    /// of the selected keys, for an offset of them in time and value. What is no number counts
+    /// as 0. The editor may be deleted while a dialog runs.
+    void setRange();
+    void setScaleSelection();
+    void setPanSelection();
     /// The visible range and the mode of the axis as in a new editor.
     void resetViewport();
+    /// Asks the user, in the same manner, for snap radii and the defaults of new keys.
+    void setOptions();
     /// Moves the visible range until the time line is in its middle.
     void centerTimeline();
     /// Fit the view to the curves being edited, or to the selected keys (Sel): both axes, the
@@ -377,6 +440,9 @@ public slots:
     void completeViewportSelBtn();
     void completeViewportSelHBtn();
     void completeViewportSelVBtn();
+    /// The picture behind the curves: one that the user chooses, or none.
+    void loadImage();
+    void clearImage();
     /// Brings toolbars, menus and buttons up to date with the curves being edited. Each call
     /// toggles the actions of the present behaviours.
     void refreshEditor();
@@ -402,12 +468,24 @@ public slots:
     void removeCurvesFromEditing();
     /// A curve, or all curves of a group or node, leaves the editing set; no step of undo.
     void removeCurveFromEditing(QString dotName);
+    /// The entries of the menu "Insert": each builds a new text from the line's and executes it.
+    /// The line then has the focus, and the first "X", which stands for what the user has still to
+    /// give, is selected. Null does nothing.
+    void insertUnaryFunc(QAction* action);
+    void insertBinaryFunc(QAction* action);
+    void insertTernaryFunc(QAction* action);
+    void insertIVarFunc(QAction* action);
+    void insertDVarFunc(QAction* action);
+    /// For hosts: inserts an underscore at the expression line's cursor and gives it the focus.
+    void errorClosed();
     /// The present selection followed by these names.
     void addNodesToSelection(QString name);
     void addNodesToSelection(QStringList names);
     /// The selection becomes these dotted names; a group stands for its curves, an unknown name is
     /// kept but selects nothing.
     void selectNodes(QString name);
+    /// Shows the dialog of the selected keys' values, or closes it.
+    void showKeyProperties();
     void selectNodes(QStringList names);
     /// Snap to the grid's vertical lines (H) or horizontal ones (V); switchSnap makes both the
     /// same.
@@ -416,6 +494,9 @@ public slots:
     void switchSnap();
     /// Show or hide the values of the selected keys.
     void switchToolTips();
+    /// Adds the splines of the curves being edited to their expressions, or takes them out, as a
+    /// step of undo.
+    void switchAddFuncToSpline();
     /// Makes an action the one that a toolbar's button shows and repeats; its drop-down stays.
     /// Does nothing for null or for a number without a button.
     void setDefaultButton(QAction* action, topToolButtons button);
@@ -467,6 +548,9 @@ public slots:
     void setAdd2selModifier(QString mod);
     ZK_BOOL isAdd2selPressed(QInputEvent* e);
     QString getAdd2selModifier();
+    /// Check or uncheck the button of the key dialog; the dialog stays as it is.
+    void enableShowKeyPptiesBtn();
+    void disableShowKeyPptiesBtn();
 
 private:
     // Shell: CurveEditor.cpp, CurveEditorShell.cpp
@@ -484,6 +568,7 @@ private:
     void refreshFileAndExpression(const int& type, const bool& multi);
     void refreshEnabledStates(const int& type, const bool& multi, const bool& noKeys);
     void refreshBehaviours();
+    void enableBehaviourFields(const bool& on);
     bool hasSelectedKeys() const;
     void setItemEnabled(const int& kind, const int& value, const bool& enabled);
     void checkButton(const topToolButtons& which, const bool& checked);
@@ -505,11 +590,23 @@ private:
     void addMenuEntry(QMenu* menu, const int& kind, const int& value);
     void initInsertMenu();
 
+    // Dialogs: CurveEditorDialogs.cpp
+    /// Stores the interpolation of new keys by its position in the settings, without a refresh;
+    /// false where the settings have no such position.
+    bool storeDefaultNodeType(const int& position);
+    /// Unchecks a button whose dialog has run, and refreshes.
+    void releaseTool(const topToolButtons& which);
+
     // Modes: CurveEditorModes.cpp
     void setModifier(QString& target, const QString& value);
     bool isModifierPressed(QInputEvent* e, const QString& name) const;
     void toggleTool(const curveEditorModes& tool);
     QCursor buildCursor(const int& icon, const int& hotX, const int& hotY) const;
+
+    // Files: CurveEditorFiles.cpp
+    void saveCurve();
+    void saveCurvesToFolder();
+    void rememberDir(const QString& path);
 
     // View: CurveEditorView.cpp
     void setMinTime(const double& time);
@@ -521,6 +618,11 @@ private:
     // Types of keys and ends: CurveEditorNodeTypes.cpp
     void doSetLastNode(const int& behaviour, const bool& isFirst);
     void doSetPointsType(const int& interpolation);
+
+    // The menu "Insert": CurveEditorInsert.cpp
+    void executeInserted(const QString& text, const int& placeHolder);
+    void insertAtLineCursor(const QString& name);
+    bool executeInLine();
 
     // Catalogue: CurveEditorCatalogue.cpp
     std::string dumpNodeList() const;
@@ -543,6 +645,7 @@ private:
 
     int iconSize = 25; ///< pixels
     QString iconsPath;
+    QString currentDir; ///< of the dialogs of curve files, put before their names as it is
     bool hasSettingsAction = false; ///< the settings action is not built
     int numberOfDecimals = 2;
 

@@ -9,6 +9,9 @@
 /// are made.
 void CurveEditor::connectWidgets()
 {
+    connect(commandLine, SIGNAL(editingFinished()), this, SLOT(executeCommand()));
+    connect(deleteCurve, SIGNAL(pressed()), this, SLOT(deleteCurveClicked()));
+    connect(addToSpline, SIGNAL(clicked()), this, SLOT(switchAddFuncToSpline()));
     CanvasFunctionBase* const logic = &functionEditor->canvas();
     connect(logic, SIGNAL(changeCommandLine()), this, SLOT(refreshEditor()));
     connect(logic, SIGNAL(selectionChanged(QStringList)), this,
@@ -25,4 +28,5 @@ void CurveEditor::connectWidgets()
             SLOT(setFuncPosInfo(const ZK_DOUBLE&, const ZK_DOUBLE&, const ZK_DOUBLE&)));
     connect(treeMenu, SIGNAL(setRemoveItem()), this, SLOT(slotMenuEditingNodeRemove()));
     connect(treeMenu, SIGNAL(setColorChange()), this, SLOT(slotMenuEditingNodeColor()));
+    connect(logic, SIGNAL(showKeyProperties()), this, SLOT(showKeyProperties()));
 }

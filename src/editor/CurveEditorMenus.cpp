@@ -34,6 +34,8 @@ void CurveEditor::initActions()
             connect(action, SIGNAL(triggered()), this, row.slot);
         }
     }
+    // Required a second time; the second run finds no picture.
+    connect(plainActions[clearImageAction], SIGNAL(triggered()), this, SLOT(clearImage()));
 }
 
 void CurveEditor::initMenus()
@@ -75,15 +77,19 @@ void CurveEditor::addMenuEntry(QMenu* menu, const int& kind, const int& value)
 
 void CurveEditor::initInsertMenu()
 {
-    auto* const menu = new QMenu(tr("Insert"), this);
+    // The line's own menu and tool bar: whoever goes there has not left the line.
+    expressionTool->setFocusProxy(commandLine);
+    auto* const menu = new QMenu(tr("Insert"), commandLine);
     menus[insertMenu] = menu;
     for (const InsertRow& row : insertRows()) {
         QMenu* const subMenu = menu->addMenu(tr(row.title));
         for (const char* const text : row.texts) {
             subMenu->addAction(text);
         }
+        connect(subMenu, SIGNAL(triggered(QAction*)), this, row.slot);
         menus[row.which] = subMenu;
     }
+    connect(menus[dVarsSubMenu], SIGNAL(aboutToShow()), this, SLOT(populateDVarMenu()));
     expressionTool->addAction(menu->menuAction());
     if (auto* const button =
             qobject_cast<QToolButton*>(expressionTool->widgetForAction(menu->menuAction()))) {

@@ -3,18 +3,9 @@
 #include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
+#include "editor/NodeTypePositions.h"
 
 #include <QAction>
-
-#include <array>
-
-namespace {
-
-/// The interpolation of new keys by its position in the settings.
-constexpr std::array<zk_spline::interpolationType, 4> nodeTypeOfPosition{
-    zk_spline::tcb, zk_spline::bezier, zk_spline::linear, zk_spline::stepped};
-
-} // namespace
 
 void CurveEditor::switchSnap()
 {
@@ -74,24 +65,24 @@ double CurveEditor::getVSnapRadius() const
 
 void CurveEditor::setDefaultNodeType(const int& position)
 {
-    if (position < 0 || position >= static_cast<int>(nodeTypeOfPosition.size())) {
-        return;
+    if (storeDefaultNodeType(position)) {
+        refreshEditor();
+    }
+}
+
+bool CurveEditor::storeDefaultNodeType(const int& position)
+{
+    if (!curve_editor::isNodeTypePosition(position)) {
+        return false;
     }
     functionEditor->canvas().defaultNodeType =
-        nodeTypeOfPosition[static_cast<std::size_t>(position)];
-    refreshEditor();
+        curve_editor::nodeTypeOfPosition[static_cast<std::size_t>(position)];
+    return true;
 }
 
 int CurveEditor::getDefaultNodeTypePos() const
 {
-    int position = 0;
-    for (const zk_spline::interpolationType& type : nodeTypeOfPosition) {
-        if (type == functionEditor->canvas().defaultNodeType) {
-            return position;
-        }
-        ++position;
-    }
-    return 0;
+    return curve_editor::positionOfNodeType(functionEditor->canvas().defaultNodeType);
 }
 
 void CurveEditor::setTooltipsDrag(const bool& on)

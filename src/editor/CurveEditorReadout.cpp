@@ -1,6 +1,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "editor/CurveKeysDialog.h"
 #include "editor/Timecode.h"
 #include "widgets/CustomEditLine.h"
 
@@ -10,7 +11,8 @@
 
 namespace {
 
-/// What a field holds as a number; a text that is none counts as 0.
+/// What a field holds as a number; a text that is none counts as 0, and so do the dots that stand
+/// for several times.
 double fieldValue(const CustomEditLine* field)
 {
     const double value = field->text().toDouble();
@@ -21,26 +23,31 @@ double fieldValue(const CustomEditLine* field)
 
 void CurveEditor::setShowTime()
 {
+    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    keys->posXLabel->setText(tr("Time:"));
     if (!functionEditor->showFrames) {
         return;
     }
     functionEditor->showFrames = false;
     functionEditor->canvasDirty = true;
-    posX->setValue(fieldValue(posX) / functionEditor->fps);
+    keys->posX->setValue(fieldValue(keys->posX) / functionEditor->fps);
+    posX->setText(keys->posX->text());
+    posX->setToolTip(posX->text());
     repaintCanvas();
 }
 
 /// Here it is posY whose tool tip is renewed; posX keeps its old one.
 void CurveEditor::setShowFrames()
 {
+    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    keys->posXLabel->setText(tr("Frame:"));
     if (functionEditor->showFrames) {
         return;
     }
     functionEditor->showFrames = true;
     functionEditor->canvasDirty = true;
-    const QString oldToolTip = posX->toolTip();
-    posX->setValue(fieldValue(posX) * functionEditor->fps);
-    posX->setToolTip(oldToolTip);
+    keys->posX->setValue(fieldValue(keys->posX) * functionEditor->fps);
+    posX->setText(keys->posX->text());
     posY->setToolTip(posY->text());
     repaintCanvas();
 }
@@ -56,7 +63,10 @@ void CurveEditor::switchFramesTime()
 
 void CurveEditor::setPosX(ZK_DOUBLE valueX)
 {
-    posX->setValue(functionEditor->showFrames ? valueX * functionEditor->fps : valueX);
+    CustomEditLine* const keysPosX = functionEditor->keysDialog()->posX;
+    keysPosX->setValue(functionEditor->showFrames ? valueX * functionEditor->fps : valueX);
+    posX->setText(keysPosX->text());
+    posX->setToolTip(posX->text());
 }
 
 void CurveEditor::setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val)
@@ -77,6 +87,7 @@ void CurveEditor::setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE v
 void CurveEditor::setNumberOfDecimals(const int& decimals)
 {
     numberOfDecimals = decimals;
+    // Those of the key dialog are among them: its parent is the editor.
     for (CustomEditLine* const field : findChildren<CustomEditLine*>()) {
         field->setDecimals(decimals);
     }

@@ -3,6 +3,7 @@
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveType.h"
+#include "editor/CurveKeysDialog.h"
 #include "editor/MenuTable.h"
 
 #include <QAction>
@@ -166,6 +167,8 @@ void CurveEditor::refreshEditor()
     refreshEnabledStates(type, multi, noKeys);
     if (hasKeys(type)) {
         refreshBehaviours();
+    } else {
+        functionEditor->keysDialog()->enableKeyFields(false);
     }
     functionEditor->canvasDirty = true;
     functionEditor->refreshKeysDialog();
@@ -197,6 +200,8 @@ void CurveEditor::disableForEmptySet()
     deleteCurve->setEnabled(false);
     addToSpline->setEnabled(false);
     commandLine->setEnabled(false);
+    enableBehaviourFields(false);
+    functionEditor->keysDialog()->enableKeyFields(false);
 }
 
 void CurveEditor::refreshFileAndExpression(const int& type, const bool& multi)
@@ -221,10 +226,18 @@ void CurveEditor::refreshEnabledStates(const int& type, const bool& multi, const
     for (const EnabledRow& row : enabledRows()) {
         setItemEnabled(row.item.kind, row.item.value, isMet(row.condition, type, multi, noKeys));
     }
+    enableBehaviourFields(type != expressionCurve);
+}
+
+void CurveEditor::enableBehaviourFields(const bool& on)
+{
+    functionEditor->keysDialog()->nodeFirst->setEnabled(on);
+    functionEditor->keysDialog()->nodeLast->setEnabled(on);
 }
 
 /// The action of the present behaviour is toggled, not checked: at each second refresh it stands
-/// unchecked. That is the manner required of it.
+/// unchecked. That is the manner required of it. The combo boxes show the truth; a first behaviour
+/// that they do not offer leaves theirs blank.
 void CurveEditor::refreshBehaviours()
 {
     const SplineBase* const spline = functionEditor->canvas().firstSpline();
@@ -239,6 +252,8 @@ void CurveEditor::refreshBehaviours()
             plainActions[row.last]->toggle();
         }
     }
+    functionEditor->keysDialog()->nodeFirst->setCurrentIndex(spline->firstNodeType());
+    functionEditor->keysDialog()->nodeLast->setCurrentIndex(spline->lastNodeType());
 }
 
 bool CurveEditor::hasSelectedKeys() const

@@ -49,7 +49,9 @@ void CurveEditor::initMainMenu()
     mainMenu->addWidget(filler);
 
     posX = newPositionField("posX");
+    posX->setAccessibleName(tr("Position X"));
     posY = newPositionField("posY");
+    posY->setAccessibleName(tr("Position Y"));
 
     auto* const pointerLabel = new QLabel(tr("    Pointer:  "), mainMenu);
     pointerLabel->setMinimumWidth(40);
@@ -72,6 +74,16 @@ CustomEditLine* CurveEditor::newPositionField(const char* name)
     field->setEnabled(false);
     mainMenu->addWidget(field);
     return field;
+}
+
+CustomEditLine* CurveEditor::positionX() const
+{
+    return posX;
+}
+
+CustomEditLine* CurveEditor::positionY() const
+{
+    return posY;
 }
 
 QLabel* CurveEditor::newReadout(const char* name, const QString& text)

@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QIcon>
 #include <QMenu>
+#include <QPointer>
 #include <QToolButton>
 
 using namespace curve_editor;
@@ -129,9 +130,7 @@ QAction* CurveEditor::newButtonAction(const char* text, const QString& toolTip, 
     action->setIcon(buttonIcon(iconsPath, which));
     action->setToolTip(toolTip);
     toolButtonActions[which] = action;
-    if (slot) {
-        connect(action, SIGNAL(triggered()), this, slot);
-    }
+    connect(action, SIGNAL(triggered()), this, slot);
     return action;
 }
 
@@ -182,5 +181,13 @@ void CurveEditor::setDefaultButton(QAction* action, topToolButtons button)
 
 void CurveEditor::showTopToolbarMenu()
 {
-    menus[toolbarsSubMenu]->exec(QCursor::pos());
+    // A text half typed is taken first: the opening menu would take it, and the box of an error
+    // would close the menu before it runs, so that it never returned.
+    const QPointer<CurveEditor> self(this);
+    if (commandLine->hasFocus() && commandLine->isModified()) {
+        executeCommand();
+    }
+    if (self) {
+        menus[toolbarsSubMenu]->exec(QCursor::pos());
+    }
 }

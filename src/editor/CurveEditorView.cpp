@@ -2,6 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
+#include "editor/CurveKeysDialog.h"
 
 #include <cmath>
 
@@ -168,4 +169,25 @@ void CurveEditor::repaintAll()
 {
     repaintCanvas();
     QWidget::update();
+}
+
+void CurveEditor::showKeyProperties()
+{
+    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    if (keys->isVisible()) {
+        keys->close();
+    } else {
+        keys->show();
+    }
+    checkButton(showKeyPropertiesButton, keys->isVisible());
+}
+
+void CurveEditor::enableShowKeyPptiesBtn()
+{
+    checkButton(showKeyPropertiesButton, true);
+}
+
+void CurveEditor::disableShowKeyPptiesBtn()
+{
+    checkButton(showKeyPropertiesButton, false);
 }

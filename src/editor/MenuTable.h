@@ -116,6 +116,7 @@ struct InsertRow
     editorMenus which;
     const char* title;
     QList<const char*> texts;
+    const char* slot; ///< of the sub-menu's triggered(QAction*)
 };
 
 const QList<ActionRow>& actionRows();

@@ -30,7 +30,7 @@ struct ToolButtonRow
     CurveEditor::topToolButtons which;
     const char* text;    ///< translated; also the action's object name
     const char* toolTip; ///< null: the same as the text. Not translated
-    const char* slot;    ///< null: not connected
+    const char* slot;    ///< of the editor
     checkableParts checkable;
     bool visible;
 };

@@ -148,6 +148,28 @@ void CustomEditLine::focusOutEvent(QFocusEvent* event)
     selectedOnce = false;
 }
 
+bool CustomEditLine::event(QEvent* event)
+{
+    if (event->type() == QEvent::ContextMenu || event->type() == QEvent::WindowBlocked) {
+        breakOffDrag();
+    }
+    return QLineEdit::event(event);
+}
+
+void CustomEditLine::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) {
+        breakOffDrag();
+    }
+}
+
+void CustomEditLine::hideEvent(QHideEvent* event)
+{
+    QLineEdit::hideEvent(event);
+    breakOffDrag();
+}
+
 void CustomEditLine::wheelEvent(QWheelEvent* event)
 {
     const int turn = turnOf(*event);
@@ -176,4 +198,15 @@ void CustomEditLine::setByMouse(const double& value)
     const double result = held(value);
     setValue(result);
     emit newValueSet(result, this);
+}
+
+/// A field that is disabled or hidden, or from which a menu or a modal dialog takes the mouse,
+/// never hears of the release. Later moves of the mouse, which it is told of without a press, would
+/// go on with the drag.
+void CustomEditLine::breakOffDrag()
+{
+    if (dragging) {
+        dragging = false;
+        emit mouseReleaseEditLine();
+    }
 }

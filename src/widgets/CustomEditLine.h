@@ -42,7 +42,8 @@ signals:
     void newValueTyped(ZK_DOUBLE value, CustomEditLine* field);
     /// A press with a button other than the right one began.
     void mousePressEditLine();
-    /// That press ended.
+    /// That press ended, or the field was disabled or hidden under it, or a menu or a modal dialog
+    /// took the mouse.
     void mouseReleaseEditLine();
 
 protected:
@@ -51,12 +52,16 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
     double held(const double& value) const;
     double textValue() const;
     void setByMouse(const double& value);
+    void breakOffDrag();
 
     /// Global y of the last press, in pixels.
     int dragStartY = 0;

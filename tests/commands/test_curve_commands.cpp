@@ -215,6 +215,19 @@ private slots:
         fixture.editor.getCmdManager()->redo();
     }
 
+    /// A removed curve is known by its name.
+    void aRemovedCurveThatTheHostRenamedDoesNotComeBack()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.editor.removeCurvesFromEditing();
+        fixture.editor.renameNode("n", "m");
+        fixture.editor.getCmdManager()->undo();
+        QVERIFY(fixture.logic().topNodes().isEmpty());
+        QVERIFY(fixture.editor.searchAllNodeList("m.a"));
+        fixture.editor.getCmdManager()->redo();
+    }
+
     void aRemovedCurveWhoseSplineIsDestroyedComesBackEmpty()
     {
         EditorFixture fixture;

@@ -245,6 +245,64 @@ private slots:
         QVERIFY(!manager);
         QCOMPARE(journal.filter("del"), QStringList({"del outer", "del inner"}));
     }
+
+    void aManagerDestroyedByACommandThatRunsFreesEachOnce_data()
+    {
+        QTest::addColumn<bool>("result");
+        QTest::newRow("executed") << true;
+        QTest::newRow("refused") << false;
+    }
+
+    void aManagerDestroyedByACommandThatRunsFreesEachOnce()
+    {
+        QFETCH(bool, result);
+        run({"a", "b"});
+        manager->undo();
+        journal.clear();
+        Step* const outer = step("outer", result);
+        outer->onExecute = [&] {
+            manager->doCommand(step("inner"));
+            close();
+        };
+        QCOMPARE(manager->doCommand(outer), result);
+        QCOMPARE(journal, QStringList({"do outer", "do inner", "del a", "del b", "del inner",
+                                       "end outer", "del outer"}));
+    }
+
+    void aManagerDestroyedByANestedCommandFreesEachOnce()
+    {
+        Step* const outer = step("outer");
+        outer->onExecute = [&] {
+            Step* const inner = step("inner");
+            inner->onExecute = [&] { close(); };
+            QVERIFY(manager->doCommand(inner));
+        };
+        QVERIFY(manager->doCommand(outer));
+        QCOMPARE(journal, QStringList({"do outer", "do inner", "end inner", "del inner",
+                                       "end outer", "del outer"}));
+    }
+
+    void aManagerDestroyedInAnUndoOrARedoFreesTheCommand_data()
+    {
+        QTest::addColumn<bool>("redo");
+        QTest::newRow("undo") << false;
+        QTest::newRow("redo") << true;
+    }
+
+    void aManagerDestroyedInAnUndoOrARedoFreesTheCommand()
+    {
+        QFETCH(bool, redo);
+        Step* const outer = step("outer");
+        manager->doCommand(outer);
+        (redo ? outer->onRedo : outer->onUndo) = [&] { close(); };
+        CurveCommand* moved = manager->undo();
+        if (redo) {
+            QCOMPARE(moved, outer);
+            moved = manager->redo();
+        }
+        QVERIFY(!moved);
+        QCOMPARE(journal.filter("del"), QStringList("del outer"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestNestedCommands)

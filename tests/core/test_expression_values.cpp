@@ -116,6 +116,25 @@ class TestExpressionValues : public QObject
 private slots:
     void init() { failOnUnexpectedWarning(); }
 
+    void aChainOfAnyLengthGroupsToTheLeft()
+    {
+        std::string text = "7";
+        double value = 7.0;
+        for (int i = 1; i <= 100; ++i) {
+            const double number = i % 9 + 1;
+            const char sign = "-/+*<"[i % 5];
+            text = "(" + text + ")" + sign + std::to_string(i % 9 + 1);
+            value = sign == '-'   ? value - number
+                    : sign == '/' ? value / number
+                    : sign == '+' ? value + number
+                    : sign == '*' ? value * number
+                                  : (value < number ? 1.0 : 0.0);
+            const ParsedExpression parsed(text);
+            QVERIFY2(parsed.tree, text.c_str());
+            QVERIFY2(parsed.tree->value() == value, text.c_str());
+        }
+    }
+
     void everyWordOfTheLanguageHasItsValue_data();
     void everyWordOfTheLanguageHasItsValue();
     void everyTextThatTheMenusBuildParses_data();

@@ -40,7 +40,40 @@ private slots:
     void commandPointsAreNoneOneOrAll();
     void aDestroyedSplineCountsAsNoSelection();
     void selectedPointsAsAVectorKeepTheirOrder();
+
+    void keysThatLeftTheSplineAreDropped();
+    void aSelectionOfKeysOfTheSplineStaysAsItIs();
 };
+
+void TestKeySelection::keysThatLeftTheSplineAreDropped()
+{
+    const QList<PointInfo*> keys{key(0), key(1), key(2)};
+    node->selectPoints(keys);
+    node->currentPoint = keys[2];
+    spline->remove(keys[0]);
+    node->dropDeparted();
+    QCOMPARE(node->selectedPoints, keys.mid(1));
+    QCOMPARE(node->currentPoint, keys[2]);
+    spline->remove(keys[2]);
+    node->dropDeparted();
+    QCOMPARE(node->selectedPoints, QList<PointInfo*>{keys[1]});
+    QCOMPARE(node->currentPoint, keys[1]);
+    spline->removeAllControlPoints();
+    node->dropDeparted();
+    QVERIFY(node->selectedPoints.isEmpty());
+    QVERIFY(!node->currentPoint);
+    delete keys[0];
+    delete keys[2];
+}
+
+void TestKeySelection::aSelectionOfKeysOfTheSplineStaysAsItIs()
+{
+    node->selectPoints({key(1), key(2)});
+    node->currentPoint = key(2);
+    node->dropDeparted();
+    QCOMPARE(node->selectedPoints, (QList<PointInfo*>{key(1), key(2)}));
+    QCOMPARE(node->currentPoint, key(2));
+}
 
 void TestKeySelection::settingTheCurrentPointAppendsItOnce()
 {

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <cmath>
+
 class TestXmlCurveReading : public CurveFileTest
 {
     Q_OBJECT
@@ -14,6 +16,8 @@ private slots:
 
     void pointsHaveDefaults();
     void pointsAreOrderedByTime();
+    void keysInAnyOrderGiveWhatAddingOneByOneGives_data();
+    void keysInAnyOrderGiveWhatAddingOneByOneGives();
     void linearInAnySpelling_data();
     void linearInAnySpelling();
 
@@ -42,6 +46,38 @@ void TestXmlCurveReading::pointsAreOrderedByTime()
     QVERIFY(load(splineFile("<point><x>2</x></point><point><x>1</x></point>")));
     QCOMPARE(spline->at(0)->time, 1.0);
     QCOMPARE(spline->at(1)->time, 2.0);
+}
+
+void TestXmlCurveReading::keysInAnyOrderGiveWhatAddingOneByOneGives_data()
+{
+    QTest::addColumn<QList<QByteArray>>("times");
+    QTest::newRow("backwards") << QList<QByteArray>{"5", "4", "3", "2", "1", "0"};
+    QTest::newRow("shuffled") << QList<QByteArray>{"3", "-1", "4", "1", "-5", "9", "2", "6"};
+    QTest::newRow("equal times") << QList<QByteArray>{"2", "1", "2", "1", "0", "1", "2", "0"};
+    QTest::newRow("no numbers") << QList<QByteArray>{"1",    "nan", "-1",    "inf", "0", "nan",
+                                                     "-inf", "2",   "1e999", "nan", "-2"};
+}
+
+/// Of equal times the earlier in the file comes first.
+void TestXmlCurveReading::keysInAnyOrderGiveWhatAddingOneByOneGives()
+{
+    QFETCH(QList<QByteArray>, times);
+    SplineBase expected;
+    QByteArray points;
+    for (int i = 0; i < times.size(); ++i) {
+        points += "<point><x>" + times.at(i) + "</x><y>" + QByteArray::number(i) + "</y></point>";
+        PointInfo point;
+        const double time = times.at(i).toDouble();
+        point.time = std::isfinite(time) ? time : 0.0;
+        point.value = i;
+        expected.addPointPtr(new PointInfo(point));
+    }
+    QVERIFY(load(splineFile(points)));
+    QCOMPARE(spline->getControlPointsNumber(), unsigned(times.size()));
+    for (unsigned i = 0; i < spline->getControlPointsNumber(); ++i) {
+        QCOMPARE(spline->at(i)->time, expected.at(i)->time);
+        QCOMPARE(spline->at(i)->value, expected.at(i)->value);
+    }
 }
 
 void TestXmlCurveReading::linearInAnySpelling_data()

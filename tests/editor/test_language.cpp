@@ -1,4 +1,8 @@
+#include "editor/CurveEditorSettings.h"
 #include "editor/EditorParts.h"
+#include "editor/PanDialog.h"
+#include "editor/ScaleDialog.h"
+#include "editor/ViewportSettings.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
@@ -13,6 +17,18 @@ public:
     QString translate(const char* context, const char* source, const char*, int) const override
     {
         return qstrcmp(context, "CurveEditor") == 0 ? "otro " + QString(source) : QString();
+    }
+
+    bool isEmpty() const override { return false; }
+};
+
+/// Puts its context before every text.
+class ContextLanguage : public QTranslator
+{
+public:
+    QString translate(const char* context, const char* source, const char*, int) const override
+    {
+        return QString("%1/%2").arg(context, source);
     }
 
     bool isEmpty() const override { return false; }
@@ -75,6 +91,24 @@ private slots:
         menuAt(editor, "Mine/Start Node Behaviour")->setTitle("Before");
         QMetaObject::invokeMethod(&editor, "languageChange");
         QVERIFY(menuAt(editor, "Mine/Start Node Behaviour"));
+    }
+
+    void eachDialogTranslatesInTheContextOfItsForm()
+    {
+        ContextLanguage language;
+        QCoreApplication::installTranslator(&language);
+        const CurveEditorSettings settings;
+        QCOMPARE(settings.windowTitle(), QString("SettingsSetter/Curve Editor Settings"));
+        QCOMPARE(settings.nodeTypeCombo->itemText(0), QString("SettingsSetter/Tcb node"));
+        const ViewportSettings viewport;
+        QCOMPARE(viewport.textLabel4->text(), QString("ViewportSettingsSetter/MaxY"));
+        const ScaleDialog scale;
+        QCOMPARE(scale.cancelScale->text(), QString("ScaleDialogBaseSetter/Cancel"));
+        PanDialog pan;
+        QCOMPARE(pan.toggleButton_->text(), QString("PanDialogBaseSetter/Toggle frames/seconds"));
+        QCOMPARE(pan.xLabel_->text(), QString("PanDialogBaseSetter/seconds"));
+        pan.toggleSeconds();
+        QCOMPARE(pan.xLabel_->text(), QString("PanDialogBaseSetter/frames"));
     }
 };
 

@@ -1,3 +1,4 @@
+#include "editor/CurveKeysDialog.h"
 #include "editor/EditorParts.h"
 #include "editor/Timecode.h"
 #include "support/EditorFixture.h"
@@ -20,6 +21,22 @@ CustomEditLine* field(const CurveEditor& editor, const char* name)
 {
     return editor.mainMenu->findChild<CustomEditLine*>(name);
 }
+
+CurveKeysDialog& keys(const CurveEditor& editor)
+{
+    return *editor.getFunctionEditor()->keysDialog();
+}
+
+/// Without curves; a first repaint has told the key dialog so.
+class EmptyEditor : public CurveEditor
+{
+public:
+    EmptyEditor()
+        : CurveEditor(nullptr, QString())
+    {
+        getFunctionEditor()->canvas().updateCanvas();
+    }
+};
 
 } // namespace
 
@@ -135,12 +152,15 @@ private slots:
 
     void switchingFromFramesDividesThePositionAndLeavesTheActions()
     {
-        CurveEditor editor(nullptr, QString());
+        EmptyEditor editor;
         editor.setFps(25.0);
         editor.setPosX(4.0);
+        QCOMPARE(keys(editor).posX->text(), QString("100.00"));
         QCOMPARE(field(editor, "posX")->text(), QString("100.00"));
         editor.switchFramesTime();
         QVERIFY(editor.isModeTime());
+        QCOMPARE(keys(editor).posX->text(), QString("4.00"));
+        QCOMPARE(keys(editor).posX->toolTip(), QString("4.00"));
         QCOMPARE(field(editor, "posX")->text(), QString("4.00"));
         QCOMPARE(field(editor, "posX")->toolTip(), QString("4.00"));
         QVERIFY(menuAction(editor, "View/Horizontal axis/Show frames")->isChecked());
@@ -149,37 +169,62 @@ private slots:
 
     void switchingToFramesMultipliesAndRenewsTheOtherToolTip()
     {
-        CurveEditor editor(nullptr, QString());
+        EmptyEditor editor;
         editor.setFps(25.0);
         editor.setShowTime();
         editor.setPosX(4.0);
         field(editor, "posY")->setText("7.00");
         editor.switchFramesTime();
         QVERIFY(editor.isModeFrames());
+        QCOMPARE(keys(editor).posX->text(), QString("100.00"));
         QCOMPARE(field(editor, "posX")->text(), QString("100.00"));
         QCOMPARE(field(editor, "posX")->toolTip(), QString("4.00"));
         QCOMPARE(field(editor, "posY")->toolTip(), QString("7.00"));
     }
 
-    void theModeAlreadyShownChangesNothing()
+    void thePositionIsReadFromTheKeyDialog()
     {
-        CurveEditor editor(nullptr, QString());
+        EmptyEditor editor;
+        editor.setFps(25.0);
+        field(editor, "posX")->setText("9.00");
+        keys(editor).posX->setText("50");
+        editor.setShowTime();
+        QCOMPARE(keys(editor).posX->text(), QString("2.00"));
+        QCOMPARE(field(editor, "posX")->text(), QString("2.00"));
+    }
+
+    void theModeAlreadyShownChangesOnlyTheLabel()
+    {
+        EmptyEditor editor;
+        QCOMPARE(keys(editor).posXLabel->text(), QString("Frame:"));
         editor.setPosX(4.0);
         editor.setShowFrames();
         QCOMPARE(field(editor, "posX")->text(), QString("40.00"));
         editor.setShowTime();
+        QCOMPARE(keys(editor).posXLabel->text(), QString("Time:"));
         editor.getFunctionEditor()->canvasDirty = false;
+        keys(editor).posXLabel->setText("changed");
         editor.setShowTime();
+        QCOMPARE(keys(editor).posXLabel->text(), QString("Time:"));
         QCOMPARE(field(editor, "posX")->text(), QString("4.00"));
         QVERIFY(!editor.getFunctionEditor()->canvasDirty);
     }
 
+    void aResetOfTheViewShowsFramesUnderTheOldLabel()
+    {
+        EmptyEditor editor;
+        editor.setShowTime();
+        editor.resetViewport();
+        QVERIFY(editor.isModeFrames());
+        QCOMPARE(keys(editor).posXLabel->text(), QString("Time:"));
+    }
+
     void aTextThatIsNoNumberCountsAsZero()
     {
-        CurveEditor editor(nullptr, QString());
-        for (const char* const text : {"...", "", "nan", "inf", "abc"}) {
+        EmptyEditor editor;
+        for (const char* const text : {"", "nan", "inf", "abc", "..."}) {
             editor.setShowFrames();
-            field(editor, "posX")->setText(text);
+            keys(editor).posX->setText(text);
             editor.setShowTime();
             QCOMPARE(field(editor, "posX")->text(), QString("0.00"));
         }
@@ -191,7 +236,10 @@ private slots:
         QCOMPARE(editor.getNumberOfDecimals(), 2);
         editor.setNumberOfDecimals(4);
         QCOMPARE(editor.getNumberOfDecimals(), 4);
-        for (CustomEditLine* const line : editor.findChildren<CustomEditLine*>()) {
+        QList<CustomEditLine*> lines = keys(editor).findChildren<CustomEditLine*>();
+        QCOMPARE(lines.size(), 10);
+        lines << field(editor, "posX") << field(editor, "posY");
+        for (CustomEditLine* const line : lines) {
             line->setValue(1.0);
             QCOMPARE(line->text(), QString("1.0000"));
         }

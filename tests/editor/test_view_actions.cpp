@@ -240,6 +240,31 @@ private slots:
         QVERIFY(!horizontal->isChecked() && vertical->isChecked() && !both->isChecked());
     }
 
+    void theToolTipsSwitchChecksTheSnapEntryForAMoment()
+    {
+        CurveEditor editor(nullptr, QString());
+        QSignalSpy toggled(menuAction(editor, "View/Snap to Grid/Horizontal Snap"),
+                           SIGNAL(toggled(bool)));
+        editor.switchToolTips();
+        QCOMPARE(toggled.count(), 2);
+        QCOMPARE(toggled.at(0).at(0).toBool(), true);
+        QCOMPARE(toggled.at(1).at(0).toBool(), false);
+    }
+
+    void slotsOfTheAxisLeaveItsActions()
+    {
+        CurveEditor editor(nullptr, QString());
+        const QAction* const time = menuAction(editor, "View/Horizontal axis/Show time");
+        const QAction* const frames = menuAction(editor, "View/Horizontal axis/Show frames");
+        for (void (CurveEditor::*const slot)() :
+             {&CurveEditor::setShowTime, &CurveEditor::setShowFrames,
+              &CurveEditor::switchFramesTime, &CurveEditor::resetViewport}) {
+            (editor.*slot)();
+            QVERIFY(!time->isChecked());
+            QVERIFY(frames->isChecked());
+        }
+    }
+
     void toolTipsAreCopiedToTheLabelsAndLeaveTheSnapEntryAsItIs()
     {
         CurveEditor editor(nullptr, QString());

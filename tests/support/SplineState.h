@@ -36,9 +36,18 @@ public:
 
     bool operator==(const SplineState& other) const
     {
-        return keys == other.keys && behaviours == other.behaviours && addFunc == other.addFunc &&
+        return addFunc == other.addFunc && hasSameShape(other);
+    }
+
+    /// Whether the splines have the same values, with or without an expression added.
+    bool hasSameShape(const SplineState& other) const
+    {
+        return keys == other.keys && behaviours == other.behaviours &&
                std::memcmp(&defaultValue, &other.defaultValue, sizeof defaultValue) == 0;
     }
+
+    bool isAddFunc() const { return addFunc; }
+    std::size_t keyCount() const { return keys.size(); }
 
     /// The fields of a key as bits, without the padding of the record.
     using Bits = std::array<unsigned long long, 11>;

@@ -1,5 +1,8 @@
 #include "widgets/EditLineFixture.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
 #include <QMouseEvent>
 #include <QWheelEvent>
 
@@ -242,6 +245,65 @@ private slots:
         turnWheel(*field, QPoint(0, 120));
         window->other.setFocus();
         QCOMPARE(valueTyped->count(), 0);
+    }
+
+    void aFieldDisabledOrHiddenDuringADragEndsIt_data()
+    {
+        QTest::addColumn<bool>("hides");
+        QTest::newRow("disabled") << false;
+        QTest::newRow("hidden") << true;
+    }
+
+    void aFieldDisabledOrHiddenDuringADragEndsIt()
+    {
+        QFETCH(bool, hides);
+        field->setText("10");
+        press(*field, 100.0);
+        moveTo(*field, 90.0);
+        if (hides) {
+            field->hide();
+            field->show();
+        } else {
+            field->setEnabled(false);
+            field->setEnabled(true);
+        }
+        QCOMPARE(released->count(), 1);
+        valueSet->clear();
+        // The mouse passes over the field without a button.
+        sendMouse(*field, QEvent::MouseMove, Qt::NoButton, Qt::NoButton, QPointF(100.0, 50.0));
+        QCOMPARE(valueSet->count(), 0);
+        QCOMPARE(field->text(), QString("10.55"));
+    }
+
+    void aMenuOrAModalDialogDuringADragEndsIt_data()
+    {
+        QTest::addColumn<bool>("isMenu");
+        QTest::newRow("the field's menu") << true;
+        QTest::newRow("a modal dialog") << false;
+    }
+
+    void aMenuOrAModalDialogDuringADragEndsIt()
+    {
+        QFETCH(bool, isMenu);
+        field->setText("10");
+        press(*field, 100.0);
+        moveTo(*field, 90.0);
+        if (isMenu) {
+            QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(105, 105),
+                                    Qt::NoModifier);
+            QCoreApplication::sendEvent(field, &asked);
+            QVERIFY(QApplication::activePopupWidget());
+            QApplication::activePopupWidget()->close();
+        } else {
+            QDialog dialog;
+            dialog.setModal(true);
+            dialog.show();
+        }
+        QCOMPARE(released->count(), 1);
+        valueSet->clear();
+        sendMouse(*field, QEvent::MouseMove, Qt::NoButton, Qt::NoButton, QPointF(100.0, 50.0));
+        QCOMPARE(valueSet->count(), 0);
+        QCOMPARE(field->text(), QString("10.55"));
     }
 };
 

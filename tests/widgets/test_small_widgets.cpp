@@ -1,5 +1,4 @@
 #include "support/FailOnWarning.h"
-#include "widgets/CommandLine.h"
 #include "widgets/ControlMenu.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CustomToolbar.h"
@@ -71,35 +70,6 @@ private slots:
         const QToolBar movable(&parent);
         QCOMPARE(parent.findChildren<CustomToolbar*>().size(), 1);
         QCOMPARE(fixedBar.parentWidget(), &parent);
-    }
-
-    void theExpressionLineHasItsSettings()
-    {
-        const CommandLine line;
-        QCOMPARE(line.alignment(), Qt::AlignRight);
-        QCOMPARE(line.maxLength(), 16384);
-        QCOMPARE(line.focusPolicy(), Qt::StrongFocus);
-        QCOMPARE(line.sizeIncrement(), QSize(1, 1));
-        QCOMPARE(line.sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-        QCOMPARE(line.sizePolicy().verticalPolicy(), QSizePolicy::Fixed);
-        QVERIFY(line.hasMouseTracking());
-        QVERIFY(line.acceptDrops());
-        QVERIFY(line.text().isEmpty());
-    }
-
-    void theTextOfTheExpressionLineIsLimited()
-    {
-        CommandLine line;
-        line.setText(QString(20000, QLatin1Char('1')));
-        QCOMPARE(line.text().size(), 16384);
-    }
-
-    void theExpressionLineShowsButCannotBeTypedInto()
-    {
-        CommandLine line;
-        line.setText(QStringLiteral("sin(t)"));
-        QTest::keyClicks(&line, "x");
-        QCOMPARE(line.text(), QStringLiteral("sin(t)"));
     }
 };
 

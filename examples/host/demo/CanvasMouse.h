@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QEvent>
 #include <QPoint>
 #include <QPointF>
 
+class CurveEditor;
 class QWidget;
 class SplineBase;
 
@@ -21,10 +23,10 @@ class CanvasMouse
 {
 public:
     /// `canvas` is not owned.
-    CanvasMouse(QWidget* canvas, const CanvasRange& visible);
+    CanvasMouse(QWidget& canvas, const CanvasRange& visible);
 
-    /// The first widget inside `parent` that is of this class by name; null if there is none.
-    static QWidget* findCanvas(QWidget* parent);
+    /// The canvas as a plain widget, found by its class among those of the editor.
+    static QWidget& canvasOf(const CurveEditor& editor);
 
     /// The pixel of a time and value, cut toward zero as the canvas does.
     QPoint pixelOf(double time, double value) const;
@@ -35,8 +37,17 @@ public:
 
     /// Presses the left button, moves in steps and releases.
     void drag(const QPoint& from, const QPoint& to) const;
+    void click(const QPoint& at) const;
+
+    /// The parts of a drag, for what is done in the middle of it.
+    void press(const QPoint& at) const;
+    void moveHeld(const QPoint& from, const QPoint& to) const;
+    void release(const QPoint& at) const;
 
 private:
-    QWidget* const widget;
+    void send(QEvent::Type type, const QPoint& at, Qt::MouseButton button,
+              Qt::MouseButtons held) const;
+
+    QWidget& widget;
     const CanvasRange range;
 };

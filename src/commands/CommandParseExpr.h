@@ -1,0 +1,42 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class CommandLine;
+class CurveEditor;
+class FunctionEditor;
+
+namespace curve_editor {
+
+struct NodeStruct;
+
+/// Sets the text of the expression line on a list of curves, each of which gets a tree of its own.
+class CommandParseExpr : public CurveCommand
+{
+public:
+    /// Null records are passed over.
+    CommandParseExpr(CurveEditor* editor, FunctionEditor* functionEditor, CommandLine* commandLine,
+                     const QList<NodeStruct*>& nodes);
+
+    /// False when the text has an error, which the line then marks, and when there is no curve. A
+    /// cycle of curves that read each other is no error here: the expression is set.
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    CurveEditor* editor;                    ///< not owned
+    FunctionEditor* functionEditor;         ///< not owned
+    CommandLine* commandLine;               ///< not owned
+    QList<std::optional<QString>> oldTexts; ///< one a node; none where it had no expression
+    QString text;                           ///< of the line at construction
+    QList<NodeStruct*> nodes;               ///< not owned, never freed
+};
+
+} // namespace curve_editor

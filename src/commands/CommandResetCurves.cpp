@@ -1,0 +1,99 @@
+#include "commands/CommandResetCurves.h"
+
+#include "commands/CommandSelectPoints.h"
+#include "commands/CurveContents.h"
+#include "commands/EligibleCurves.h"
+#include "core/SplineBase.h"
+#include "curves/CurveNode.h"
+#include "curves/NodeStruct.h"
+#include "editor/CurveEditor.h"
+
+#include <QSet>
+
+#include <utility>
+
+namespace curve_editor {
+
+CommandResetCurves::CommandResetCurves(CurveEditor* curveEditor, const QList<NodeStruct*>& list)
+    : editor(curveEditor)
+{
+    QSet<const SplineBase*> splines;
+    for (NodeStruct* node : list) {
+        if (!node) {
+            continue;
+        }
+        nodes.append(node);
+        const SplineBase* const spline = node->livingSpline();
+        if (spline && !splines.contains(spline)) {
+            splines.insert(spline);
+            saved.push_back({node, std::make_unique<SplineBase>()});
+        }
+    }
+}
+
+CommandResetCurves::~CommandResetCurves() = default;
+
+bool CommandResetCurves::execute()
+{
+    if (!selectCommand) {
+        selectCommand = std::make_unique<CommandSelectPoints>(editor);
+    }
+    takeContents();
+    for (const NodeStruct* node : std::as_const(nodes)) {
+        if (CurveNode* const curve = findCurveOf(editor, node)) {
+            curve->reset();
+        } else if (SplineBase* const spline = node->livingSpline()) {
+            spline->reset();
+        }
+    }
+    selectCommand->captureFinalState();
+    editor->emitSignalCurvesHaveChanged();
+    return true;
+}
+
+void CommandResetCurves::undo()
+{
+    QSet<const SplineBase*> changed;
+    for (SavedSpline& entry : saved) {
+        SplineBase* const spline = entry.node->livingSpline();
+        if (!entry.contentInPlace && spline) {
+            exchangeContents(*spline, *entry.content);
+            entry.contentInPlace = true;
+            changed.insert(spline);
+        }
+    }
+    dropDepartedKeys(editor, changed);
+    if (selectCommand) {
+        selectCommand->undo();
+    }
+    editor->emitSignalCurvesHaveChanged();
+}
+
+void CommandResetCurves::redo()
+{
+    execute();
+}
+
+ZK_String CommandResetCurves::getDescription()
+{
+    return "Reset Curves";
+}
+
+/// The keys pass to this command, so that resetting a spline frees none of them.
+void CommandResetCurves::takeContents()
+{
+    QSet<const SplineBase*> changed;
+    for (SavedSpline& entry : saved) {
+        SplineBase* const spline = entry.node->livingSpline();
+        if (entry.contentInPlace && spline) {
+            entry.content->removeAllControlPoints();
+            entry.content->copyRefs(*spline);
+            spline->clearCtrlPoints();
+            entry.contentInPlace = false;
+            changed.insert(spline);
+        }
+    }
+    dropDepartedKeys(editor, changed);
+}
+
+} // namespace curve_editor

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "commands/CurveCommand.h"
+
+#include <QList>
+
+#include <memory>
+#include <vector>
+
+class CurveEditor;
+class SplineBase;
+
+namespace curve_editor {
+
+class CommandSelectPoints;
+struct NodeStruct;
+
+/// Empties the splines of curves, and deletes the expressions of those on the canvas. Undo brings
+/// the keys back, but no expression.
+class CommandResetCurves : public CurveCommand
+{
+public:
+    /// Null records are passed over.
+    CommandResetCurves(CurveEditor* editor, const QList<NodeStruct*>& nodes);
+    ~CommandResetCurves() override;
+
+    bool execute() override;
+    void undo() override;
+    void redo() override;
+    ZK_String getDescription() override;
+
+private:
+    /// What a spline held: the same keys, not copies of them. Two records may share the spline.
+    struct SavedSpline
+    {
+        NodeStruct* node = nullptr; ///< not owned, never freed
+        /// The spline's keys while they are not in place; else what undo found in their place.
+        std::unique_ptr<SplineBase> content;
+        bool contentInPlace = true;
+    };
+
+    void takeContents();
+
+    CurveEditor* editor;      ///< not owned
+    QList<NodeStruct*> nodes; ///< not owned, never freed; none of them null
+    std::vector<SavedSpline> saved;
+    std::unique_ptr<CommandSelectPoints> selectCommand; ///< null until the first execute
+};
+
+} // namespace curve_editor

@@ -1,0 +1,136 @@
+// The dialogs that ask for numbers. While one runs, its host may delete the editor, and the dialog
+// as its child with it: after `exec` nothing is touched before the dialog was seen to live.
+
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "editor/CurveEditorSettings.h"
+#include "editor/PanDialog.h"
+#include "editor/ScaleDialog.h"
+#include "editor/ViewportSettings.h"
+
+#include <QPointer>
+#include <QToolButton>
+
+#include <cmath>
+
+namespace {
+
+QString numberText(const double& number)
+{
+    return QString("%1").arg(number, 0, 'g', -1, QLatin1Char(' '));
+}
+
+/// A text that is no finite number counts as 0.
+double numberIn(const QLineEdit* field)
+{
+    const double number = field->text().toDouble();
+    return std::isfinite(number) ? number : 0.0;
+}
+
+/// A dialog for one answer, on the heap: a host that deletes the editor takes it along.
+template <class Dialog>
+class Question
+{
+public:
+    explicit Question(CurveEditor* editor)
+        : asker(editor)
+        , dialog(new Dialog(editor))
+    {}
+    ~Question() { delete dialog.data(); }
+    Q_DISABLE_COPY_MOVE(Question)
+
+    Dialog* operator->() const { return dialog; }
+
+    /// Whether the user said Ok, and the dialog with its answers is still there.
+    bool isAccepted() { return dialog->exec() == QDialog::Accepted && dialog; }
+    bool hasAsker() const { return asker; }
+
+private:
+    QPointer<CurveEditor> asker;
+    QPointer<Dialog> dialog;
+};
+
+} // namespace
+
+void CurveEditor::setOptions()
+{
+    CanvasFunctionBase& canvas = functionEditor->canvas();
+    Question<CurveEditorSettings> question(this);
+    question->radiusH->setText(numberText(canvas.hSnapRadius));
+    question->radiusV->setText(numberText(canvas.vSnapRadius));
+    question->defaultBroken->setChecked(canvas.defaultBrokenTangent);
+    question->defaultAddFunc->setChecked(canvas.defaultAddFunction);
+    question->showToolTipsOnDrag->setChecked(canvas.toolTipsWhileDragging);
+    question->nodeTypeCombo->setCurrentIndex(getDefaultNodeTypePos());
+    if (!question.isAccepted()) {
+        return;
+    }
+    canvas.hSnapRadius = numberIn(question->radiusH);
+    canvas.vSnapRadius = numberIn(question->radiusV);
+    canvas.defaultBrokenTangent = question->defaultBroken->isChecked();
+    canvas.defaultAddFunction = question->defaultAddFunc->isChecked();
+    canvas.toolTipsWhileDragging = question->showToolTipsOnDrag->isChecked();
+    storeDefaultNodeType(question->nodeTypeCombo->currentIndex());
+    repaintCanvas();
+}
+
+void CurveEditor::setRange()
+{
+    Question<ViewportSettings> question(this);
+    question->minX->setText(numberText(functionEditor->minX));
+    question->minY->setText(numberText(functionEditor->minY));
+    question->maxX->setText(numberText(functionEditor->maxX));
+    question->maxY->setText(numberText(functionEditor->maxY));
+    if (!question.isAccepted()) {
+        return;
+    }
+    functionEditor->minX = numberIn(question->minX);
+    functionEditor->minY = numberIn(question->minY);
+    functionEditor->maxX = numberIn(question->maxX);
+    functionEditor->maxY = numberIn(question->maxY);
+    repaintCanvas();
+}
+
+void CurveEditor::setScaleSelection()
+{
+    Question<ScaleDialog> question(this);
+    question->scaleX->setText("1.0");
+    question->scaleY->setText("1.0");
+    if (question.isAccepted()) {
+        functionEditor->canvas().scaleSelection(numberIn(question->scaleX),
+                                                numberIn(question->scaleY));
+    }
+    if (question.hasAsker()) {
+        releaseTool(scaleSelectionButton);
+    }
+}
+
+void CurveEditor::setPanSelection()
+{
+    Question<PanDialog> question(this);
+    question->setSeconds(!functionEditor->showFrames);
+    question->fps = functionEditor->fps;
+    question->panX->setDecimals(numberOfDecimals);
+    question->panY->setDecimals(numberOfDecimals);
+    question->panX->setValue(0.0);
+    question->panY->setValue(0.0);
+    if (question.isAccepted()) {
+        const double unit = question->isSeconds ? 1.0 : 1.0 / functionEditor->fps;
+        const double offset = question->panX->value() * unit;
+        // A rate of 0 frames per second gives no time.
+        functionEditor->canvas().panSelection(std::isfinite(offset) ? offset : 0.0,
+                                              question->panY->value());
+    }
+    if (question.hasAsker()) {
+        releaseTool(panSelectionButton);
+    }
+}
+
+void CurveEditor::releaseTool(const topToolButtons& which)
+{
+    if (QToolButton* const button = toolButtons.value(which, nullptr)) {
+        button->setChecked(false);
+    }
+    refreshEditor();
+}

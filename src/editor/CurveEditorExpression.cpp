@@ -1,0 +1,100 @@
+// The expression line, and what is done to the expressions of the curves being edited.
+
+#include "editor/CurveEditor.h"
+
+#include "canvas/FunctionEditor.h"
+#include "commands/CommandDelExpr.h"
+#include "commands/CommandParseExpr.h"
+#include "commands/EligibleCurves.h"
+#include "core/FunctionFloatBase.h"
+#include "curves/CurveNode.h"
+#include "editor/CurveKeysDialog.h"
+
+#include <QPointer>
+
+#include <utility>
+
+using namespace curve_editor;
+
+void CurveEditor::executeCommand()
+{
+    // The toolkit counts a text that the program set as an edit. Parsing it when the user merely
+    // passes through would make a step of undo of nothing, or take "..." for an expression. And a
+    // line that is disabled because the last curve has gone is left, too.
+    const bool hasBeenTyped = commandLine->isModified() && functionEditor->canvas().isEditing();
+    if (commandLine->isBeingLeft() && !hasBeenTyped) {
+        return;
+    }
+    // From here on it counts as taken: the box of an error takes the focus away from the line.
+    commandLine->setModified(false);
+    if (commandLine->text().trimmed().isEmpty()) {
+        deleteCurveClicked();
+        return;
+    }
+    const QPointer<CurveEditor> self(this);
+    manager.doCommand(
+        new CommandParseExpr(this, functionEditor, commandLine,
+                             recordsOf(this, functionEditor->canvas().editingCurves())));
+    if (self) { // the box of an error runs an event loop
+        refreshEditor();
+    }
+}
+
+void CurveEditor::deleteCurveClicked()
+{
+    manager.doCommand(
+        new CommandDelExpr(this, functionEditor, commandLine,
+                           recordsOf(this, functionEditor->canvas().editingCurves())));
+    update();
+}
+
+void CurveEditor::switchAddFuncToSpline()
+{
+    functionEditor->canvas().switchAddFuncToSpline();
+    refreshEditor();
+}
+
+void CurveEditor::refreshCommandLine()
+{
+    commandLine->setText(functionEditor->canvas().commandLineText());
+}
+
+void CurveEditor::setExpression()
+{
+    functionEditor->keysDialog()->enableKeyFields(false);
+    functionEditor->canvas().markExpressionsChanged();
+    functionEditor->update();
+    update();
+}
+
+void CurveEditor::setTcb()
+{
+    const QList<CurveNode*> curves = functionEditor->canvas().editingCurves();
+    for (CurveNode* const curve : curves) {
+        curve->removeExpression(false);
+    }
+    emit functionEditor->canvas().changeCommandLine();
+    functionEditor->update();
+    update();
+}
+
+void CurveEditor::errorClosed()
+{
+    commandLine->insertUnderscore();
+}
+
+void CurveEditor::deleteExpression(const QString& node, const QString& curve,
+                                   FunctionFloatBase** slot)
+{
+    if (!isVisible()) {
+        if (slot) {
+            delete std::exchange(*slot, nullptr);
+        }
+        return;
+    }
+    const QString name = node + QLatin1Char('.') + curve;
+    if (CurveNode* const found = functionEditor->canvas().findLeaf(name)) {
+        found->removeExpression(true);
+    }
+    refreshCommandLine();
+}

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "core/ZkTypes.h"
+#include "editor/KeyFields.h"
+#include "ui_CurveKeysSetter.h"
+
+#include <QDialog>
+#include <QList>
+
+#include <memory>
+
+class CurveEditor;
+class SplineCurveGraph;
+
+namespace curve_editor {
+class CommandChangePoints;
+class CommandMovePoints;
+} // namespace curve_editor
+
+/// The floating window of the selected keys' exact values, for one key or for many at once.
+///
+/// The position fields on the editor's menu bar are twins of `posX` and `posY`. Every edit is a
+/// step of undo: a drag over a field is one from its press to its release, anything else one by
+/// itself.
+class CurveKeysDialog : public QDialog, public Ui::CurveKeysSetter
+{
+    Q_OBJECT
+
+public:
+    /// `parent` outlives the dialog, which the canvas widget owns.
+    explicit CurveKeysDialog(CurveEditor* parent);
+    /// Frees what is pending; the keys stay as they are.
+    ~CurveKeysDialog() override;
+
+    /// Shows the selected keys of the graphs. With `enable` the fields are opened that such a
+    /// selection can use; without, those that are open stay open. Where no key is selected all
+    /// are closed in any case.
+    void showSelection(const QList<SplineCurveGraph*>& graphs, bool enable);
+    /// Opens or closes all fields but those of the curve's ends; closing empties the position.
+    void enableKeyFields(const bool& on);
+
+signals:
+    /// The dialog has changed keys or the selection of keys.
+    void nodeTcbChanged();
+
+public slots:
+    /// Select the next or the previous key of the curve, around its ends, as a step of undo.
+    void clickedNext();
+    void clickedPrev();
+    /// Interpolation of the selected keys by the index in nodeTypeCombo.
+    void changeNodeType(int index);
+    /// An edit of the selected keys by one of the fields, or of their twins. With frames shown,
+    /// the value of a time is in frames.
+    void valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line);
+    void valueChanged(ZK_DOUBLE value, CustomEditLine* line);
+    /// Begin and end of a drag over a field. An end without a begin does nothing.
+    void startChangePoints();
+    void endChangePoints();
+    void startMovePoints();
+    void endMovePoints();
+    /// Shows a time, given in seconds, in posX and its twin.
+    void setPosX(ZK_DOUBLE value);
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    // Connections: CurveKeysDialog.cpp
+    void connectFields();
+    void connectLine(CustomEditLine* line, const char* start, const char* end);
+    /// The lines of a number: two, twins of each other, for time and value, else one.
+    QList<CustomEditLine*> linesOf(const curve_editor::keyFields& field) const;
+    curve_editor::keyFields fieldOf(CustomEditLine* line) const;
+
+    // Showing: CurveKeysDialogShowing.cpp
+    /// Those of the shown graphs that are on the canvas still, with keys to edit.
+    QList<SplineCurveGraph*> editableGraphs() const;
+    /// The current key of a graph, or another selected one where that has left the spline. Null
+    /// without a selection.
+    static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
+    void enableSeveralKeys(const bool& singleEach);
+    void loadKeys(const QList<SplineCurveGraph*>& graphs);
+    void showKeys(const PointInfo& reference, const int& index,
+                  const curve_editor::KeyDifferences& differences);
+    void showPosition(const PointInfo& reference, const curve_editor::KeyDifferences& differences);
+    void showNumber(CustomEditLine* line, const bool& differs, const double& value);
+    void showText(CustomEditLine* twin, const QString& text);
+    bool isBeingTyped(const CustomEditLine* line) const;
+
+    // Changing: CurveKeysDialogChanging.cpp
+    void selectNeighbour(const int& step);
+    static void applyToKeys(SplineCurveGraph* graph, const curve_editor::keyFields& field,
+                            const PointInfo& record);
+
+    CurveEditor* editor; ///< not owned: the parent
+    /// The curves whose selected keys are shown; not owned. Any may be gone: see editableGraphs.
+    QList<SplineCurveGraph*> shownGraphs;
+    /// The keys shown last; not owned and never read, for they may be gone.
+    QList<const PointInfo*> shownKeys;
+    bool sameKeysShown = false; ///< what is being shown are the keys shown last
+    bool isShowing = false;     ///< a value that a field sends now was not sent by the user
+    std::unique_ptr<curve_editor::CommandChangePoints> pendingChange; ///< between press and release
+    std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;     ///< the same, for positions
+};

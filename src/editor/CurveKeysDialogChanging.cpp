@@ -1,0 +1,163 @@
+// What the dialog changes, and the commands that it wraps each change in.
+
+#include "editor/CurveKeysDialog.h"
+
+#include "canvas/SplineCurveGraph.h"
+#include "commands/CommandChangePoints.h"
+#include "commands/CommandMovePoints.h"
+#include "commands/CommandSelectPoints.h"
+#include "commands/CommandSetPointsType.h"
+#include "commands/EligibleCurves.h"
+#include "core/SplineBase.h"
+#include "editor/CurveEditor.h"
+#include "editor/NodeTypePositions.h"
+
+#include <cmath>
+
+using namespace curve_editor;
+
+namespace {
+
+template <class Command>
+void start(std::unique_ptr<Command>& pending, CurveEditor* editor)
+{
+    if (!pending) {
+        pending = std::make_unique<Command>(editor);
+    }
+}
+
+/// The pending pointer is cleared first: doCommand calls the host, and the host perhaps us.
+template <class Command>
+void end(std::unique_ptr<Command>& pending, CurveEditor* editor)
+{
+    std::unique_ptr<Command> command = std::move(pending);
+    if (command && command->captureFinalState()) {
+        editor->getCmdManager()->doCommand(command.release());
+    }
+}
+
+} // namespace
+
+void CurveKeysDialog::clickedNext()
+{
+    selectNeighbour(1);
+}
+
+void CurveKeysDialog::clickedPrev()
+{
+    selectNeighbour(-1);
+}
+
+/// Always a step of undo, even from a lonely key to itself.
+void CurveKeysDialog::selectNeighbour(const int& step)
+{
+    const QList<SplineCurveGraph*> graphs = editableGraphs();
+    const PointInfo* const key = graphs.isEmpty() ? nullptr : leadingKeyOf(graphs.first());
+    if (!key) {
+        return;
+    }
+    auto command = std::make_unique<CommandSelectPoints>(editor);
+    ControlSplineNode& selection = graphs.first()->selection();
+    SplineBase* const spline = selection.spline();
+    const int count = static_cast<int>(spline->getControlPointsNumber());
+    const int index = (spline->findIndex(key) + step + count) % count;
+    selection.selectSinglePoint(spline->at(static_cast<unsigned>(index)));
+    command->captureFinalState();
+    editor->getCmdManager()->doCommand(command.release());
+    loadKeys(QList<SplineCurveGraph*>(shownGraphs));
+    emit nodeTcbChanged();
+}
+
+void CurveKeysDialog::changeNodeType(int index)
+{
+    if (!isNodeTypePosition(index)) {
+        return;
+    }
+    editor->getCmdManager()->doCommand(
+        new CommandSetPointsType(editor, nodeTypeOfPosition[static_cast<std::size_t>(index)]));
+    loadKeys(QList<SplineCurveGraph*>(shownGraphs));
+    emit nodeTcbChanged();
+}
+
+// One step ends before one of the other kind begins, as when a value is typed under a held press:
+// steps that overlap can't be undone one after the other.
+
+void CurveKeysDialog::startChangePoints()
+{
+    endMovePoints();
+    start(pendingChange, editor);
+}
+
+void CurveKeysDialog::endChangePoints()
+{
+    end(pendingChange, editor);
+}
+
+void CurveKeysDialog::startMovePoints()
+{
+    endChangePoints();
+    start(pendingMove, editor);
+}
+
+void CurveKeysDialog::endMovePoints()
+{
+    end(pendingMove, editor);
+}
+
+void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
+{
+    if (isShowing) {
+        return; // a field that is being closed sends what was typed for keys no longer shown
+    }
+    startChangePoints();
+    valueChanged(value, line);
+    endChangePoints();
+}
+
+void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
+{
+    if (!pendingChange && !pendingMove) {
+        valueChangedTyped(value, line); // a step of the wheel
+        return;
+    }
+    const keyFields field = fieldOf(line);
+    const bool isFrame = field == timeField && editor->isModeFrames();
+    const double number = isFrame ? value / editor->getFps() : value;
+    const QList<SplineCurveGraph*> graphs = editableGraphs();
+    const PointInfo* key = nullptr;
+    for (SplineCurveGraph* const graph : graphs) {
+        key = key ? key : leadingKeyOf(graph);
+    }
+    if (!key || field == noField || !std::isfinite(number)) {
+        return; // no key selected, or a time at a rate of 0 frames
+    }
+    PointInfo record = *key;
+    editField(record, field, number);
+    for (CustomEditLine* const twin : linesOf(field)) {
+        if (twin != line) {
+            twin->setText(line->text());
+        }
+    }
+    for (SplineCurveGraph* const graph : graphs) {
+        applyToKeys(graph, field, record);
+    }
+    tcbCurve->showKey(record);
+    emit nodeTcbChanged();
+}
+
+void CurveKeysDialog::applyToKeys(SplineCurveGraph* graph, const keyFields& field,
+                                  const PointInfo& record)
+{
+    const ControlSplineNode& selection = graph->selection();
+    if (!selection.hasSelection()) {
+        return;
+    }
+    SplineBase* const spline = selection.spline();
+    for (PointInfo* const key : membersOf(spline, selection.selectedPoints)) {
+        if (field != timeField) {
+            copyField(*spline, key, field, record);
+        } else if (selection.selectedPoints.size() == 1) {
+            spline->setTime(key, record.time);
+        }
+    }
+}

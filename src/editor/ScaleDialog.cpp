@@ -1,0 +1,7 @@
+#include "editor/ScaleDialog.h"
+
+ScaleDialog::ScaleDialog(QWidget* parent, Qt::WindowFlags flags)
+    : QDialog(parent, flags)
+{
+    setupUi(this);
+}

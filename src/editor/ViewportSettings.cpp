@@ -1,0 +1,7 @@
+#include "editor/ViewportSettings.h"
+
+ViewportSettings::ViewportSettings(QWidget* parent, bool /*unused*/, Qt::WindowFlags flags)
+    : QDialog(parent, flags)
+{
+    setupUi(this);
+}

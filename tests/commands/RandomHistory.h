@@ -1,0 +1,293 @@
+#pragma once
+
+#include "support/BoxCatcher.h"
+
+#include "commands/CurveEdits.h"
+#include "commands/ExpectedHistory.h"
+#include "commands/HistoryCounts.h"
+#include "commands/KeyEdits.h"
+#include "commands/RandomHost.h"
+
+/// A session in which anything happens at random, and all that must hold whatever happens.
+class RandomHistory : public QObject
+{
+public:
+    /// What else happens beside the commands of the first editor.
+    enum kinds : int
+    {
+        pure = 0,    ///< nothing that changes a curve: each state is known
+        shared = 1,  ///< a second editor edits the same curves
+        ruthless = 2 ///< the host breaks in as well, also from its slots and while a box is open
+    };
+
+    RandomHistory(const unsigned& seed, const kinds& historyKind, const CurveFiles& files,
+                  HistoryCounts& historyCounts)
+        : curves(seed)
+        , kind(historyKind)
+        , counts(historyCounts)
+    {
+        const int editors = kind == shared || curves.chance(30) ? 2 : 1;
+        for (int i = 0; i < editors; ++i) {
+            actors.push_back(std::make_unique<Actor>(curves, files));
+            actors.back()->keys.walksOnSeveralCurves = kind != pure;
+        }
+        host = std::make_unique<RandomHost>(curves, sessions());
+        expected = std::make_unique<ExpectedHistory>(curves.state());
+        for (const auto& actor : actors) {
+            connect(&actor->session.manager(),
+                    &curve_editor::CurveCommandsManager::curveEditorCmdExec, this,
+                    [this, each = actor.get()] { noteCommand(*each); });
+        }
+        setLimit(first(), curves.oneOf(QList<int>{3, 10, 40}));
+        if (kind == ruthless) {
+            connect(&first().session.editor(), &CurveEditor::curveHasChanged, this,
+                    [this] { breakIn(10); });
+            boxes.whileOpen = [this] { breakIn(30); };
+        }
+    }
+
+    ~RandomHistory() override
+    {
+        boxes.whileOpen = nullptr;
+        if (kind == ruthless && curves.chance(50)) {
+            curves.lent.clear(); // the editors outlive what they show
+        }
+        counts.boxes += static_cast<unsigned long>(boxes.titles.size());
+    }
+
+    /// What went wrong; empty when all is well.
+    QString run(const int& steps)
+    {
+        for (int step = 0; step < steps && failure.isEmpty(); ++step) {
+            ++counts.steps;
+            takeStep();
+            check("step " + std::to_string(step + 1));
+        }
+        goBackAndForth(first());
+        ++counts.histories;
+        return failure;
+    }
+
+private:
+    /// An editor, and a user who works in it.
+    struct Actor
+    {
+        Actor(SessionCurves& curves, const CurveFiles& files)
+            : session(curves)
+            , keys(session)
+            , whole(session, files)
+        {}
+
+        SessionEditor session;
+        KeyEdits keys;
+        CurveEdits whole;
+        bool isEnabled = true;
+        int limit = 10;
+    };
+
+    Actor& first() { return *actors.front(); }
+    Actor& anyActor() { return *actors[static_cast<std::size_t>(curves.below(actors.size()))]; }
+    bool isExpected(const Actor& actor) const
+    {
+        return kind == pure && &actor == actors.front().get();
+    }
+
+    std::vector<SessionEditor*> sessions()
+    {
+        std::vector<SessionEditor*> all;
+        for (const auto& actor : actors) {
+            all.push_back(&actor->session);
+        }
+        return all;
+    }
+
+    void takeStep()
+    {
+        Actor& actor = anyActor();
+        const int what = curves.below(100);
+        if (kind == pure && !isExpected(actor)) {
+            watch(actor);
+        } else if (kind == ruthless && what < 8) {
+            actor.keys.gestureAround([this] { host->intrude(); });
+        } else if (kind == ruthless && what < 18) {
+            host->intrude();
+        } else if (what < 32) {
+            actor.keys.edit();
+        } else if (what < 44) {
+            actor.keys.select();
+        } else if (what < 66) {
+            actor.whole.edit();
+        } else if (what < 73) {
+            host->changeSet(actor.session, kind != pure);
+        } else if (what < 75) {
+            host->rename(kind != pure);
+        } else if (what < 76) {
+            watch(actor);
+        } else if (what < 85) {
+            for (int i = curves.below(6); i >= 0 && undo(actor); --i) {
+            }
+        } else if (what < 94) {
+            for (int i = curves.below(6); i >= 0 && redo(actor); --i) {
+            }
+        } else if (what < 95) {
+            setLimit(actor, curves.below(30));
+        } else if (what < 96) {
+            clear(actor);
+        } else if (what < 97) {
+            setEnabled(actor, curves.chance(70));
+        } else {
+            goBackAndForth(actor);
+        }
+    }
+
+    /// Looks that change no curve.
+    void watch(Actor& actor)
+    {
+        CurveEditor& editor = actor.session.editor();
+        switch (curves.below(6)) {
+        case 0:
+            actor.keys.select();
+            break;
+        case 1:
+            editor.selectNodes(curves.oneOf(curves.names));
+            break;
+        case 2:
+            editor.completeViewport();
+            break;
+        case 3:
+            editor.setExpression();
+            editor.refreshCommandLine();
+            break;
+        case 4:
+            actor.session.fixture.paint();
+            break;
+        default:
+            actor.session.fixture.setView(0.0, 50.0, 0.0, 40.0);
+            break;
+        }
+    }
+
+    bool undo(Actor& actor)
+    {
+        const std::string label = actor.session.nextUndo();
+        if (curves.chance(20)) {
+            actor.session.editor().undo();
+        } else {
+            actor.session.manager().undo();
+        }
+        counts.add(label, HistoryCounts::undone);
+        if (!isExpected(actor)) {
+            return !label.empty();
+        }
+        demand(label == expected->nextUndo(), "another step to undo than expected: " + label);
+        if (label.empty() || !failure.isEmpty()) {
+            return false;
+        }
+        expected->undid(curves.state());
+        check("undo of " + label);
+        return expected->isAmidDrag() ? undo(actor) : true;
+    }
+
+    bool redo(Actor& actor)
+    {
+        const std::string label = actor.session.nextRedo();
+        if (curves.chance(20)) {
+            actor.session.editor().redo();
+        } else {
+            actor.session.manager().redo();
+        }
+        counts.add(label, HistoryCounts::redone);
+        if (!isExpected(actor)) {
+            return !label.empty();
+        }
+        demand(label == expected->nextRedo(), "another step to redo than expected: " + label);
+        if (label.empty() || !failure.isEmpty()) {
+            return false;
+        }
+        expected->redid(curves.state());
+        check("redo of " + label);
+        return true;
+    }
+
+    /// A listener may undo on the way: the number of steps is bounded.
+    void goBackAndForth(Actor& actor)
+    {
+        for (int i = 0; i < 200 && failure.isEmpty() && undo(actor); ++i) {
+        }
+        for (int i = 0; i < 200 && failure.isEmpty() && redo(actor); ++i) {
+        }
+    }
+
+    void setLimit(Actor& actor, const int& limit)
+    {
+        actor.limit = limit;
+        actor.session.editor().setUndoLevels(static_cast<unsigned>(limit));
+        if (isExpected(actor)) {
+            expected->setLimit(static_cast<std::size_t>(limit));
+        }
+    }
+
+    void clear(Actor& actor)
+    {
+        actor.session.editor().clearStack();
+        if (isExpected(actor)) {
+            expected->clear();
+        }
+    }
+
+    void setEnabled(Actor& actor, const bool& on)
+    {
+        actor.isEnabled = on;
+        actor.session.editor().setEnableUndo(on);
+        if (isExpected(actor)) {
+            expected->setEnabled(on);
+        }
+    }
+
+    void noteCommand(Actor& actor)
+    {
+        const bool isKept = actor.isEnabled && actor.limit > 0;
+        const std::string label = isKept ? actor.session.nextUndo() : std::string();
+        counts.add(label, HistoryCounts::executed);
+        if (isExpected(actor)) {
+            expected->executed(label, curves.state());
+        }
+    }
+
+    void breakIn(const int& percent)
+    {
+        if (!isInside && curves.chance(percent)) {
+            isInside = true;
+            host->intrude();
+            isInside = false;
+        }
+    }
+
+    void check(const std::string& moment)
+    {
+        demand(curves.keysAreSound(), moment + ": keys in disorder, or of two splines");
+        if (kind == pure) {
+            const std::string difference = expected->differenceTo(curves.state());
+            demand(difference.empty(), moment + ": " + difference);
+            demand(first().session.selectionsAreSound(),
+                   moment + ": a key is selected that is not in its spline");
+        }
+    }
+
+    void demand(const bool& holds, const std::string& otherwise)
+    {
+        if (!holds && failure.isEmpty()) {
+            failure = QString::fromStdString(otherwise);
+        }
+    }
+
+    SessionCurves curves; ///< destroyed after the editors
+    kinds kind;
+    HistoryCounts& counts;
+    BoxCatcher boxes;
+    std::vector<std::unique_ptr<Actor>> actors;
+    std::unique_ptr<RandomHost> host;
+    std::unique_ptr<ExpectedHistory> expected;
+    bool isInside = false;
+    QString failure;
+};

@@ -1,0 +1,110 @@
+#include "editor/CurveEditorSettings.h"
+#include "editor/EditorParts.h"
+#include "editor/PanDialog.h"
+#include "editor/ScaleDialog.h"
+#include "editor/ViewportSettings.h"
+#include "support/DialogUser.h"
+#include "support/EditorFixture.h"
+#include "support/FailOnWarning.h"
+
+#include <QPointer>
+
+/// A host that deletes the editor while one of its dialogs asks.
+class TestDeletingUnderDialogs : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void theEditorGoesWhileADialogRuns_data()
+    {
+        QTest::addColumn<QByteArray>("slot");
+        QTest::addColumn<bool>("later");
+        for (const char* const slot :
+             {"setOptions", "setRange", "setScaleSelection", "setPanSelection"}) {
+            QTest::addRow("%s, at once", slot) << QByteArray(slot) << false;
+            QTest::addRow("%s, by deleteLater", slot) << QByteArray(slot) << true;
+        }
+    }
+
+    void theEditorGoesWhileADialogRuns()
+    {
+        QFETCH(QByteArray, slot);
+        QFETCH(bool, later);
+        LentCurve curve;
+        curve.addKey(10.0, 10.0);
+        QPointer<CurveEditor> editor = new CurveEditor(nullptr, QString());
+        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
+                         100.0f, true, true);
+        editor->show();
+        editor->selectAllKeys();
+        DialogUser<QDialog> user([&editor, &later](QDialog& dialog) {
+            if (later) {
+                editor->deleteLater();
+                dialog.accept();
+            } else {
+                delete editor.data();
+            }
+        });
+        QVERIFY(QMetaObject::invokeMethod(editor.data(), slot.constData()));
+        QVERIFY(user.hasActed());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!editor);
+        QVERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
+    }
+
+    void theEditorGoesWhileADialogOfItsButtonRuns()
+    {
+        LentCurve curve;
+        curve.addKey(10.0, 10.0);
+        QPointer<CurveEditor> editor = new CurveEditor(nullptr, QString());
+        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
+                         100.0f, true, true);
+        editor->resize(1000, 650);
+        editor->show();
+        editor->selectAllKeys();
+        QVERIFY(toolButton(*editor, "Pan/Scale", 0)->isEnabled());
+        DialogUser<PanDialog> user([&editor](PanDialog&) { delete editor.data(); });
+        QTest::mouseClick(toolButton(*editor, "Pan/Scale", 0), Qt::LeftButton);
+        QVERIFY(user.hasActed());
+        QVERIFY(!editor);
+    }
+
+    void theDialogAloneGoes()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.c", {{10.0, 10.0}});
+        fixture.selectKeys("n.c", {0});
+        RefreshCounter refreshes(fixture.editor);
+        DialogUser<ScaleDialog> user([](ScaleDialog& dialog) { delete &dialog; });
+        fixture.editor.setScaleSelection();
+        QVERIFY(user.hasActed());
+        QCOMPARE(refreshes.taken(), 1);
+        QVERIFY(fixture.undoSteps().isEmpty());
+    }
+
+    void curvesAndSplinesGoWhileADialogRuns()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.c", {{10.0, 10.0}, {20.0, 20.0}});
+        fixture.addCurve("n.d", {{10.0, 10.0}});
+        fixture.editor.selectNodes({"n.c", "n.d"});
+        fixture.selectKeys("n.c", {0, 1});
+        fixture.selectKeys("n.d", {0});
+        DialogUser<PanDialog> user([&fixture](PanDialog& dialog) {
+            fixture.editor.removeCurve("n", "d");
+            fixture.curves.erase("n.c");
+            dialog.panX->setValue(1.0);
+            click(dialog.allDonePan);
+        });
+        fixture.editor.setPanSelection();
+        QVERIFY(user.hasActed());
+        fixture.paint();
+        QCOMPARE(fixture.curves.at("n.d")->spline.at(0)->time, 10.0);
+    }
+};
+
+QTEST_MAIN(TestDeletingUnderDialogs)
+#include "test_deleting_under_dialogs.moc"

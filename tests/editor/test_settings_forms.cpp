@@ -1,0 +1,378 @@
+#include "editor/CurveEditorSettings.h"
+#include "editor/PanDialog.h"
+#include "editor/ScaleDialog.h"
+#include "editor/ViewportSettings.h"
+#include "support/FailOnWarning.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QStyle>
+
+#include <map>
+#include <memory>
+
+/// The four dialogs that ask for numbers, as their forms make them.
+class TestSettingsForms : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { failOnUnexpectedWarning(); }
+
+    void initTestCase()
+    {
+        dialogs["settings"] = std::make_unique<CurveEditorSettings>();
+        dialogs["viewport"] = std::make_unique<ViewportSettings>();
+        dialogs["scale"] = std::make_unique<ScaleDialog>();
+        dialogs["pan"] = std::make_unique<PanDialog>();
+        for (const auto& dialog : dialogs) {
+            dialog.second->show();
+        }
+    }
+
+    void cleanupTestCase() { dialogs.clear(); }
+
+    void eachHasItsNameTitleAndSize_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("settings") << "SettingsSetter"
+                                  << "Curve Editor Settings" << QSize(220, 220);
+        QTest::newRow("viewport") << "ViewportSettingsSetter"
+                                  << "viewPort Settings" << QSize(180, 140);
+        QTest::newRow("scale") << "ScaleDialogBaseSetter"
+                               << "Scale Selection" << QSize(180, 100);
+        QTest::newRow("pan") << "PanDialogBaseSetter"
+                             << "Pan Selection" << QSize();
+    }
+
+    void eachHasItsNameTitleAndSize()
+    {
+        QFETCH(QSize, size);
+        const QDialog& dialog = *dialogs.at(QTest::currentDataTag());
+        QTEST(dialog.objectName(), "name");
+        QTEST(dialog.windowTitle(), "title");
+        QVERIFY(dialog.isModal());
+        QCOMPARE(dialog.size(), size.isValid() ? size : dialog.layout()->sizeHint());
+    }
+
+    void theSettingsKeepTheirSize()
+    {
+        const QDialog& dialog = *dialogs.at("settings");
+        QCOMPARE(dialog.minimumSize(), QSize(220, 220));
+        QCOMPARE(dialog.maximumSize(), QSize(220, 220));
+        const auto* const box = qobject_cast<QVBoxLayout*>(dialog.layout());
+        QVERIFY(box);
+        QCOMPARE(box->spacing(), 6);
+        QCOMPARE(box->contentsMargins(), QMargins(11, 11, 11, 11));
+    }
+
+    void eachWidgetHasItsClassAndText_data()
+    {
+        QTest::addColumn<QString>("dialog");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("className");
+        QTest::addColumn<QString>("text");
+        const auto row = [](const char* dialog, const char* name, const char* className,
+                            const char* text) {
+            QTest::addRow("%s %s", dialog, name) << dialog << name << QByteArray(className) << text;
+        };
+        row("settings", "textLabel3", "QLabel", "Snap Tolerance (H):");
+        row("settings", "radiusH", "QLineEdit", "");
+        row("settings", "label", "QLabel", "");
+        row("settings", "textLabel1", "QLabel", "Snap Tolerance (V):");
+        row("settings", "radiusV", "QLineEdit", "");
+        row("settings", "label_2", "QLabel", "");
+        row("settings", "textLabel2", "QLabel", "Default Node Type:");
+        row("settings", "label_7", "QLabel", "");
+        row("settings", "defaultBroken", "QCheckBox", "Tangent Broken by Default");
+        row("settings", "defaultAddFunc", "QCheckBox", "Add Expression to Spline by Default");
+        row("settings", "showToolTipsOnDrag", "QCheckBox",
+            "Show Control Point Info While Dragging");
+        row("settings", "allDone", "QPushButton", "Ok");
+        row("settings", "cancel", "QPushButton", "Cancel");
+        row("viewport", "textLabel3", "QLabel", "MinX");
+        row("viewport", "minX", "QLineEdit", "");
+        row("viewport", "textLabel1", "QLabel", "MinY");
+        row("viewport", "minY", "QLineEdit", "");
+        row("viewport", "textLabel2", "QLabel", "MaxX");
+        row("viewport", "maxX", "QLineEdit", "");
+        row("viewport", "textLabel4", "QLabel", "MaxY");
+        row("viewport", "maxY", "QLineEdit", "");
+        row("viewport", "allDone", "QPushButton", "Ok");
+        row("viewport", "cancel", "QPushButton", "Cancel");
+        row("scale", "textLabel3_2", "QLabel", "Scale X");
+        row("scale", "scaleX", "QLineEdit", "");
+        row("scale", "textLabel1", "QLabel", "Scale Y");
+        row("scale", "scaleY", "QLineEdit", "");
+        row("scale", "allDoneScale", "QPushButton", "Ok");
+        row("scale", "cancelScale", "QPushButton", "Cancel");
+        row("pan", "textLabel3_2_2", "QLabel", "Pan X");
+        row("pan", "textLabel1_2", "QLabel", "Pan Y");
+        row("pan", "xLabel_", "QLabel", "seconds");
+        row("pan", "toggleButton_", "QPushButton", "Toggle frames/seconds");
+        row("pan", "allDonePan", "QPushButton", "Ok");
+        row("pan", "cancelPan", "QPushButton", "Cancel");
+    }
+
+    void eachWidgetHasItsClassAndText()
+    {
+        QFETCH(QString, dialog);
+        QFETCH(QString, name);
+        const auto* const widget = dialogs.at(dialog)->findChild<QWidget*>(name);
+        QVERIFY(widget);
+        QTEST(QByteArray(widget->metaObject()->className()), "className");
+        QTEST(widget->property("text").toString(), "text");
+    }
+
+    void thePartsOfTheSettingsHaveTheirSizes_data()
+    {
+        QTest::addColumn<QSize>("least");
+        QTest::addColumn<QSize>("most");
+        QTest::newRow("textLabel3") << QSize(90, 20) << QSize(117, 20);
+        QTest::newRow("radiusH") << QSize(30, 20) << QSize(30, 20);
+        QTest::newRow("textLabel1") << QSize(90, 20) << QSize(117, 20);
+        QTest::newRow("radiusV") << QSize(30, 0) << QSize(30, QWIDGETSIZE_MAX);
+        QTest::newRow("textLabel2") << QSize(92, 20) << QSize(117, 20);
+        QTest::newRow("defaultBroken") << QSize(180, 0) << QSize(180, QWIDGETSIZE_MAX);
+        QTest::newRow("defaultAddFunc") << QSize(180, 0) << QSize(180, QWIDGETSIZE_MAX);
+        QTest::newRow("showToolTipsOnDrag") << QSize(180, 0) << QSize(180, QWIDGETSIZE_MAX);
+    }
+
+    void thePartsOfTheSettingsHaveTheirSizes()
+    {
+        const auto* const widget =
+            dialogs.at("settings")->findChild<QWidget*>(QTest::currentDataTag());
+        QTEST(widget->minimumSize(), "least");
+        QTEST(widget->maximumSize(), "most");
+    }
+
+    void aTextTooLongForItsBoxIsReadInItsToolTip()
+    {
+        for (const char* const name : {"defaultBroken", "defaultAddFunc", "showToolTipsOnDrag"}) {
+            const auto* const box = dialogs.at("settings")->findChild<QCheckBox*>(name);
+            QCOMPARE(box->toolTip(), box->text());
+        }
+    }
+
+    void theComboBeginsWithTcb()
+    {
+        const auto* const box = dialogs.at("settings")->findChild<QComboBox*>("nodeTypeCombo");
+        QStringList texts;
+        for (int index = 0; index < box->count(); ++index) {
+            texts.append(box->itemText(index));
+        }
+        QCOMPARE(texts, QStringList({"Tcb node", "Bezier node", "Linear node", "Stepped node"}));
+    }
+
+    void everyLineHoldsNineCharacters()
+    {
+        QStringList names;
+        for (const auto& dialog : dialogs) {
+            for (QLineEdit* const line : dialog.second->findChildren<QLineEdit*>()) {
+                if (line->objectName() != "qt_spinbox_lineedit") {
+                    names.append(line->objectName());
+                    QTest::keyClicks(line, "1234567890");
+                    QCOMPARE(line->text(), QString("123456789"));
+                    line->clear();
+                }
+            }
+        }
+        names.sort();
+        QCOMPARE(names, QStringList({"maxX", "maxY", "minX", "minY", "radiusH", "radiusV", "scaleX",
+                                     "scaleY"}));
+    }
+
+    void theSpinBoxesHaveTheirRangeAndStepAndAPointInAnyLocale()
+    {
+        for (const char* const name : {"panX", "panY"}) {
+            const auto* const box = dialogs.at("pan")->findChild<QDoubleSpinBox*>(name);
+            QCOMPARE(box->minimum(), -1000000000.0);
+            QCOMPARE(box->maximum(), 1000000000.0);
+            QCOMPARE(box->singleStep(), 0.1);
+            QCOMPARE(box->locale().language(), QLocale::C);
+        }
+    }
+
+    void thePanDialogStandsInAGrid()
+    {
+        const auto* const grid = dialogs.at("pan")->findChild<QGridLayout*>();
+        QVERIFY(grid);
+        const QStringList rows[] = {{"textLabel3_2_2", "panX", "xLabel_"},
+                                    {"textLabel1_2", "panY", ""}};
+        for (int row = 0; row < 2; ++row) {
+            for (int column = 0; column < 3; ++column) {
+                const QWidget* const widget = grid->itemAtPosition(row, column)->widget();
+                QCOMPARE(widget ? widget->objectName() : QString(), rows[row].at(column));
+            }
+        }
+        QVERIFY(grid->itemAtPosition(1, 2)->spacerItem());
+    }
+
+    void okIsTheDefaultAndTheToggleIsNotEvenAutoDefault()
+    {
+        for (const auto& dialog : dialogs) {
+            for (QPushButton* const button : dialog.second->findChildren<QPushButton*>()) {
+                QCOMPARE(button->isDefault(), button->text() == "Ok");
+                QCOMPARE(button->autoDefault(), button->objectName() != "toggleButton_");
+            }
+        }
+    }
+
+    void okAcceptsAndCancelRejectsOnce_data()
+    {
+        QTest::addColumn<QString>("dialog");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<int>("answer");
+        QTest::newRow("settings Ok") << "settings"
+                                     << "allDone" << 1;
+        QTest::newRow("settings Cancel") << "settings"
+                                         << "cancel" << 0;
+        QTest::newRow("viewport Ok") << "viewport"
+                                     << "allDone" << 1;
+        QTest::newRow("viewport Cancel") << "viewport"
+                                         << "cancel" << 0;
+        QTest::newRow("scale Ok") << "scale"
+                                  << "allDoneScale" << 1;
+        QTest::newRow("scale Cancel") << "scale"
+                                      << "cancelScale" << 0;
+        QTest::newRow("pan Ok") << "pan"
+                                << "allDonePan" << 1;
+        QTest::newRow("pan Cancel") << "pan"
+                                    << "cancelPan" << 0;
+    }
+
+    void okAcceptsAndCancelRejectsOnce()
+    {
+        QFETCH(QString, dialog);
+        QFETCH(QString, button);
+        QFETCH(int, answer);
+        QDialog& asked = *dialogs.at(dialog);
+        asked.show();
+        QSignalSpy finished(&asked, SIGNAL(finished(int)));
+        QTest::mouseClick(asked.findChild<QPushButton*>(button), Qt::LeftButton);
+        QVERIFY(!asked.isVisible());
+        QCOMPARE(finished.count(), 1);
+        QCOMPARE(finished.first().first().toInt(), answer);
+        asked.show();
+    }
+
+    void everyLabelLeadsToItsField()
+    {
+        for (const auto& dialog : dialogs) {
+            for (const QLabel* const label : dialog.second->findChildren<QLabel*>()) {
+                const bool isPlain = label->text().isEmpty() || label->objectName() == "xLabel_";
+                QCOMPARE(label->buddy() == nullptr, isPlain);
+            }
+        }
+    }
+
+    void theExportedDialogsTakeParentTruthValueAndFlags()
+    {
+        QWidget parent;
+        const CurveEditorSettings settings(&parent, true, Qt::Tool);
+        QCOMPARE(settings.parentWidget(), &parent);
+        QCOMPARE(settings.windowType(), Qt::Tool);
+        const ViewportSettings viewport(&parent, true, Qt::Tool);
+        QCOMPARE(viewport.parentWidget(), &parent);
+        QCOMPARE(viewport.windowType(), Qt::Tool);
+    }
+
+    void togglingTheUnitConvertsTheTimeAlone()
+    {
+        PanDialog dialog;
+        QVERIFY(dialog.isSeconds);
+        QCOMPARE(dialog.fps, 1.0);
+        dialog.setSeconds(false);
+        dialog.fps = 24.0;
+        dialog.show();
+        dialog.panX->setValue(48.0);
+        dialog.panY->setValue(5.5);
+        QTest::mouseClick(dialog.toggleButton_, Qt::LeftButton);
+        QCOMPARE(dialog.panX->value(), 2.0);
+        QCOMPARE(dialog.xLabel_->text(), QString("seconds"));
+        QTest::mouseClick(dialog.toggleButton_, Qt::LeftButton);
+        QCOMPARE(dialog.panX->value(), 48.0);
+        QCOMPARE(dialog.xLabel_->text(), QString("frames"));
+        QCOMPARE(dialog.panY->value(), 5.5);
+        dialog.setSeconds(false);
+        QCOMPARE(dialog.panX->value(), 48.0);
+    }
+
+    void aRateThatGivesNoNumberShowsZero()
+    {
+        PanDialog dialog;
+        dialog.setSeconds(false);
+        for (const double rate : {0.0, qInf(), qQNaN()}) {
+            dialog.fps = rate;
+            dialog.panX->setValue(0.0);
+            dialog.toggleSeconds();
+            QCOMPARE(dialog.panX->value(), 0.0);
+            dialog.panX->setValue(5.0);
+            dialog.toggleSeconds();
+            QCOMPARE(dialog.panX->value(), 0.0);
+        }
+    }
+
+    void everyPartHasRoomForItsTextInEachStyle_data()
+    {
+        QTest::addColumn<QString>("style");
+        QTest::newRow("Fusion") << "Fusion";
+        QTest::newRow("Windows") << "Windows";
+    }
+
+    void everyPartHasRoomForItsTextInEachStyle()
+    {
+        QFETCH(QString, style);
+        const QString oldStyle = QApplication::style()->objectName();
+        QApplication::setStyle(style);
+        {
+            CurveEditorSettings settings;
+            settings.show();
+            ViewportSettings viewport;
+            viewport.show();
+            ScaleDialog scale;
+            scale.show();
+            PanDialog pan;
+            pan.show();
+            for (const QDialog* const dialog :
+                 std::initializer_list<const QDialog*>{&settings, &viewport, &scale, &pan}) {
+                for (const QWidget* const widget : dialog->findChildren<QWidget*>()) {
+                    if (!widget->isVisible()) {
+                        continue; // the list of a combo box
+                    }
+                    const QRect own(widget->mapTo(dialog, QPoint()), widget->size());
+                    QVERIFY2(dialog->rect().contains(own), qPrintable(widget->objectName()));
+                    QVERIFY2(qobject_cast<const QLineEdit*>(widget) ||
+                                 widget->width() >= widget->minimumSizeHint().width(),
+                             qPrintable(widget->objectName()));
+                }
+            }
+        }
+        QApplication::setStyle(oldStyle);
+    }
+
+    void theSettingsSqueezeAFontThatIsTooWide()
+    {
+        const QFont font = QApplication::font();
+        QFont wide = font;
+        wide.setPixelSize(18);
+        QApplication::setFont(wide);
+        const CurveEditorSettings squeezed;
+        QCOMPARE(squeezed.font().stretch(), 75);
+        QVERIFY(squeezed.font().pixelSize() < 18);
+        wide.setPixelSize(4);
+        QApplication::setFont(wide);
+        const CurveEditorSettings plain;
+        QCOMPARE(plain.font().pixelSize(), 4);
+        QCOMPARE(plain.font().stretch(), QFont().stretch());
+        QApplication::setFont(font);
+    }
+
+private:
+    std::map<QString, std::unique_ptr<QDialog>> dialogs;
+};
+
+QTEST_MAIN(TestSettingsForms)
+#include "test_settings_forms.moc"
