@@ -7,6 +7,8 @@
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 
+#include <utility>
+
 namespace curve_editor {
 
 CommandAddFunc::CommandAddFunc(CurveEditor* curveEditor)
@@ -14,36 +16,32 @@ CommandAddFunc::CommandAddFunc(CurveEditor* curveEditor)
     , functionEditor(curveEditor->getFunctionEditor())
     , newAddFunc(functionEditor->canvas().editingType() == expressionCurve)
 {
-    const QList<CurveNode*> curves = functionEditor->canvas().editingCurves();
-    for (CurveNode* const curve : curves) {
+    const QList<CurveNode*> editing = functionEditor->canvas().editingCurves();
+    for (CurveNode* const curve : editing) {
         const int type = curve->curveType();
-        if (type != expressionCurve && type != splinePlusExpressionCurve) {
-            continue;
-        }
-        if (NodeStruct* const record = recordOf(editor, curve)) {
-            nodes.append(record);
-            oldAddFunc.append(type == splinePlusExpressionCurve);
+        NodeStruct* const record = recordOf(editor, curve);
+        const bool hasExpression = type == expressionCurve || type == splinePlusExpressionCurve;
+        if (hasExpression && showsRecord(curve, record)) {
+            curves.append({record, type == splinePlusExpressionCurve});
         }
     }
 }
 
 bool CommandAddFunc::execute()
 {
-    for (const NodeStruct* const node : std::as_const(nodes)) {
-        setSplineAdded(editor, node, newAddFunc);
+    for (const Curve& curve : std::as_const(curves)) {
+        setSplineAdded(editor, curve.node, newAddFunc);
     }
-    editor->refreshEditor();
-    editor->emitSignalCurvesHaveChanged(nodes);
+    report();
     return true;
 }
 
 void CommandAddFunc::undo()
 {
-    for (qsizetype i = 0; i < nodes.size(); ++i) {
-        setSplineAdded(editor, nodes[i], oldAddFunc[i]);
+    for (const Curve& curve : std::as_const(curves)) {
+        setSplineAdded(editor, curve.node, curve.oldAddFunc);
     }
-    editor->refreshEditor();
-    editor->emitSignalCurvesHaveChanged(nodes);
+    report();
 }
 
 void CommandAddFunc::redo()
@@ -54,6 +52,16 @@ void CommandAddFunc::redo()
 ZK_String CommandAddFunc::getDescription()
 {
     return "Add Spline to Expression";
+}
+
+void CommandAddFunc::report()
+{
+    QList<NodeStruct*> nodes;
+    for (const Curve& curve : std::as_const(curves)) {
+        nodes.append(curve.node);
+    }
+    editor->refreshEditor();
+    editor->emitSignalCurvesHaveChanged(nodes);
 }
 
 } // namespace curve_editor

@@ -24,10 +24,17 @@ public:
     ZK_String getDescription() override;
 
 private:
+    struct Curve
+    {
+        NodeStruct* node; ///< not owned, never freed
+        bool oldAddFunc;
+    };
+
+    void report();
+
     CurveEditor* editor;            ///< not owned
     FunctionEditor* functionEditor; ///< not owned
-    QList<bool> oldAddFunc;         ///< one a node
-    QList<NodeStruct*> nodes;       ///< not owned, never freed
+    QList<Curve> curves;
     bool newAddFunc;
 };
 
