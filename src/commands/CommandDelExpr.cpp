@@ -5,6 +5,8 @@
 #include "curves/CurveNode.h"
 #include "editor/CurveEditor.h"
 
+#include <utility>
+
 namespace curve_editor {
 
 CommandDelExpr::CommandDelExpr(CurveEditor* curveEditor, FunctionEditor* /*functionEditor*/,
@@ -16,29 +18,29 @@ CommandDelExpr::CommandDelExpr(CurveEditor* curveEditor, FunctionEditor* /*funct
             continue;
         }
         trace("DELEXPR of <%s><%s>", record->mainNodeName, record->curveName);
-        nodes.append(record);
-        oldTexts.append(expressionTextOf(record));
-        const bool hasExpression = oldTexts.last().has_value();
-        if (hasExpression) {
+        const std::optional<QString> text = expressionTextOf(record);
+        if (text) {
             trace("DELEXPR NOTNULL <%s><%s>", record->mainNodeName, record->curveName);
         }
-        oldAddFunc.append(hasExpression && isSplineAdded(record));
+        curves.append({record, text, text && isSplineAdded(record)});
     }
 }
 
 bool CommandDelExpr::execute()
 {
     QStringList names;
-    for (const NodeStruct* const node : std::as_const(nodes)) {
-        if (!node->livingSlot()) {
+    for (const Curve& curve : std::as_const(curves)) {
+        if (!curve.node->livingSlot()) {
             continue;
         }
-        emptySlot(node);
-        names.append(editor->dotName(node));
-        if (CurveNode* const curve = findExpressionCurve(editor, node)) {
-            curve->removeExpression(true);
+        emptySlot(curve.node);
+        names.append(editor->dotName(curve.node));
+        if (CurveNode* const shown = findExpressionCurve(editor, curve.node)) {
+            shown->removeExpression(true);
         } else {
-            setSplineAdded(editor, node, false);
+            // To a sum left without its expression no undo could lead back: undoing the next
+            // expression there clears the mark.
+            setSplineAdded(editor, curve.node, false);
         }
     }
     editor->refreshEditor();
@@ -50,15 +52,15 @@ bool CommandDelExpr::execute()
 void CommandDelExpr::undo()
 {
     QStringList names;
-    for (qsizetype i = 0; i < nodes.size(); ++i) {
-        if (!oldTexts[i]) {
+    for (const Curve& curve : std::as_const(curves)) {
+        if (!curve.oldText) {
             continue;
         }
-        names.append(editor->dotName(nodes[i]));
-        if (!restoreExpression(editor, nodes[i], *oldTexts[i])) {
+        names.append(editor->dotName(curve.node));
+        if (!restoreExpression(editor, curve.node, *curve.oldText)) {
             return;
         }
-        setSplineAdded(editor, nodes[i], oldAddFunc[i]);
+        setSplineAdded(editor, curve.node, curve.oldAddFunc);
     }
     editor->emitSignalCurvesHaveChanged(names);
     editor->refreshEditor();

@@ -29,10 +29,15 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor;                    ///< not owned
-    QList<std::optional<QString>> oldTexts; ///< one a node; none where it had no expression
-    QList<bool> oldAddFunc;                 ///< one a node: the spline was added to the expression
-    QList<NodeStruct*> nodes;               ///< not owned, never freed
+    struct Curve
+    {
+        NodeStruct* node;               ///< not owned, never freed
+        std::optional<QString> oldText; ///< none where it had no expression
+        bool oldAddFunc;                ///< the spline was added to that expression
+    };
+
+    CurveEditor* editor; ///< not owned
+    QList<Curve> curves;
 };
 
 } // namespace curve_editor

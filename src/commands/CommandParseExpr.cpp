@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <memory>
+#include <utility>
 
 namespace curve_editor {
 
@@ -23,8 +24,7 @@ CommandParseExpr::CommandParseExpr(CurveEditor* curveEditor, FunctionEditor* can
 {
     for (NodeStruct* const record : records) {
         if (record) {
-            nodes.append(record);
-            oldTexts.append(expressionTextOf(record));
+            curves.append({record, expressionTextOf(record)});
         }
     }
 }
@@ -35,7 +35,7 @@ bool CommandParseExpr::execute()
     bool applied = false;
     ParseMessage message;
     QStringList names;
-    for (const NodeStruct* const node : std::as_const(nodes)) {
+    for (const Curve& curve : std::as_const(curves)) {
         std::unique_ptr<FunctionFloatBase> expression(
             functionEditor->canvas().parseExpression(text, message));
         if (!living) {
@@ -44,8 +44,8 @@ bool CommandParseExpr::execute()
         // Decided here: what the message says later of a cycle is told, not refused.
         applied = expression && message.errorKind == 0;
         if (applied) {
-            names.append(editor->dotName(node));
-            giveExpression(editor, node, expression.release(), message);
+            names.append(editor->dotName(curve.node));
+            giveExpression(editor, curve.node, expression.release(), message);
         }
         if (!living) {
             return applied;
@@ -58,15 +58,17 @@ bool CommandParseExpr::execute()
 
 void CommandParseExpr::undo()
 {
-    for (qsizetype i = 0; i < nodes.size(); ++i) {
-        if (oldTexts[i]) {
-            if (!restoreExpression(editor, nodes[i], *oldTexts[i])) {
+    QList<NodeStruct*> nodes;
+    for (const Curve& curve : std::as_const(curves)) {
+        nodes.append(curve.node);
+        if (curve.oldText) {
+            if (!restoreExpression(editor, curve.node, *curve.oldText)) {
                 return;
             }
-        } else if (CurveNode* const curve = findExpressionCurve(editor, nodes[i])) {
-            curve->removeExpression(true);
+        } else if (CurveNode* const shown = findExpressionCurve(editor, curve.node)) {
+            shown->removeExpression(true);
         } else {
-            emptySlot(nodes[i]);
+            emptySlot(curve.node);
         }
     }
     editor->emitSignalCurvesHaveChanged(nodes);

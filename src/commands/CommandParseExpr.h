@@ -31,12 +31,17 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor;                    ///< not owned
-    FunctionEditor* functionEditor;         ///< not owned
-    CommandLine* commandLine;               ///< not owned
-    QList<std::optional<QString>> oldTexts; ///< one a node; none where it had no expression
-    QString text;                           ///< of the line at construction
-    QList<NodeStruct*> nodes;               ///< not owned, never freed
+    struct Curve
+    {
+        NodeStruct* node;               ///< not owned, never freed
+        std::optional<QString> oldText; ///< none where it had no expression
+    };
+
+    CurveEditor* editor;            ///< not owned
+    FunctionEditor* functionEditor; ///< not owned
+    CommandLine* commandLine;       ///< not owned
+    QString text;                   ///< of the line at construction
+    QList<Curve> curves;
 };
 
 } // namespace curve_editor

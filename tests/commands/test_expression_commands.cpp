@@ -1,4 +1,4 @@
-// Setting and deleting expressions, and adding splines to them.
+// Setting and deleting expressions.
 
 #include "support/BoxCatcher.h"
 #include "support/ExpressionSteps.h"
@@ -25,26 +25,23 @@ private slots:
     void settingReportsTheCurvesThatTookIt();
     void settingWritesIntoTheSlotOfACurveThatHasLeftTheCanvas();
     void undoneTextWithAVariableThatHasGoneShowsTheBoxAndLeavesTheSlotEmpty();
+    void theHostHearsOfAStepWhileTheLineShowsWhatItSet_data();
+    void theHostHearsOfAStepWhileTheLineShowsWhatItSet();
 
     void deletingNamesACurveWithoutExpressionAndUndoLeavesItAlone();
     void deletingIsUndoneOnACurveThatHasLeftTheCanvas();
     void deletingAgainOnACurveThatHasLeftTheCanvasNoLongerAddsTheSpline();
+    void deletingOffTheCanvasLeavesNoSumWithoutExpression();
+    void aSumWithoutExpressionIsNotBroughtBack();
     void deletingMakesASplineOfASplinePlusExpression();
     void deletingPassesOverRecordsWithoutASlot();
     void deletingNothingIsAStep();
-
-    void addingTheSplineGoesByTheFirstCurve_data();
-    void addingTheSplineGoesByTheFirstCurve();
-    void addingTheSplineWorksOffTheCanvas();
-    void addingTheSplinePassesOverSplines();
 
     void aCurveThatTookTheNameIsNotWrittenTo();
     void aSlotWhoseSplineIsGoneIsLeftAlone();
     void labels();
 
 private:
-    LentCurve& curve(const QString& name) { return *fixture->curves.at(name); }
-
     std::unique_ptr<EditorFixture> fixture;
     std::unique_ptr<ExpressionSteps> steps;
     std::unique_ptr<BoxCatcher> boxes;
@@ -189,6 +186,29 @@ void TestExpressionCommands::undoneTextWithAVariableThatHasGoneShowsTheBoxAndLea
     QCOMPARE(expressionOf(a), QString("t"));
 }
 
+void TestExpressionCommands::theHostHearsOfAStepWhileTheLineShowsWhatItSet_data()
+{
+    QTest::addColumn<bool>("isDeletion");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("setting") << false << "f";
+    QTest::newRow("deleting") << true << "";
+}
+
+void TestExpressionCommands::theHostHearsOfAStepWhileTheLineShowsWhatItSet()
+{
+    QFETCH(bool, isDeletion);
+    QFETCH(QString, text);
+    fixture->editCurve("n.a", {}, "t");
+    QStringList heard;
+    connect(&fixture->editor, &CurveEditor::curveHasChanged, this,
+            [&] { heard.append(fixture->editor.commandLine->text()); });
+    QVERIFY(isDeletion ? steps->remove(QStringList{"n.a"}) : steps->parse(text, {"n.a"}));
+    QCOMPARE(heard, QStringList{text});
+    steps->undo(); // the line follows after the host
+    QCOMPARE(heard, QStringList(2, text));
+    QCOMPARE(fixture->editor.commandLine->text(), QString("t"));
+}
+
 void TestExpressionCommands::deletingNamesACurveWithoutExpressionAndUndoLeavesItAlone()
 {
     const LentCurve& a = fixture->addCurve("n.a", {}, "t");
@@ -232,6 +252,43 @@ void TestExpressionCommands::deletingAgainOnACurveThatHasLeftTheCanvasNoLongerAd
     QVERIFY(!lent.spline.isAddFunc());
 }
 
+void TestExpressionCommands::deletingOffTheCanvasLeavesNoSumWithoutExpression()
+{
+    LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
+    a.spline.setAddFunc(true);
+    NodeStruct* const record = fixture->editor.searchAllNodeList("n.a");
+    fixture->editor.setCurveEditableOff(record);
+    QVERIFY(steps->removeRecords({record}));
+    fixture->editor.setCurveEditableOn(record);
+    const bool wasAdded = a.spline.isAddFunc();
+    QVERIFY(!wasAdded);
+    // What is set there next can be undone to what there was.
+    QVERIFY(steps->parse("f", {"n.a"}));
+    steps->undo();
+    QCOMPARE(a.spline.isAddFunc(), wasAdded);
+    steps->undo();
+    QVERIFY(a.spline.isAddFunc());
+    QCOMPARE(expressionOf(a), QString("t"));
+    steps->redo();
+    QCOMPARE(a.spline.isAddFunc(), wasAdded);
+}
+
+void TestExpressionCommands::aSumWithoutExpressionIsNotBroughtBack()
+{
+    // As a file leaves it whose expression does not parse.
+    LentCurve& a = fixture->editCurve("n.a", {{1, 1}});
+    a.spline.setAddFunc(true);
+    QVERIFY(steps->parse("t", {"n.a"}));
+    QVERIFY(a.spline.isAddFunc());
+    steps->undo();
+    QVERIFY(!a.spline.isAddFunc());
+    a.spline.setAddFunc(true);
+    QVERIFY(steps->remove(QStringList{"n.a"}));
+    steps->undo();
+    QVERIFY(!a.spline.isAddFunc());
+    QCOMPARE(expressionOf(a), QString("none"));
+}
+
 void TestExpressionCommands::deletingMakesASplineOfASplinePlusExpression()
 {
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
@@ -267,66 +324,6 @@ void TestExpressionCommands::deletingNothingIsAStep()
 {
     QVERIFY(steps->remove(QStringList()));
     QCOMPARE(fixture->undoAll(), QStringList{"Delete Expression"});
-}
-
-void TestExpressionCommands::addingTheSplineGoesByTheFirstCurve_data()
-{
-    QTest::addColumn<QList<bool>>("before");
-    QTest::addColumn<bool>("after");
-    QTest::newRow("an expression") << QList<bool>{false} << true;
-    QTest::newRow("a sum") << QList<bool>{true} << false;
-    QTest::newRow("an expression before a sum") << QList<bool>{false, true} << true;
-    QTest::newRow("a sum before an expression") << QList<bool>{true, false, true} << false;
-}
-
-void TestExpressionCommands::addingTheSplineGoesByTheFirstCurve()
-{
-    QFETCH(QList<bool>, before);
-    QFETCH(bool, after);
-    QStringList names;
-    for (const bool& added : before) {
-        names.append(QStringLiteral("n.c%1x").arg(names.size()));
-        fixture->addCurve(names.last(), {{1, 1}}, "t").spline.setAddFunc(added);
-    }
-    fixture->editor.selectNodes(names);
-    HostEar host(fixture->editor);
-    const auto flags = [&] {
-        QList<bool> result;
-        for (const QString& name : names) {
-            result.append(curve(name).spline.isAddFunc());
-        }
-        return result;
-    };
-    QVERIFY(steps->addFunc());
-    for (int round = 0; round < 2; ++round) {
-        QCOMPARE(flags(), QList<bool>(before.size(), after));
-        QCOMPARE(host.take().size(), names.size());
-        steps->undo();
-        QCOMPARE(flags(), before);
-        QCOMPARE(host.take().size(), names.size());
-        steps->redo();
-    }
-}
-
-void TestExpressionCommands::addingTheSplineWorksOffTheCanvas()
-{
-    const LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
-    QVERIFY(steps->addFunc());
-    fixture->editor.setCurveEditableOff(fixture->editor.searchAllNodeList("n.a"));
-    steps->undo();
-    QVERIFY(!a.spline.isAddFunc());
-    steps->redo();
-    QVERIFY(a.spline.isAddFunc());
-}
-
-void TestExpressionCommands::addingTheSplinePassesOverSplines()
-{
-    const LentCurve& a = fixture->addCurve("n.a", {{1, 1}});
-    const LentCurve& b = fixture->addCurve("n.b", {{1, 1}}, "t");
-    fixture->editor.selectNodes(QStringList{"n.b", "n.a"});
-    QVERIFY(steps->addFunc());
-    QVERIFY(!a.spline.isAddFunc());
-    QVERIFY(!b.spline.isAddFunc()); // the set counts as mixed
 }
 
 void TestExpressionCommands::aCurveThatTookTheNameIsNotWrittenTo()
