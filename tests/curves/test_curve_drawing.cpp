@@ -18,8 +18,8 @@ private slots:
     void updatingDoesNothingWhileNothingChanged();
     void aCurveThatIsNotDrawnIsSampledWhenItBecomesActive();
     void drawingSamplesAnExpressionInFiveThousandSteps();
-    void samplesAboveTheMaximumAndNotANumberDrawAtTheMaximum_data();
-    void samplesAboveTheMaximumAndNotANumberDrawAtTheMaximum();
+    void samplesBeyondTheLimitsAndNotANumberDrawAtALimit_data();
+    void samplesBeyondTheLimitsAndNotANumberDrawAtALimit();
     void splinePlusExpressionWithAnEmptySlotDrawsNothing();
     void anInactiveCurveDrawsNothing();
     void antialiasingStaysOnAfterDrawing();
@@ -80,17 +80,22 @@ void TestCurveDrawing::drawingSamplesAnExpressionInFiveThousandSteps()
     QCOMPARE(lastTime, 4999.0 * (10.0 / 5000.0)); // one step short of maxX
 }
 
-void TestCurveDrawing::samplesAboveTheMaximumAndNotANumberDrawAtTheMaximum_data()
+void TestCurveDrawing::samplesBeyondTheLimitsAndNotANumberDrawAtALimit_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("above") << "1000";
-    QTest::newRow("not a number") << "sqrt(-1)";
-    QTest::newRow("infinite") << "1/0";
+    QTest::addColumn<int>("row");
+    // The limits of 10 and -10 stand a quarter of the view from its top and bottom.
+    QTest::newRow("above") << "1000" << 25;
+    QTest::newRow("below") << "-1000" << 75;
+    QTest::newRow("not a number") << "sqrt(-1)" << 25;
+    QTest::newRow("infinite") << "1/0" << 25;
+    QTest::newRow("minus infinite") << "-1/0" << 75;
 }
 
-void TestCurveDrawing::samplesAboveTheMaximumAndNotANumberDrawAtTheMaximum()
+void TestCurveDrawing::samplesBeyondTheLimitsAndNotANumberDrawAtALimit()
 {
     QFETCH(QString, text);
+    QFETCH(int, row);
     setExpression(text.toStdString());
     curve->setActive(true);
     QImage image(100, 100, QImage::Format_RGB32);
@@ -98,12 +103,11 @@ void TestCurveDrawing::samplesAboveTheMaximumAndNotANumberDrawAtTheMaximum()
     QPainter painter(&image);
     curve->draw(&view, &painter);
     painter.end();
-    // The maximum of 10 stands a quarter below the top of the view.
     const auto isPainted = [&](const int& y) {
         return image.pixelColor(50, y) != QColor(Qt::black);
     };
-    QVERIFY(isPainted(24) || isPainted(25) || isPainted(26));
-    QVERIFY(!isPainted(20) && !isPainted(30) && !isPainted(0) && !isPainted(99));
+    QVERIFY(isPainted(row - 1) || isPainted(row) || isPainted(row + 1));
+    QVERIFY(!isPainted(row - 5) && !isPainted(row + 5) && !isPainted(0) && !isPainted(99));
 }
 
 void TestCurveDrawing::splinePlusExpressionWithAnEmptySlotDrawsNothing()

@@ -27,6 +27,7 @@ private slots:
     void togglingTheLastOfTwoMakesTheOtherCurrent();
     void togglingNullOrAStrangersPointChangesNothing();
     void togglingWithNothingSelectedSelectsThePoint();
+    void aKeyToggledBesideOneOfTheSameTimeStandsBehindIt();
 
     void timeRangeIsOfTheFirstAndLastOfTheList();
     void timeRangeOfAnEmptyListIsThatOfTheCurrentPoint();
@@ -195,6 +196,15 @@ void TestKeySelection::togglingWithNothingSelectedSelectsThePoint()
     node->togglePoint(key(1));
     QCOMPARE(node->currentPoint, key(1));
     QCOMPARE(node->selectedPoints, QList<PointInfo*>{key(1)});
+}
+
+void TestKeySelection::aKeyToggledBesideOneOfTheSameTimeStandsBehindIt()
+{
+    spline->setTime(key(1), 0.0);
+    node->selectPoints({key(1), key(2)});
+    node->togglePoint(key(0));
+    QCOMPARE(node->selectedPoints, (QList<PointInfo*>{key(1), key(0), key(2)}));
+    QCOMPARE(node->currentPoint, key(2));
 }
 
 void TestKeySelection::timeRangeIsOfTheFirstAndLastOfTheList()
