@@ -213,7 +213,10 @@ void ViewPort::candidateFromView()
 
 void ViewPort::centerTimeline()
 {
-    candidateFromView();
+    newMinX = minX;
+    newMaxX = maxX;
+    newMaxY = minY; // the lower corner comes first, as at construction
+    newMinY = maxY;
     const double shift = timeLine - ((newMaxX - newMinX) * 0.5 + newMinX);
     newMinX += shift;
     newMaxX += shift;

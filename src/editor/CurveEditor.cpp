@@ -6,9 +6,30 @@
 #include "widgets/ControlMenu2.h"
 #include "widgets/CustomEditLine.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QToolButton>
+
+namespace {
+
+/// The dialog under which the host deletes an editor may have been opened from one of its menus,
+/// and the toolkit goes on with that menu once the dialog has returned.
+void keepMenusUntilTheirReturn(const CurveEditor& editor)
+{
+    if (!QApplication::activeModalWidget()) {
+        return;
+    }
+    for (QMenu* const menu : editor.findChildren<QMenu*>()) {
+        if (!qobject_cast<QMenu*>(menu->parent())) { // which a sub-menu stays with
+            menu->setParent(nullptr);
+            menu->deleteLater();
+        }
+    }
+}
+
+} // namespace
 
 ControlMenu* CurveEditor::canvasMenu = nullptr;
 
@@ -56,6 +77,7 @@ CurveEditor::~CurveEditor()
     manager.clear();
     delete functionEditor;
     functionEditor = nullptr;
+    keepMenusUntilTheirReturn(*this);
 }
 
 FunctionEditor* CurveEditor::getFunctionEditor() const

@@ -499,7 +499,7 @@ public slots:
     void switchAddFuncToSpline();
     /// Makes an action the one that a toolbar's button shows and repeats; its drop-down stays.
     /// Does nothing for null or for a number without a button.
-    void setDefaultButton(QAction* action, topToolButtons button);
+    void setDefaultButton(QAction* action, const topToolButtons& button);
     /// Interpolation of the selected keys, as a step of undo.
     void setSelectedLinear();
     void setSelectedStep();

@@ -168,7 +168,7 @@ void CurveEditor::addTopToolbarMenuBtn(const char* text, const QString& toolTip,
     menuEntryButtons.push_back(std::move(button));
 }
 
-void CurveEditor::setDefaultButton(QAction* action, topToolButtons button)
+void CurveEditor::setDefaultButton(QAction* action, const topToolButtons& button)
 {
     QToolButton* const target = toolButtons.value(button, nullptr);
     if (!target || !action) {

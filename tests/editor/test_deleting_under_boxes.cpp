@@ -1,4 +1,5 @@
 #include "commands/CommandDelCurves.h"
+#include "editor/EditorParts.h"
 #include "support/ExpressionLine.h"
 #include "support/FailOnWarning.h"
 
@@ -20,6 +21,7 @@ private slots:
     void theEditorGoesWhenTheLineIsLeftForAnotherWindow();
     void theEditorGoesUnderTheBoxOfACycle();
     void theEditorGoesUnderTheBoxOfAnInsert();
+    void theMenuOfAnInsertStaysUntilItHasReturned();
     void theEditorGoesUnderTheBoxOfAnUndo_data();
     void theEditorGoesUnderTheBoxOfAnUndo();
     void theEditorGoesUnderTheBoxOfAPaste();
@@ -146,6 +148,26 @@ void TestDeletingUnderBoxes::theEditorGoesUnderTheBoxOfAnInsert()
     QCOMPARE(boxes, 1);
     QVERIFY(!editor);
     QCOMPARE(expressionOf(a), QString("t"));
+}
+
+/// The toolkit goes on with the menu of an entry when the entry's slot has returned.
+void TestDeletingUnderBoxes::theMenuOfAnInsertStaysUntilItHasReturned()
+{
+    enter("t");
+    const QPointer<QMenu> menu(menuAt(*editor, "Insert/Binary functions"));
+    bool menuWasKept = false;
+    menu->popup(QPoint(10, 10));
+    actUnderTheBox([&] {
+        delete editor;
+        menuWasKept = menu;
+    });
+    QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                      menu->actionGeometry(menu->actions().first()).center());
+    QCOMPARE(boxes, 1);
+    QVERIFY(!editor);
+    QVERIFY(menuWasKept);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!menu);
 }
 
 void TestDeletingUnderBoxes::theEditorGoesUnderTheBoxOfAnUndo_data()

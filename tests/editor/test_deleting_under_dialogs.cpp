@@ -1,11 +1,10 @@
 #include "editor/CurveEditorSettings.h"
 #include "editor/EditorParts.h"
+#include "editor/FileActionsFixture.h"
 #include "editor/PanDialog.h"
 #include "editor/ScaleDialog.h"
 #include "editor/ViewportSettings.h"
 #include "support/DialogUser.h"
-#include "support/EditorFixture.h"
-#include "support/FailOnWarning.h"
 
 #include <QPointer>
 
@@ -15,6 +14,7 @@ class TestDeletingUnderDialogs : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { FileActionsFixture::keepAwayFromTheUsersSettings(); }
     void init() { failOnUnexpectedWarning(); }
 
     void theEditorGoesWhileADialogRuns_data()
@@ -69,6 +69,71 @@ private slots:
         DialogUser<PanDialog> user([&editor](PanDialog&) { delete editor.data(); });
         QTest::mouseClick(toolButton(*editor, "Pan/Scale", 0), Qt::LeftButton);
         QVERIFY(user.hasActed());
+        QVERIFY(!editor);
+    }
+
+    /// The toolkit goes on with the menu when the dialog of its entry has returned.
+    void theMenuOfTheEntryStaysUntilItHasReturned_data()
+    {
+        QTest::addColumn<QString>("menuTitle");
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<bool>("byKeys");
+        QTest::newRow("pan, by the mouse") << "Edit"
+                                           << "Pan Selection" << false;
+        QTest::newRow("scale, by the keyboard") << "Edit"
+                                                << "Scale Selection" << true;
+        QTest::newRow("range, by the mouse") << "View"
+                                             << "Set Range" << false;
+        QTest::newRow("file, by the keyboard") << "File"
+                                               << "Load Curve..." << true;
+    }
+
+    void theMenuOfTheEntryStaysUntilItHasReturned()
+    {
+        QFETCH(QString, menuTitle);
+        QFETCH(QString, entry);
+        QFETCH(bool, byKeys);
+        LentCurve curve;
+        curve.addKey(10.0, 10.0);
+        QPointer<CurveEditor> editor = new CurveEditor(nullptr, QString());
+        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
+                         100.0f, true, true);
+        editor->show();
+        editor->selectAllKeys();
+        const QPointer<QMenu> menu(menuAt(*editor, menuTitle));
+        auto* const bar = editor->mainMenu->findChild<QMenuBar*>();
+        QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
+                          bar->actionGeometry(menu->menuAction()).center());
+        QVERIFY(menu->isVisible());
+        bool menuWasKept = false;
+        DialogUser<QDialog> user([&](QDialog&) {
+            delete editor.data();
+            menuWasKept = menu;
+        });
+        QAction* const action = menuAction(*editor, menuTitle + "/" + entry);
+        if (byKeys) {
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, Qt::Key_Return);
+        } else {
+            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                              menu->actionGeometry(action).center());
+        }
+        QVERIFY(user.hasActed());
+        QVERIFY(!editor);
+        QVERIFY(menuWasKept);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!menu);
+    }
+
+    void theEditorGoesWhileTheMenuOfItsToolbarsIsOpen()
+    {
+        QPointer<CurveEditor> editor = new CurveEditor(nullptr, QString());
+        editor->show();
+        QTimer::singleShot(0, qApp, [&editor] {
+            QVERIFY(menuAt(*editor, "View/Toolbars")->isVisible());
+            delete editor.data();
+        });
+        editor->showTopToolbarMenu();
         QVERIFY(!editor);
     }
 

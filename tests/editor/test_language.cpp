@@ -1,7 +1,9 @@
 #include "editor/CurveEditorSettings.h"
 #include "editor/EditorParts.h"
+#include "editor/MenuTable.h"
 #include "editor/PanDialog.h"
 #include "editor/ScaleDialog.h"
+#include "editor/ToolbarTable.h"
 #include "editor/ViewportSettings.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
@@ -54,6 +56,28 @@ private slots:
         QCOMPARE(action->objectName(), QString("Undo"));
         QCOMPARE(action->toolTip(), QString("Undo Action"));
         QCOMPARE(editor.windowTitle(), QString("otro Curve Editor"));
+    }
+
+    void aChangeOfLanguageReachesEveryActionAndShortcut()
+    {
+        CurveEditor editor(nullptr, QString());
+        QAction* const range = editor.findChild<QAction*>("setRange");
+        range->setShortcut(QKeySequence());
+        OtherLanguage language;
+        QCoreApplication::installTranslator(&language);
+        QMetaObject::invokeMethod(&editor, "languageChange");
+        for (const curve_editor::ActionRow& row : curve_editor::actionRows()) {
+            const auto* const action =
+                editor.findChild<QAction*>(row.objectName, Qt::FindDirectChildrenOnly);
+            QCOMPARE(action->text(), QString("otro ") + row.text);
+            QCOMPARE(action->whatsThis(),
+                     row.whatsThis ? QString("otro ") + row.whatsThis : QString());
+        }
+        for (const curve_editor::ToolButtonRow& row : curve_editor::allToolButtonRows()) {
+            const auto* const action = editor.topToolbar->findChild<QAction*>(row.text);
+            QCOMPARE(action->text(), QString("otro ") + row.text);
+        }
+        QCOMPARE(range->shortcut(), QKeySequence("Alt+S"));
     }
 
     void aChangeOfLanguageLeavesButtonsCheckable()

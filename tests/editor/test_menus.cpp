@@ -2,6 +2,8 @@
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
+#include <QActionGroup>
+
 class TestMenus : public QObject
 {
     Q_OBJECT
@@ -124,16 +126,57 @@ private slots:
                  menuAction(editor, "Keys/Show Key Properties"));
     }
 
+    void actionsWithoutAMenuAreKeptByName_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("unnamed") << "Unnamed";
+        QTest::newRow("grid") << "Grid";
+        QTest::newRow("frames") << "Frames";
+        QTest::newRow("lastNodeBehaviour") << "Last Node Behaviour";
+        QTest::newRow("startNodeBehaviour") << "Start Node Behaviour";
+        QTest::newRow("horizontalAxisMode") << "Horizontal axis mode";
+        QTest::newRow("showToolbars") << "Show toolbars";
+    }
+
     void actionsWithoutAMenuAreKeptByName()
     {
+        QFETCH(QString, text);
         CurveEditor editor(nullptr, QString());
-        for (const char* const name :
-             {"unnamed", "grid", "frames", "lastNodeBehaviour", "startNodeBehaviour",
-              "horizontalAxisMode", "showToolbars"}) {
-            const QAction* const action = editor.findChild<QAction*>(name);
-            QVERIFY2(action, name);
-            QVERIFY2(action->associatedObjects().isEmpty(), name);
-            QVERIFY2(!action->text().isEmpty(), name);
+        const QAction* const action = editor.findChild<QAction*>(QTest::currentDataTag());
+        QVERIFY(action);
+        QVERIFY(action->associatedObjects().isEmpty());
+        QCOMPARE(action->text(), text);
+    }
+
+    void ofEachGroupOneIsChecked_data()
+    {
+        QTest::addColumn<QString>("menu");
+        QTest::newRow("start") << "Keys/Start Node Behaviour";
+        QTest::newRow("last") << "Keys/Last Node Behaviour";
+        QTest::newRow("axis") << "View/Horizontal axis";
+    }
+
+    void ofEachGroupOneIsChecked()
+    {
+        QFETCH(QString, menu);
+        CurveEditor editor(nullptr, QString());
+        const QList<QAction*> entries = menuAt(editor, menu)->actions();
+        for (QAction* const chosen : entries) {
+            QVERIFY(chosen->isCheckable());
+            QCOMPARE(chosen->actionGroup()->actions(), entries);
+            chosen->setChecked(true);
+            for (const QAction* const entry : entries) {
+                QCOMPARE(entry->isChecked(), entry == chosen);
+            }
+        }
+    }
+
+    void eachToolbarsEntryIsCheckedAtTheStart()
+    {
+        CurveEditor editor(nullptr, QString());
+        for (const QAction* const entry : menuAt(editor, "View/Toolbars")->actions()) {
+            QVERIFY(entry->isCheckable());
+            QVERIFY(entry->isChecked());
         }
     }
 

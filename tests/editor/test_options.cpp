@@ -133,12 +133,16 @@ private slots:
     {
         CurveEditor editor(nullptr, QString());
         editor.getFunctionEditor()->canvasDirty = false;
-        editor.setCanvasColor(Qt::red);
-        editor.setSelectionColor(Qt::red);
-        editor.setControlPointColor(Qt::red);
-        editor.setFrameLinesColor(Qt::red);
-        editor.setTimeLineColor(Qt::red);
-        QVERIFY(!editor.getFunctionEditor()->canvasDirty);
+        for (void (CurveEditor::*const setter)(const QColor&) :
+             {&CurveEditor::setCanvasColor, &CurveEditor::setSelectionColor,
+              &CurveEditor::setControllerColor, &CurveEditor::setBrokenControllerColor,
+              &CurveEditor::setControllerSelectedColor, &CurveEditor::setControlPointColor,
+              &CurveEditor::setControlPointSelectedColor, &CurveEditor::setFrameFontColor,
+              &CurveEditor::setFrameLinesColor, &CurveEditor::setFrameHLineColor,
+              &CurveEditor::setFrameVLineColor, &CurveEditor::setTimeLineColor}) {
+            (editor.*setter)(Qt::red);
+            QVERIFY(!editor.getFunctionEditor()->canvasDirty);
+        }
     }
 };
 

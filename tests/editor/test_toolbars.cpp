@@ -120,6 +120,8 @@ private slots:
         QCOMPARE(editor.topToolbar->minimumHeight(), 35);
         QCOMPARE(editor.topToolbar->maximumHeight(), 35);
         QVERIFY(editor.topToolbar->acceptDrops());
+        QCOMPARE(editor.hboxLayout->sizeConstraint(), QLayout::SetMinimumSize);
+        QCOMPARE(editor.hboxLayout->alignment(), Qt::AlignLeft);
     }
 
     void eachButtonHasTextToolTipAndPlace_data()
@@ -172,6 +174,90 @@ private slots:
         QTEST(action->objectName(), "text");
         QTEST(action->toolTip(), "toolTip");
         QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonIconOnly);
+    }
+
+    /// They show an entry of their drop-down from the start, and keep an action of their own.
+    void theButtonsWithADropDownHaveAnActionOfTheirOwn_data()
+    {
+        QTest::addColumn<QString>("toolBar");
+        QTest::addColumn<int>("index");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("copy") << "Copy/Paste" << 0 << "Copy Curve";
+        QTest::newRow("paste") << "Copy/Paste" << 1 << "Paste and Replace";
+        QTest::newRow("fit") << "Fit" << 0 << "Fit View";
+        QTest::newRow("fit to selection") << "Fit" << 1 << "Fit View To Selection";
+    }
+
+    void theButtonsWithADropDownHaveAnActionOfTheirOwn()
+    {
+        QFETCH(QString, toolBar);
+        QFETCH(int, index);
+        QFETCH(QString, text);
+        CurveEditor editor(nullptr, QString());
+        const QAction* const own = toolBarTitled(editor, toolBar)->actions().at(index);
+        QCOMPARE(own->text(), text);
+        QCOMPARE(own->objectName(), text);
+        QCOMPARE(own->toolTip(), text);
+        const QToolButton* const button = toolButton(editor, toolBar, index);
+        QVERIFY(button->defaultAction() != own);
+        QCOMPARE(button->defaultAction(), button->menu()->actions().first());
+    }
+
+    void eachEntryOfADropDownHasTextToolTipAndAButtonOfItsOwn_data()
+    {
+        QTest::addColumn<QString>("toolBar");
+        QTest::addColumn<int>("index");
+        QTest::addColumn<int>("entry");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("toolTip");
+        const auto row = [](const int& number, const char* toolBar, const int& index,
+                            const int& entry, const char* text, const char* toolTip = nullptr) {
+            QTest::addRow("%d", number)
+                << toolBar << index << entry << text << QString(toolTip ? toolTip : text);
+        };
+        row(5, "Snap", 0, 0, "Horizontal Snap", "Toggle Horizontal Snap To Grid");
+        row(6, "Snap", 0, 1, "Vertical Snap", "Toggle Vertical Snap To Grid");
+        row(8, "Copy/Paste", 0, 1, "Copy Curve");
+        row(9, "Copy/Paste", 0, 0, "Copy Selected Keys");
+        row(11, "Copy/Paste", 1, 3, "Paste and Replace");
+        row(12, "Copy/Paste", 1, 0, "Paste Combined");
+        row(13, "Copy/Paste", 1, 4, "Paste and Replace After Timeline");
+        row(14, "Copy/Paste", 1, 1, "Paste Combined After Timeline");
+        row(22, "Fit", 0, 0, "Fit View");
+        row(23, "Fit", 0, 1, "Fit Horizontal View");
+        row(24, "Fit", 0, 2, "Fit Vertical View");
+        row(26, "Fit", 1, 0, "Fit View To Selection");
+        row(27, "Fit", 1, 1, "Fit Horizontal View To Selection");
+        row(28, "Fit", 1, 2, "Fit Vertical View To Selection");
+        row(39, "Copy/Paste", 1, 5, "Paste and Replace on Current Frame");
+        row(40, "Copy/Paste", 1, 2, "Paste Combined on Current Frame");
+    }
+
+    void eachEntryOfADropDownHasTextToolTipAndAButtonOfItsOwn()
+    {
+        QFETCH(QString, toolBar);
+        QFETCH(int, index);
+        QFETCH(int, entry);
+        CurveEditor editor(nullptr, QString());
+        QMenu* const menu = toolButton(editor, toolBar, index)->menu();
+        const QAction* const action = menu->actions().at(entry);
+        QTEST(action->text(), "text");
+        QTEST(action->objectName(), "text");
+        QTEST(action->toolTip(), "toolTip");
+        QCOMPARE(action->parent(), menu);
+        int hidden = 0;
+        for (QObject* const object : action->associatedObjects()) {
+            const auto* const button = qobject_cast<QToolButton*>(object);
+            if (button && !button->parent()) {
+                ++hidden;
+                QCOMPARE(button->defaultAction(), action);
+                QCOMPARE(button->minimumSize(), QSize(128, 128));
+                QCOMPARE(button->maximumSize(), QSize(128, 128));
+                QCOMPARE(button->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+                QVERIFY(!button->isVisible());
+            }
+        }
+        QCOMPARE(hidden, 1);
     }
 
     void everyNumberButThirtyEightIsAButtonOnce()

@@ -174,6 +174,10 @@ private slots:
         QCOMPARE(canvas->maxX, 105.0);
         QCOMPARE(canvas->minY, -3.0);
         QCOMPARE(canvas->maxY, 4.0);
+        QCOMPARE(canvas->newMinX, 95.0);
+        QCOMPARE(canvas->newMaxX, 105.0);
+        QCOMPARE(canvas->newMaxY, -3.0);
+        QCOMPARE(canvas->newMinY, 4.0);
     }
 
     void resettingTheViewSetsFramesModeAndKeepsRateAndTimeLine()

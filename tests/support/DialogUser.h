@@ -33,6 +33,8 @@ public:
     bool hasActed() const { return acted && !wasForced; }
 
 private:
+    static constexpr int longestStay = 10000; ///< milliseconds
+
     void actOnce()
     {
         auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
@@ -41,8 +43,9 @@ private:
         }
         look.stop();
         acted = true;
-        patience.start(10000);
+        patience.start(longestStay);
         act(*dialog);
+        patience.start(longestStay); // what the act itself took on a busy machine does not count
     }
 
     std::function<void(Dialog&)> act;
