@@ -23,9 +23,7 @@ public:
         patience.setSingleShot(true);
         patience.callOnTimeout(this, [this] {
             wasForced = true;
-            if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                dialog->reject();
-            }
+            shown->reject();
         });
     }
 
@@ -41,11 +39,16 @@ private:
         }
         look.stop();
         acted = true;
-        patience.start(10000);
+        shown = dialog;
+        // The patience is with this dialog: it is not to reject one that comes after it.
+        connect(dialog, &QDialog::finished, &patience, &QTimer::stop);
+        connect(dialog, &QObject::destroyed, &patience, &QTimer::stop);
+        patience.start(60000);
         act(*dialog);
     }
 
     std::function<void(Dialog&)> act;
+    QDialog* shown = nullptr; ///< not owned; alive while the patience runs
     QTimer look;
     QTimer patience;
     bool acted = false;
