@@ -25,10 +25,7 @@ private slots:
         failOnUnexpectedWarning();
         fixture = std::make_unique<KeysDialogFixture>();
         dialog = &fixture->dialog;
-        curve = &fixture->editCurve("n.c", {{10.0, 10.0, zk_spline::tcb},
-                                            {20.0, 20.0, zk_spline::tcb},
-                                            {30.0, 5.0, zk_spline::bezier}});
-        fixture->editor.setShowTime();
+        curve = &fixture->editThreeKeys(zk_spline::bezier);
     }
 
     void cleanup() { fixture.reset(); }
