@@ -21,6 +21,8 @@ private slots:
 
     void initTestCase()
     {
+        // A taller one makes the dialogs larger that may grow.
+        QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
         dialogs["settings"] = std::make_unique<CurveEditorSettings>();
         dialogs["viewport"] = std::make_unique<ViewportSettings>();
         dialogs["scale"] = std::make_unique<ScaleDialog>();
