@@ -1,5 +1,9 @@
 #include "editor/CurveEditorSettings.h"
 
+#include <QLayout>
+
+#include <algorithm>
+
 namespace {
 
 /// A font's letters made smaller and narrower, in parts of their own size and per cent of width.
@@ -9,7 +13,8 @@ struct Squeeze
     int stretch;
 };
 
-constexpr Squeeze squeezes[] = {{1.0, 87}, {1.0, 75}, {0.9, 75}, {0.8, 75}, {0.7, 75}};
+constexpr Squeeze squeezes[] = {{1.0, 95}, {1.0, 90}, {1.0, 85}, {0.9, 90}, {0.9, 85},
+                                {0.9, 80}, {0.8, 85}, {0.8, 80}, {0.7, 80}, {0.7, 75}};
 
 QFont squeezed(const QFont& font, const Squeeze& squeeze)
 {
@@ -23,15 +28,25 @@ QFont squeezed(const QFont& font, const Squeeze& squeeze)
     return result;
 }
 
-bool hasRoom(const QDialog& dialog)
+/// What has no text, a line to type in or a filler, takes what is left.
+bool showsItsText(const QWidget* widget)
 {
-    for (const QWidget* const widget : dialog.findChildren<QWidget*>()) {
-        if (!qobject_cast<const QLineEdit*>(widget) &&
-            widget->sizeHint().width() > widget->maximumWidth()) {
-            return false;
-        }
-    }
-    return true;
+    return widget->property("text").toString().isEmpty() ||
+           widget->width() >= widget->sizeHint().width();
+}
+
+/// Tried in a form of its own, for a combo box keeps the least size that its first font gave it.
+bool hasRoom(QWidget* parent, const QFont& font)
+{
+    QDialog form(parent);
+    form.setFont(font);
+    Ui::SettingsSetter parts;
+    parts.setupUi(&form);
+    form.layout()->activate();
+    const QSize needed = form.layout()->totalMinimumSize();
+    const QList<QWidget*> widgets = form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    return needed.boundedTo(form.maximumSize()) == needed &&
+           std::all_of(widgets.begin(), widgets.end(), showsItsText);
 }
 
 } // namespace
@@ -41,12 +56,12 @@ bool hasRoom(const QDialog& dialog)
 CurveEditorSettings::CurveEditorSettings(QWidget* parent, bool /*unused*/, Qt::WindowFlags flags)
     : QDialog(parent, flags)
 {
-    setupUi(this);
     const QFont plain = font();
     for (const Squeeze& squeeze : squeezes) {
-        if (hasRoom(*this)) {
-            return;
+        if (hasRoom(parent, font())) {
+            break;
         }
         setFont(squeezed(plain, squeeze));
     }
+    setupUi(this);
 }

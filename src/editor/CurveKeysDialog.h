@@ -76,6 +76,8 @@ private:
     /// The current key of a graph, or another selected one where that has left the spline. Null
     /// without a selection.
     static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
+    /// The selected keys of those graphs, as far as their splines hold them.
+    QList<const PointInfo*> editableKeys() const;
     void enableSeveralKeys(const bool& singleEach);
     void loadKeys(const QList<SplineCurveGraph*>& graphs);
     void showKeys(const PointInfo& reference, const int& index,
@@ -87,6 +89,7 @@ private:
 
     // Changing: CurveKeysDialogChanging.cpp
     void selectNeighbour(const int& step);
+    void splitStepAtNewSelection();
     static void applyToKeys(SplineCurveGraph* graph, const curve_editor::keyFields& field,
                             const PointInfo& record);
 
@@ -99,4 +102,6 @@ private:
     bool isShowing = false;     ///< a value that a field sends now was not sent by the user
     std::unique_ptr<curve_editor::CommandChangePoints> pendingChange; ///< between press and release
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;     ///< the same, for positions
+    /// The keys that the pending one knows; not owned and never read.
+    QList<const PointInfo*> pendingKeys;
 };

@@ -18,14 +18,6 @@ using namespace curve_editor;
 
 namespace {
 
-template <class Command>
-void start(std::unique_ptr<Command>& pending, CurveEditor* editor)
-{
-    if (!pending) {
-        pending = std::make_unique<Command>(editor);
-    }
-}
-
 /// The pending pointer is cleared first: doCommand calls the host, and the host perhaps us.
 template <class Command>
 void end(std::unique_ptr<Command>& pending, CurveEditor* editor)
@@ -85,7 +77,10 @@ void CurveKeysDialog::changeNodeType(int index)
 void CurveKeysDialog::startChangePoints()
 {
     endMovePoints();
-    start(pendingChange, editor);
+    if (!pendingChange) {
+        pendingChange = std::make_unique<CommandChangePoints>(editor);
+        pendingKeys = editableKeys();
+    }
 }
 
 void CurveKeysDialog::endChangePoints()
@@ -96,12 +91,31 @@ void CurveKeysDialog::endChangePoints()
 void CurveKeysDialog::startMovePoints()
 {
     endChangePoints();
-    start(pendingMove, editor);
+    if (!pendingMove) {
+        pendingMove = std::make_unique<CommandMovePoints>(editor);
+        pendingKeys = editableKeys();
+    }
 }
 
 void CurveKeysDialog::endMovePoints()
 {
     end(pendingMove, editor);
+}
+
+/// A step knows the keys that were selected at its begin. Where others are by now, what follows
+/// is a step of theirs.
+void CurveKeysDialog::splitStepAtNewSelection()
+{
+    if (pendingKeys == editableKeys()) {
+        return;
+    }
+    if (pendingMove) {
+        endMovePoints();
+        startMovePoints();
+    } else {
+        endChangePoints();
+        startChangePoints();
+    }
 }
 
 void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
@@ -120,6 +134,7 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
         valueChangedTyped(value, line); // a step of the wheel
         return;
     }
+    splitStepAtNewSelection();
     const keyFields field = fieldOf(line);
     const bool isFrame = field == timeField && editor->isModeFrames();
     const double number = isFrame ? value / editor->getFps() : value;

@@ -135,6 +135,18 @@ PointInfo* CurveKeysDialog::leadingKeyOf(SplineCurveGraph* graph)
     return keys.isEmpty() ? nullptr : keys.first();
 }
 
+QList<const PointInfo*> CurveKeysDialog::editableKeys() const
+{
+    QList<const PointInfo*> keys;
+    for (SplineCurveGraph* const graph : editableGraphs()) {
+        const ControlSplineNode& selection = graph->selection();
+        for (const PointInfo* const key : membersOf(selection.spline(), selection.selectedPoints)) {
+            keys.append(key);
+        }
+    }
+    return keys;
+}
+
 void CurveKeysDialog::loadKeys(const QList<SplineCurveGraph*>& graphs)
 {
     const QScopedValueRollback<bool> guard(isShowing, true);

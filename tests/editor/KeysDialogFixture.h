@@ -16,6 +16,16 @@ public:
         editor.showKeyProperties();
     }
 
+    /// Edits "n.c" with keys at (10, 10), (20, 20) and (30, 5), all but the last of them TCB keys,
+    /// and shows times.
+    LentCurve& editThreeKeys(const zk_spline::interpolationType& last = zk_spline::tcb)
+    {
+        LentCurve& curve = editCurve(
+            "n.c", {{10.0, 10.0, zk_spline::tcb}, {20.0, 20.0, zk_spline::tcb}, {30.0, 5.0, last}});
+        editor.setShowTime();
+        return curve;
+    }
+
     /// Clicks on keys on the canvas; from the second on with the modifier that adds to the
     /// selection.
     void pick(std::initializer_list<QPointF> places)

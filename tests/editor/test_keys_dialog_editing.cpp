@@ -23,12 +23,9 @@ private slots:
         failOnUnexpectedWarning();
         fixture = std::make_unique<KeysDialogFixture>();
         dialog = &fixture->dialog;
-        curve = &fixture->editCurve("n.c", {{10.0, 10.0, zk_spline::tcb},
-                                            {20.0, 20.0, zk_spline::tcb},
-                                            {30.0, 5.0, zk_spline::tcb}});
+        curve = &fixture->editThreeKeys();
         curve->spline.at(0)->tcb = {0.1, 0.2, 0.3, 0.4, 0.5};
         curve->spline.at(1)->tcb = {0.6, 0.7, 0.8, 0.9, 1.0};
-        fixture->editor.setShowTime();
     }
 
     void cleanup() { fixture.reset(); }

@@ -17,10 +17,7 @@ private slots:
         failOnUnexpectedWarning();
         fixture = std::make_unique<KeysDialogFixture>();
         dialog = &fixture->dialog;
-        curve = &fixture->editCurve("n.c", {{10.0, 10.0, zk_spline::tcb},
-                                            {20.0, 20.0, zk_spline::tcb},
-                                            {30.0, 5.0, zk_spline::tcb}});
-        fixture->editor.setShowTime();
+        curve = &fixture->editThreeKeys();
     }
 
     void cleanup() { fixture.reset(); }

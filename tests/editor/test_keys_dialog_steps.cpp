@@ -25,10 +25,7 @@ private slots:
         failOnUnexpectedWarning();
         fixture = std::make_unique<KeysDialogFixture>();
         dialog = &fixture->dialog;
-        curve = &fixture->editCurve("n.c", {{10.0, 10.0, zk_spline::tcb},
-                                            {20.0, 20.0, zk_spline::tcb},
-                                            {30.0, 5.0, zk_spline::bezier}});
-        fixture->editor.setShowTime();
+        curve = &fixture->editThreeKeys(zk_spline::bezier);
     }
 
     void cleanup() { fixture.reset(); }
@@ -113,6 +110,41 @@ private slots:
         fixture->dragField(dialog->posY, 50);
         QVERIFY(ear.take().contains("n|c"));
         fixture->releaseField(dialog->posY);
+    }
+
+    void keysSelectedUnderADragOverAFieldAreAStepOfTheirOwn_data()
+    {
+        QTest::addColumn<bool>("isMove");
+        QTest::addColumn<QString>("step");
+        QTest::newRow("tension") << false << changeStep;
+        QTest::newRow("value") << true << moveStep;
+    }
+
+    /// The host, or the user's other hand, selects while the press is held.
+    void keysSelectedUnderADragOverAFieldAreAStepOfTheirOwn()
+    {
+        QFETCH(bool, isMove);
+        QFETCH(QString, step);
+        const SplineState before(curve->spline);
+        fixture->pick({{10.0, 10.0}});
+        CustomEditLine* const line = isMove ? dialog->posY : dialog->tension;
+        fixture->pressField(line);
+        fixture->dragField(line, 50);
+        const SplineState halfway(curve->spline);
+        fixture->selectKeys("n.c", {0, 1});
+        fixture->editor.refreshEditor();
+        fixture->dragField(line, 80);
+        fixture->dragField(line, 100);
+        fixture->releaseField(line);
+        const SplineState after(curve->spline);
+        QCOMPARE(fixture->undoSteps(), QStringList({step, step, selectStep}));
+        fixture->editor.getCmdManager()->undo();
+        QVERIFY(SplineState(curve->spline) == halfway);
+        fixture->undoAll();
+        QVERIFY(SplineState(curve->spline) == before);
+        while (fixture->editor.getCmdManager()->redo()) {
+        }
+        QVERIFY(SplineState(curve->spline) == after);
     }
 
     void returnDuringADragEndsTheStepAndTheReleaseAddsNone()

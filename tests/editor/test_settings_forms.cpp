@@ -21,6 +21,8 @@ private slots:
 
     void initTestCase()
     {
+        // A taller one makes the dialogs larger that may grow.
+        QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
         dialogs["settings"] = std::make_unique<CurveEditorSettings>();
         dialogs["viewport"] = std::make_unique<ViewportSettings>();
         dialogs["scale"] = std::make_unique<ScaleDialog>();
@@ -344,33 +346,112 @@ private slots:
                     }
                     const QRect own(widget->mapTo(dialog, QPoint()), widget->size());
                     QVERIFY2(dialog->rect().contains(own), qPrintable(widget->objectName()));
-                    QVERIFY2(qobject_cast<const QLineEdit*>(widget) ||
-                                 widget->width() >= widget->minimumSizeHint().width(),
-                             qPrintable(widget->objectName()));
+                    QVERIFY2(hasRoomForItsText(*widget), qPrintable(widget->objectName()));
                 }
             }
         }
         QApplication::setStyle(oldStyle);
     }
 
-    void theSettingsSqueezeAFontThatIsTooWide()
+    void theSettingsSqueezeAFontThatIsTooLarge_data()
     {
-        const QFont font = QApplication::font();
-        QFont wide = font;
-        wide.setPixelSize(18);
-        QApplication::setFont(wide);
-        const CurveEditorSettings squeezed;
-        QCOMPARE(squeezed.font().stretch(), 75);
-        QVERIFY(squeezed.font().pixelSize() < 18);
-        wide.setPixelSize(4);
-        QApplication::setFont(wide);
-        const CurveEditorSettings plain;
-        QCOMPARE(plain.font().pixelSize(), 4);
-        QCOMPARE(plain.font().stretch(), QFont().stretch());
+        QTest::addColumn<int>("pixels");
+        QTest::addColumn<int>("leastPixels");
+        QTest::addColumn<int>("leastStretch");
+        QTest::newRow("a small one stays") << 5 << 5 << 100;
+        QTest::newRow("a usual one is narrower") << 12 << 12 << 80;
+        QTest::newRow("a large one is smaller, too") << 15 << 12 << 75;
+    }
+
+    void theSettingsSqueezeAFontThatIsTooLarge()
+    {
+        QFETCH(int, pixels);
+        const QFont oldFont = QApplication::font();
+        QFont font(QStringLiteral("Liberation Sans"));
+        font.setPixelSize(pixels);
+        font.setStretch(QFont::Unstretched);
         QApplication::setFont(font);
+        CurveEditorSettings settings;
+        settings.show();
+        for (const QWidget* const widget : settings.findChildren<QWidget*>()) {
+            QVERIFY2(!widget->isVisible() || hasRoomForItsText(*widget),
+                     qPrintable(widget->objectName()));
+        }
+        QApplication::setFont(oldFont);
+        QVERIFY(settings.font().pixelSize() <= pixels);
+        QFETCH(int, leastPixels);
+        QVERIFY(settings.font().pixelSize() >= leastPixels);
+        QFETCH(int, leastStretch);
+        QVERIFY(settings.font().stretch() >= leastStretch);
+    }
+
+    void theSettingsStandInTheirOrder()
+    {
+        const char* const rows[][3] = {{"textLabel3", "radiusH", "label"},
+                                       {"textLabel1", "radiusV", "label_2"},
+                                       {"textLabel2", "nodeTypeCombo", "label_7"},
+                                       {"defaultBroken"},
+                                       {"defaultAddFunc"},
+                                       {"showToolTipsOnDrag"},
+                                       {"allDone", "cancel"}};
+        int bottom = 0;
+        for (const auto& row : rows) {
+            int right = 0;
+            int rowBottom = 0;
+            for (const char* const name : row) {
+                if (name) {
+                    const QRect place = part("settings", name).geometry();
+                    QVERIFY2(place.top() >= bottom && place.left() >= right, name);
+                    right = place.right();
+                    rowBottom = qMax(rowBottom, place.bottom());
+                }
+            }
+            bottom = rowBottom;
+        }
+        QCOMPARE(part("settings", "radiusH").height(), part("settings", "radiusV").height());
+        QCOMPARE(part("settings", "radiusH").x(), part("settings", "radiusV").x());
+    }
+
+    void tabWalksInReadingOrder_data()
+    {
+        QTest::addColumn<QStringList>("names");
+        QTest::newRow("settings") << QStringList({"radiusH", "radiusV", "nodeTypeCombo",
+                                                  "defaultBroken", "defaultAddFunc",
+                                                  "showToolTipsOnDrag", "allDone", "cancel"});
+        QTest::newRow("viewport") << QStringList(
+            {"minX", "minY", "maxX", "maxY", "allDone", "cancel"});
+        QTest::newRow("scale") << QStringList({"scaleX", "scaleY", "allDoneScale", "cancelScale"});
+        QTest::newRow("pan") << QStringList(
+            {"panX", "panY", "toggleButton_", "allDonePan", "cancelPan"});
+    }
+
+    void tabWalksInReadingOrder()
+    {
+        QFETCH(QStringList, names);
+        QDialog& dialog = *dialogs.at(QTest::currentDataTag());
+        QApplication::setActiveWindow(&dialog);
+        part(QTest::currentDataTag(), names.first()).setFocus();
+        for (const QString& name : names) {
+            QCOMPARE(dialog.focusWidget()->objectName(), name);
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(dialog.focusWidget()->objectName(), names.first());
     }
 
 private:
+    QWidget& part(const QString& dialog, const QString& name) const
+    {
+        return *dialogs.at(dialog)->findChild<QWidget*>(name);
+    }
+
+    /// What is typed may be longer than its line, and a filler has no text.
+    static bool hasRoomForItsText(const QWidget& widget)
+    {
+        return qobject_cast<const QLineEdit*>(&widget) ||
+               widget.property("text").toString().isEmpty() ||
+               widget.width() >= widget.sizeHint().width();
+    }
+
     std::map<QString, std::unique_ptr<QDialog>> dialogs;
 };
 

@@ -23,9 +23,7 @@ public:
         patience.setSingleShot(true);
         patience.callOnTimeout(this, [this] {
             wasForced = true;
-            if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                dialog->reject();
-            }
+            shown->reject();
         });
     }
 
@@ -33,8 +31,6 @@ public:
     bool hasActed() const { return acted && !wasForced; }
 
 private:
-    static constexpr int longestStay = 10000; ///< milliseconds
-
     void actOnce()
     {
         auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
@@ -43,12 +39,16 @@ private:
         }
         look.stop();
         acted = true;
-        patience.start(longestStay);
+        shown = dialog;
+        // The patience is with this dialog: it is not to reject one that comes after it.
+        connect(dialog, &QDialog::finished, &patience, &QTimer::stop);
+        connect(dialog, &QObject::destroyed, &patience, &QTimer::stop);
+        patience.start(60000);
         act(*dialog);
-        patience.start(longestStay); // what the act itself took on a busy machine does not count
     }
 
     std::function<void(Dialog&)> act;
+    QDialog* shown = nullptr; ///< not owned; alive while the patience runs
     QTimer look;
     QTimer patience;
     bool acted = false;
