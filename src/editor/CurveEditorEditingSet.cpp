@@ -44,6 +44,17 @@ bool isPeopledGroup(const CanvasFunctionBase& canvas, const QString& dotName)
     return found && !found->isCurve() && !found->curves().isEmpty();
 }
 
+/// Invalid after a cancel, and when a host has deleted the editor meanwhile, which takes the dialog
+/// along: the toolkit's own static call does not survive that.
+QColor chosenColor(const QColor& present, CurveEditor* editor)
+{
+    const QPointer<QColorDialog> dialog(new QColorDialog(present, editor));
+    dialog->exec();
+    const QColor color = dialog ? dialog->selectedColor() : QColor();
+    delete dialog.data();
+    return color;
+}
+
 } // namespace
 
 void CurveEditor::setCurveEditableOn(NodeStruct* record)
@@ -226,7 +237,7 @@ void CurveEditor::slotMenuEditingNodeColor()
         return;
     }
     const QPointer<CurveEditor> self(this);
-    const QColor color = QColorDialog::getColor(record->color, this);
+    const QColor color = chosenColor(record->color, this);
     if (!self) {
         return;
     }
