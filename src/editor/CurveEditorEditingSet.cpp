@@ -12,8 +12,6 @@
 #include <QPointer>
 #include <QTreeWidgetItem>
 
-#include <utility>
-
 using curve_editor::CommandRemoveCurves;
 
 namespace {
@@ -37,11 +35,27 @@ QTreeWidgetItem* newChild(QTreeWidgetItem* parent, const QString& text)
     return item;
 }
 
+/// The group that answers to a name; null where a curve or nothing does.
+CurveNode* findGroup(const CanvasFunctionBase& canvas, const QString& dotName)
+{
+    CurveNode* const found = canvas.findCurve(dotName);
+    return found && !found->isCurve() ? found : nullptr;
+}
+
 /// A group with curves answers to this name: it belongs to them, not to a curve of the name.
 bool isPeopledGroup(const CanvasFunctionBase& canvas, const QString& dotName)
 {
-    CurveNode* const found = canvas.findCurve(dotName);
-    return found && !found->isCurve() && !found->curves().isEmpty();
+    CurveNode* const group = findGroup(canvas, dotName);
+    return group && !group->curves().isEmpty();
+}
+
+/// A group that its last curve was renamed out of is still there. One whose item has no children
+/// may hold curves all the same: of a node whose name begins with its own.
+void dropEmptyGroup(CanvasFunctionBase& canvas, const QString& dotName)
+{
+    if (findGroup(canvas, dotName) && !isPeopledGroup(canvas, dotName)) {
+        canvas.removeCanvasCurve(dotName);
+    }
 }
 
 /// Invalid after a cancel, and when a host has deleted the editor meanwhile, which takes the dialog
@@ -80,6 +94,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
 void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
 {
     CanvasFunctionBase& canvas = functionEditor->canvas();
+    dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
     if (curve) {
         canvas.attachCanvasCurve(curve);
     } else {
@@ -128,10 +143,11 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
     CanvasFunctionBase& canvas = functionEditor->canvas();
     const QString name = record->dotName;
     if (!isPeopledGroup(canvas, name)) {
-        QStringList names(name);
-        names += checkListsEditing->removeTreeItem(name, checkListsEditing->findTreeItem(name));
-        for (const QString& gone : std::as_const(names)) {
-            canvas.removeCanvasCurve(gone);
+        const QStringList groups =
+            checkListsEditing->removeTreeItem(name, checkListsEditing->findTreeItem(name));
+        canvas.removeCanvasCurve(name);
+        for (const QString& group : groups) {
+            dropEmptyGroup(canvas, group);
         }
     }
     selectNodes(QStringList());

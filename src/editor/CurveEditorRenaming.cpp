@@ -6,20 +6,37 @@
 #include "curves/CurveNode.h"
 #include "editor/Catalogue.h"
 
+#include <QSet>
 #include <QTreeWidgetItem>
+
+#include <algorithm>
 
 namespace {
 
 /// A curve whose name holds this lives on with a hidden tree item.
 constexpr QLatin1String oldCurveMarker("###OLD###");
 
-/// Under a group of its former name a renamed curve would leave the canvas with that group.
+/// Under a group of its former name a renamed curve would leave the canvas with that group, and
+/// under one of its new name nothing would find it. Where another curve bears the new name it
+/// stays: there is no place for it.
 void leaveForeignGroup(const CanvasFunctionBase& canvas, CurveNode* curve)
 {
     const CurveNode* const group = curve->parentNode();
-    if (group && group->dotName() != curve->path() && canvas.findCurve(curve->dotName()) == curve) {
+    const CurveNode* const named = canvas.findCurve(curve->dotName());
+    const bool isTaken = named && named != curve && named->isCurve();
+    if (group && group->dotName() != curve->path() && !isTaken) {
         curve->unlink();
     }
+}
+
+/// A group may also hold curves of another node, with whose name its own begins; and such a curve
+/// may stand in its place.
+bool holdsOthers(CurveNode* group, const QList<CurveNode*>& curves)
+{
+    const QSet<CurveNode*> own(curves.cbegin(), curves.cend());
+    const QList<CurveNode*> held = group->curves();
+    return std::any_of(held.cbegin(), held.cend(),
+                       [&](CurveNode* curve) { return !own.contains(curve); });
 }
 
 } // namespace
@@ -125,7 +142,8 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
             curves.append(canvas.findLeaf(record->dotName));
         }
     }
-    if (CurveNode* const group = canvas.findCurve(oldName)) {
+    CurveNode* const group = canvas.findCurve(oldName);
+    if (group && !holdsOthers(group, curves)) {
         group->setDotName(newName);
     }
     for (qsizetype i = 0; i < records.size(); ++i) {

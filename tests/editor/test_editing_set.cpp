@@ -156,6 +156,37 @@ private slots:
         QVERIFY(fixture.logic().topNodes().isEmpty());
     }
 
+    void theLastItemOfANodeLeavesCurvesOfAnotherNodeThatStandUnderItsName()
+    {
+        LentCurve curve;
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        fixture.editor.addNewMainNode("n.k");
+        fixture.editor.addNewNode("n.k", "b", Qt::red, 0, &curve.spline, nullptr, 0, 1, true);
+        fixture.editor.setDefaultSelected("n.k", "b");
+        CurveNode* const object = fixture.logic().findCurve("n.k.b");
+        fixture.editor.removeCurveFromEditing("n.a");
+        QCOMPARE(treeNames(fixture.editor), (QStringList{"n.k", "n.k.b"}));
+        QCOMPARE(fixture.logic().findCurve("n.k.b"), object);
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"n.k.b"});
+        fixture.editor.removeCurve("n.k", "b");
+        QVERIFY(!fixture.logic().findCurve("n.k.b"));
+    }
+
+    void theLastItemOfANodeLeavesTheCurvesOfANodeThatWasRenamedToItsName()
+    {
+        EditorFixture fixture;
+        fixture.editor.addNewMainNode("n");
+        fixture.addCurve("m.a", {{1, 1}});
+        fixture.addCurve("m.b", {{1, 1}});
+        fixture.editor.renameNode("m", "n");
+        fixture.editor.removeCurve("n", "a");
+        QVERIFY(fixture.logic().findCurve("n.b"));
+        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.b"));
+        fixture.editor.selectNodes(QString("n.b"));
+        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"n.b"});
+    }
+
     void leavingKeepsTheListOfTheSelection()
     {
         EditorFixture fixture;
