@@ -31,6 +31,40 @@ QStringList treeNames(const CurveEditor& editor)
     return names;
 }
 
+/// What the toolkit sends for a right click on an item.
+void rightClick(EditingTree& tree, const QString& name)
+{
+    const QPoint at = tree.visualItemRect(tree.findTreeItem(name)).center();
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, Qt::NoModifier, at);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree.viewport()->mapToGlobal(at));
+    QApplication::sendEvent(tree.viewport(), &event);
+}
+
+/// Clicks an entry of the menu that a right click on an item opens; returns whether it was there.
+bool chooseInTheMenuOf(CurveEditor& editor, const QString& name, const QString& entry)
+{
+    bool wasThere = false;
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (!menu) {
+            return;
+        }
+        watch.stop();
+        for (QAction* const action : menu->actions()) {
+            if (action->text() == entry) {
+                wasThere = true;
+                QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                                  menu->actionGeometry(action).center());
+            }
+        }
+        menu->close();
+    });
+    watch.start(0);
+    rightClick(*editor.checkListsEditing, name);
+    return wasThere;
+}
+
 /// Answers the colour dialog that `open` runs.
 template <class Open>
 void answerColourDialog(const Open& open, const std::function<void(QColorDialog*)>& answer)
@@ -328,23 +362,37 @@ private slots:
         EditorFixture fixture;
         fixture.addCurve("n.a", {{1, 1}});
         EditingTree* const tree = fixture.editor.checkListsEditing;
-        const QModelIndex index = tree->model()->index(0, 0, tree->model()->index(0, 0));
-        QVERIFY(fixture.closesMenuOf([&] { fixture.editor.rightButtonPressedEditingItem(index); }));
+        QVERIFY(fixture.closesMenuOf([&] { rightClick(*tree, "n.a"); }));
         QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
+        QVERIFY(fixture.closesMenuOf([&] { rightClick(*tree, "n"); }));
+        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
         fixture.editor.rightButtonPressedEditingItem(QModelIndex()); // opens nothing
-        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
+        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
+    }
+
+    void aRightClickOnOneOfTheSelectedItemsRemovesThemAll()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        fixture.addCurve("n.b", {{1, 1}});
+        fixture.addCurve("n.c", {{1, 1}});
+        fixture.editor.selectNodes(QStringList{"n.a", "n.c"});
+        QVERIFY(chooseInTheMenuOf(fixture.editor, "n.a", "Remove from editing list"));
+        QCOMPARE(treeNames(fixture.editor), (QStringList{"n", "n.b"}));
+        QCOMPARE(fixture.undoAll(), QStringList{"Remove Curves from Curve Editor"});
+        QCOMPARE(fixture.editor.getSelection(), (QStringList{"n.a", "n.c"}));
     }
 
     void theMenuSetsAColour()
     {
         EditorFixture fixture;
         fixture.addCurve("n.a", {{1, 1}});
-        fixture.editor.findChild<ControlMenu2*>()->itemName = "n.a";
-        answerColourDialog([&] { fixture.editor.slotMenuEditingNodeColor(); },
-                           [](QColorDialog* dialog) {
-                               dialog->setCurrentColor(QColor(10, 20, 30));
-                               dialog->accept();
-                           });
+        answerColourDialog(
+            [&] { QVERIFY(chooseInTheMenuOf(fixture.editor, "n.a", "Change color")); },
+            [](QColorDialog* dialog) {
+                dialog->setCurrentColor(QColor(10, 20, 30));
+                dialog->accept();
+            });
         QCOMPARE(fixture.editor.searchAllNodeList("n.a")->color, QColor(10, 20, 30));
         QCOMPARE(fixture.logic().findCurve("n.a")->splineGraph()->mainColor(), QColor(10, 20, 30));
     }

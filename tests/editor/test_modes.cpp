@@ -2,9 +2,6 @@
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
-#include <QTemporaryFile>
-
-#include <cstdio>
 #include <iostream>
 #include <sstream>
 
