@@ -22,6 +22,7 @@ private slots:
     void aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename();
     void changingTheRootReachesAllPaths();
     void changingTheRootToTheSameDoesNothing();
+    void changingTheRootOfATopNodeGivesItAPath();
 };
 
 void TestCurveNodeNames::aTopNodesDottedNameHasNoPoint()
@@ -144,6 +145,15 @@ void TestCurveNodeNames::changingTheRootToTheSameDoesNothing()
     CurveNode* leaf = tree.add(tree.top.get(), "c");
     leaf->setRootName("n");
     QCOMPARE(leaf->dotName(), QString("n.c"));
+}
+
+void TestCurveNodeNames::changingTheRootOfATopNodeGivesItAPath()
+{
+    CurveTree tree;
+    CurveNode* leaf = tree.add(tree.top.get(), "c");
+    tree.top->setRootName("m");
+    QCOMPARE(tree.top->path(), QString("m"));
+    QCOMPARE(leaf->dotName(), QString("m.n.c"));
 }
 
 QTEST_MAIN(TestCurveNodeNames)

@@ -9,6 +9,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <functional>
+
 /// Ways to the parts of an editor as its user finds them.
 
 inline QToolBar* toolBarTitled(const CurveEditor& editor, const QString& title)
@@ -104,4 +106,21 @@ inline QStringList topTexts(const CurveEditor& editor)
         texts.append(editor.checkListsEditing->topLevelItem(i)->text(0));
     }
     return texts;
+}
+
+/// The dotted names of all items of the tree, from the top down.
+inline QStringList treeNames(const CurveEditor& editor)
+{
+    const EditingTree* const tree = editor.checkListsEditing;
+    QStringList names;
+    std::function<void(QTreeWidgetItem*)> collect = [&](QTreeWidgetItem* item) {
+        names.append(tree->itemDotName(item));
+        for (int i = 0; i < item->childCount(); ++i) {
+            collect(item->child(i));
+        }
+    };
+    for (int i = 0; i < tree->topLevelItemCount(); ++i) {
+        collect(tree->topLevelItem(i));
+    }
+    return names;
 }

@@ -38,72 +38,6 @@ private slots:
         QVERIFY(fixture.logic().findCurve("n.b"));
     }
 
-    void aCurveRenamedOutOfItsGroupOutlivesTheGroup()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a.b", {{1, 1}});
-        fixture.addCurve("n.a.x", {{1, 1}});
-        CurveNode* const object = fixture.logic().findCurve("n.a.b");
-        fixture.editor.renameCurve("n", "a.b", "c");
-        QCOMPARE(fixture.logic().findCurve("n.c"), object);
-        fixture.editor.removeCurve("n", "a.x");
-        QVERIFY(!fixture.logic().findCurve("n.a.x"));
-        QCOMPARE(fixture.logic().findCurve("n.c"), object);
-        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.c"));
-    }
-
-    void aCurveRenamedToTheNameOfItsOwnGroupTakesTheGroupsPlace_data()
-    {
-        QTest::addColumn<QString>("curve");
-        QTest::newRow("right under it") << "a.b";
-        QTest::newRow("deep under it") << "a.b.c";
-    }
-
-    void aCurveRenamedToTheNameOfItsOwnGroupTakesTheGroupsPlace()
-    {
-        QFETCH(QString, curve);
-        EditorFixture fixture;
-        fixture.addCurve("n." + curve, {{1, 1}});
-        CurveNode* const object = fixture.logic().findCurve("n." + curve);
-        fixture.editor.renameCurve("n", curve, "a");
-        QCOMPARE(fixture.logic().findCurve("n.a"), object);
-        fixture.editor.selectNodes(QString("n.a"));
-        fixture.editor.selectAllKeys();
-        fixture.editor.deleteSelectedKeys();
-        QCOMPARE(object->spline()->getControlPointsNumber(), 0u);
-        fixture.editor.removeCurve("n", "a");
-        QVERIFY(fixture.logic().topNodes().isEmpty());
-        QVERIFY(topTexts(fixture.editor).isEmpty());
-    }
-
-    void aGroupThatItsLastCurveWasRenamedOutOfGivesWayToACurveOfItsName()
-    {
-        LentCurve curve;
-        EditorFixture fixture;
-        curve.addKey(1, 1);
-        fixture.addCurve("n.a.b", {{1, 1}});
-        fixture.editor.renameCurve("n", "a.b", "c");
-        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, nullptr, 0, 1, true, true);
-        QVERIFY(fixture.logic().findCurve("n.a"));
-        QCOMPARE(fixture.logic().findCurve("n.a")->spline(), &curve.spline);
-        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"n.a"});
-    }
-
-    void aCurveRenamedToTheNameOfAGroupWithOtherCurvesIsNoneOfThem()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a.b", {{1, 1}});
-        fixture.addCurve("n.a.c", {{1, 1}});
-        CurveNode* const other = fixture.logic().findCurve("n.a.c");
-        fixture.editor.renameCurve("n", "a.b", "a");
-        QCOMPARE(fixture.logic().findCurve("n.a")->curves(), QList<CurveNode*>{other});
-        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.a.c"));
-        fixture.editor.renameCurve("n", "a", "d");
-        QVERIFY(fixture.logic().findCurve("n.d"));
-        QCOMPARE(fixture.logic().findCurve("n.d")->spline(), &fixture.curves.at("n.a.b")->spline);
-        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.d"));
-    }
-
     void aRecordHiddenBehindAPrefixIsRemovedByItsExactName()
     {
         EditorFixture fixture;
@@ -115,18 +49,6 @@ private slots:
         QVERIFY(!editor.searchAllNodeListCurveName("n.width2"));
         editor.removeCurve("n", "width");
         QVERIFY(!editor.searchAllNodeListCurveName("n.width"));
-    }
-
-    void removingACurveOffTheCanvasLeavesTheCurvesBelowItsName()
-    {
-        LentCurve outer;
-        EditorFixture fixture;
-        fixture.editCurve("n.a.b", {{1, 1}});
-        fixture.editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
-        fixture.editor.removeCurve("n", "a");
-        QVERIFY(fixture.logic().findCurve("n.a.b"));
-        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.a.b"));
-        QCOMPARE(fixture.logic().editingCurveNames(), QStringList{"n.a.b"});
     }
 
     void removingANodeRemovesItsCurvesAndItsItem()
@@ -145,6 +67,15 @@ private slots:
         QCOMPARE(topTexts(fixture.editor), QStringList{"m"});
         fixture.editor.removeNode("unknown");
         QCOMPARE(topTexts(fixture.editor), QStringList{"m"});
+    }
+
+    void removingAnUnknownNodeEmptiesTheSelectionAllTheSame()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{1, 1}});
+        fixture.editor.removeNode("unknown");
+        QVERIFY(fixture.editor.getSelection().isEmpty());
+        QVERIFY(fixture.logic().findCurve("n.a"));
     }
 
     void removingANodeWithoutCurvesRemovesItsItem()
@@ -208,35 +139,6 @@ private slots:
         QVERIFY(!fixture.logic().findCurve("n.c"));
         QVERIFY(!fixture.editor.checkListsEditing->findTreeItem("n.c"));
         QCOMPARE(fixture.editor.getSelection(), QStringList{"n.b"});
-    }
-
-    void renamingACurveOffTheCanvasLeavesTheCurvesBelowItsName()
-    {
-        LentCurve outer;
-        EditorFixture fixture;
-        fixture.editCurve("n.a.b", {{1, 1}});
-        fixture.editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
-        fixture.editor.renameCurve("n", "a", "c");
-        QVERIFY(fixture.logic().findCurve("n.a.b"));
-        QVERIFY(fixture.editor.checkListsEditing->findTreeItem("n.a.b"));
-        QVERIFY(fixture.editor.searchAllNodeList("n.c"));
-    }
-
-    void renamingACurveWhoseNameAGroupAnswersToLeavesTheCurvesOfTheGroup()
-    {
-        LentCurve outer;
-        EditorFixture fixture;
-        CurveEditor& editor = fixture.editor;
-        fixture.editCurve("n.a.b", {{1, 1}});
-        editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
-        editor.setCurveEditableOn(editor.searchAllNodeListCurveName("n.a"));
-        editor.renameCurve("n", "a", "c");
-        QVERIFY(fixture.logic().findCurve("n.a.b"));
-        QVERIFY(editor.checkListsEditing->findTreeItem("n.a.b"));
-        QVERIFY(fixture.logic().findCurve("n.c"));
-        QCOMPARE(fixture.logic().findCurve("n.c")->spline(), &outer.spline);
-        QVERIFY(editor.checkListsEditing->findTreeItem("n.c"));
-        editor.removeCurve("n", "c");
     }
 
     void theSafeNameOutlivesARenamedCurveButNotARenamedNode()
@@ -309,35 +211,6 @@ private slots:
         fixture.editor.renameNode("a", newNode);
         QCOMPARE(object->dotName(), newNode + "." + curve);
         QCOMPARE(fixture.logic().findCurve(newNode + "." + curve), object);
-    }
-
-    void aRenamedNodeLeavesTheCurvesOfAnotherThatStandUnderItsName_data()
-    {
-        QTest::addColumn<QString>("foreign");
-        QTest::newRow("in its group") << "n.a.b";
-        QTest::newRow("in place of its group") << "n.a";
-    }
-
-    void aRenamedNodeLeavesTheCurvesOfAnotherThatStandUnderItsName()
-    {
-        QFETCH(QString, foreign);
-        LentCurve curve;
-        EditorFixture fixture;
-        CurveEditor& editor = fixture.editor;
-        fixture.addCurve(foreign, {{1, 1}});
-        CurveNode* const object = fixture.logic().findCurve(foreign);
-        editor.addNewMainNode("n.a");
-        editor.addNewNode("n.a", "c", Qt::red, 0, &curve.spline, nullptr, 0, 1, true);
-        editor.setCurveEditableOn(editor.searchAllNodeListCurveName("n.a.c"));
-        CurveNode* const own = fixture.logic().findCurve("n.a.c");
-        editor.renameNode("n.a", "m");
-        QCOMPARE(fixture.logic().findCurve(foreign), object);
-        QCOMPARE(fixture.logic().findCurve("m.c"), own);
-        editor.setCurveEditableOff(editor.searchAllNodeList(foreign));
-        QVERIFY(!fixture.logic().findCurve(foreign));
-        QCOMPARE(fixture.logic().findCurve("m.c"), own);
-        editor.removeNode("m");
-        QVERIFY(!fixture.logic().findCurve("m.c"));
     }
 
     void theArgumentOfRenameNodeMayBeTheNameInTheRecord()
