@@ -239,8 +239,8 @@ void CurveEditor::takeOutItem(QTreeWidgetItem* item)
 
 void CurveEditor::rightButtonPressedEditingItem(QModelIndex index)
 {
-    if (!index.isValid()) {
-        return;
+    if (!index.isValid() || treeMenu->isVisible()) {
+        return; // a second loop of the same menu would never let the first end
     }
     treeMenu->itemName = checkListsEditing->indexDotName(index);
     treeMenu->exec(QCursor::pos());

@@ -98,6 +98,27 @@ private slots:
         QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
     }
 
+    void aSecondRequestWhileTheMenuIsOpenOpensNoOther()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        EditingTree* const tree = fixture.editor.checkListsEditing;
+        bool cameBack = false;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (QWidget* const menu = QApplication::activePopupWidget()) {
+                watch.stop();
+                rightClick(*tree, "n");
+                cameBack = true;
+                menu->close();
+            }
+        });
+        watch.start(0);
+        rightClick(*tree, "n.a");
+        QVERIFY(cameBack);
+        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
+    }
+
     void aRightClickOnOneOfTheSelectedItemsRemovesThemAll()
     {
         EditorFixture fixture;
