@@ -5,10 +5,7 @@
 #include "editor/ScaleDialog.h"
 #include "editor/ViewportSettings.h"
 #include "support/DialogUser.h"
-#include "widgets/ControlMenu2.h"
 
-#include <QColorDialog>
-#include <QContextMenuEvent>
 #include <QPointer>
 
 /// A host that deletes the editor while one of its dialogs asks.
@@ -140,64 +137,6 @@ private slots:
         QVERIFY(!editor);
     }
 
-    void theEditorGoesWhileAColourIsChosen_data() { atOnceAndLater(); }
-
-    void theEditorGoesWhileAColourIsChosen()
-    {
-        QFETCH(bool, later);
-        LentCurve curve;
-        curve.addKey(10.0, 10.0);
-        QPointer<CurveEditor> editor = new CurveEditor(nullptr, QString());
-        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
-                         100.0f, true, true);
-        editor->show();
-        const CurveEditor::NodeStruct* const record = editor->searchAllNodeList("n.c");
-        DialogUser<QColorDialog> user([&editor, &later](QColorDialog& dialog) {
-            if (later) {
-                editor->deleteLater();
-                dialog.accept();
-            } else {
-                delete editor.data();
-            }
-        });
-        editor->findChild<ControlMenu2*>()->itemName = "n.c";
-        editor->slotMenuEditingNodeColor();
-        QVERIFY(user.hasActed());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!editor);
-        QCOMPARE(record->color, QColor(Qt::green));
-    }
-
-    void theEditorGoesWhileTheMenuOfTheTreeIsOpen_data() { atOnceAndLater(); }
-
-    void theEditorGoesWhileTheMenuOfTheTreeIsOpen()
-    {
-        QFETCH(bool, later);
-        LentCurve curve;
-        curve.addKey(10.0, 10.0);
-        QPointer<CurveEditor> editor = new CurveEditor(nullptr, QString());
-        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
-                         100.0f, true, true);
-        editor->show();
-        EditingTree* const tree = editor->checkListsEditing;
-        const QPoint at = tree->visualItemRect(tree->findTreeItem("n.c")).center();
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree->viewport()->mapToGlobal(at));
-        bool wasOpen = false;
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, &watch, [&] {
-            if (QApplication::activePopupWidget()) {
-                watch.stop();
-                wasOpen = true;
-                later ? editor->deleteLater() : delete editor.data();
-            }
-        });
-        watch.start(0);
-        QApplication::sendEvent(tree->viewport(), &event);
-        QVERIFY(wasOpen);
-        QVERIFY(!editor);
-        QVERIFY(!QApplication::activePopupWidget());
-    }
-
     void theDialogAloneGoes()
     {
         EditorFixture fixture;
@@ -229,14 +168,6 @@ private slots:
         QVERIFY(user.hasActed());
         fixture.paint();
         QCOMPARE(fixture.curves.at("n.d")->spline.at(0)->time, 10.0);
-    }
-
-private:
-    static void atOnceAndLater()
-    {
-        QTest::addColumn<bool>("later");
-        QTest::newRow("at once") << false;
-        QTest::newRow("by deleteLater") << true;
     }
 };
 

@@ -1,12 +1,15 @@
 // The menu of the tree, and the colours that it gives.
 
 #include "editor/EditorParts.h"
+#include "editor/FileActionsFixture.h"
+#include "support/DialogUser.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 #include "widgets/ControlMenu2.h"
 
 #include <QColorDialog>
 #include <QContextMenuEvent>
+#include <QPointer>
 
 #include <functional>
 
@@ -27,19 +30,23 @@ bool chooseInTheMenuOf(CurveEditor& editor, const QString& name, const QString& 
     bool wasThere = false;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
-        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        const QPointer<QMenu> menu(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
         if (!menu) {
             return;
         }
         watch.stop();
-        for (QAction* const action : menu->actions()) {
+        const QList<QAction*> actions = menu->actions();
+        for (QAction* const action : actions) {
             if (action->text() == entry) {
                 wasThere = true;
                 QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
                                   menu->actionGeometry(action).center());
+                break;
             }
         }
-        menu->close();
+        if (menu) {
+            menu->close();
+        }
     });
     watch.start(0);
     rightClick(*editor.checkListsEditing, name);
@@ -71,6 +78,7 @@ class TestTreeMenu : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { FileActionsFixture::keepAwayFromTheUsersSettings(); }
     void init() { failOnUnexpectedWarning(); }
 
     void theMenuEntryRemovesTheEditingCurvesNotItsItem()
@@ -176,6 +184,71 @@ private slots:
         fixture.editor.setColorToEditingNode(record, Qt::blue);
         QCOMPARE(record->color, QColor(Qt::blue));
         QCOMPARE(fixture.logic().findCurve("n.a.b")->splineGraph()->mainColor(), QColor(Qt::green));
+    }
+
+    void theEditorGoesWhileAColourIsChosen_data() { atOnceAndLater(); }
+
+    void theEditorGoesWhileAColourIsChosen()
+    {
+        QFETCH(bool, later);
+        LentCurve curve;
+        const QPointer<CurveEditor> editor = shownEditorOf(curve);
+        const CurveEditor::NodeStruct* const record = editor->searchAllNodeList("n.c");
+        DialogUser<QColorDialog> user([&editor, &later](QColorDialog& dialog) {
+            if (later) {
+                editor->deleteLater();
+                dialog.accept();
+            } else {
+                delete editor.data();
+            }
+        });
+        QVERIFY(chooseInTheMenuOf(*editor, "n.c", "Change color"));
+        QVERIFY(user.hasActed());
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!editor);
+        QCOMPARE(record->color, QColor(Qt::green));
+    }
+
+    void theEditorGoesWhileTheMenuOfTheTreeIsOpen_data() { atOnceAndLater(); }
+
+    void theEditorGoesWhileTheMenuOfTheTreeIsOpen()
+    {
+        QFETCH(bool, later);
+        LentCurve curve;
+        const QPointer<CurveEditor> editor = shownEditorOf(curve);
+        bool wasOpen = false;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, &watch, [&] {
+            if (QApplication::activePopupWidget()) {
+                watch.stop();
+                wasOpen = true;
+                later ? editor->deleteLater() : delete editor.data();
+            }
+        });
+        watch.start(0);
+        rightClick(*editor->checkListsEditing, "n.c");
+        QVERIFY(wasOpen);
+        QVERIFY(!editor);
+        QVERIFY(!QApplication::activePopupWidget());
+    }
+
+private:
+    /// On the heap, with the curve "n.c".
+    static CurveEditor* shownEditorOf(LentCurve& curve)
+    {
+        curve.addKey(10.0, 10.0);
+        auto* const editor = new CurveEditor(nullptr, QString());
+        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
+                         100.0f, true, true);
+        editor->show();
+        return editor;
+    }
+
+    static void atOnceAndLater()
+    {
+        QTest::addColumn<bool>("later");
+        QTest::newRow("at once") << false;
+        QTest::newRow("by deleteLater") << true;
     }
 };
 
