@@ -171,7 +171,7 @@ private slots:
         QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
         QVERIFY(
             !manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::loop, true)));
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         QCOMPARE(int(curve.spline.firstNodeType()), int(SplineBase::constant));
     }
 
@@ -212,10 +212,10 @@ private slots:
             for (int round = 0; round < 2; ++round) {
                 while (manager.undo()) {
                 }
-                QCOMPARE(times(other.spline), (QList<double>{1, 2}));
+                QCOMPARE(keyTimes(other.spline), (QList<double>{1, 2}));
                 while (manager.redo()) {
                 }
-                QCOMPARE(times(other.spline), QList<double>{});
+                QCOMPARE(keyTimes(other.spline), QList<double>{});
             }
         } else if (then == "clear") {
             manager.clear();
