@@ -52,7 +52,7 @@ void CommandAddPoint::undo()
     if (pointInSpline) {
         if (spline && spline->findIndex(point) >= 0) {
             spline->remove(point);
-            dropFromSelections(editor, spline, {point});
+            dropDepartedKeys(editor, {spline});
         } else {
             point = nullptr;
         }

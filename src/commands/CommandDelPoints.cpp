@@ -7,6 +7,7 @@
 
 #include <QtAlgorithms>
 
+#include <algorithm>
 #include <utility>
 
 namespace curve_editor {
@@ -37,6 +38,7 @@ bool CommandDelPoints::execute()
         }
         takeOut(node);
     }
+    dropDeleted();
     pointsInSpline = names.isEmpty();
     editor->emitSignalCurvesHaveChanged(names);
     return !names.isEmpty();
@@ -56,6 +58,7 @@ void CommandDelPoints::redo()
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         takeOut(node);
     }
+    dropDeleted();
     pointsInSpline = false;
     editor->emitSignalCurvesHaveChanged(nodes);
 }
@@ -71,13 +74,25 @@ void CommandDelPoints::takeOut(const qsizetype& node)
 {
     SplineBase* const spline = nodes[node]->livingSpline();
     deleted[node] = membersOf(spline, deleted[node]);
-    for (PointInfo* point : std::as_const(deleted[node])) {
-        spline->remove(point);
-    }
+    // From the last key on: each moves up the keys behind it.
+    const QList<PointInfo*>& points = deleted[node];
+    std::for_each(points.crbegin(), points.crend(),
+                  [spline](const PointInfo* point) { spline->remove(point); });
     if (ControlSplineNode* const selection = selectionOf(editor, nodes[node])) {
         selection->clear();
     }
-    dropFromSelections(editor, spline, deleted[node]);
+}
+
+/// No other curve of the same splines may go on naming the keys.
+void CommandDelPoints::dropDeleted()
+{
+    QSet<const SplineBase*> splines;
+    for (qsizetype node = 0; node < nodes.size(); ++node) {
+        if (!deleted[node].isEmpty()) {
+            splines.insert(nodes[node]->livingSpline());
+        }
+    }
+    dropDepartedKeys(editor, splines);
 }
 
 /// Gives a node's keys back to its spline. If its host has destroyed the spline they end here.

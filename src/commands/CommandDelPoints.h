@@ -27,6 +27,7 @@ public:
 
 private:
     void takeOut(const qsizetype& node);
+    void dropDeleted();
     void putBack(const qsizetype& node);
 
     CurveEditor* editor;      ///< not owned

@@ -10,10 +10,11 @@ namespace curve_editor {
 namespace {
 
 /// The object is put back only where it still fits: the host may have given the name to another
-/// spline or slot in the meantime.
+/// spline or slot in the meantime, or another name to the object.
 bool fits(CurveNode* curve, const NodeStruct* record)
 {
-    return showsRecord(curve, record) && curve->expressionSlot() == record->livingSlot();
+    return showsRecord(curve, record) && curve->expressionSlot() == record->livingSlot() &&
+           curve->dotName() == record->dotName;
 }
 
 } // namespace

@@ -6,27 +6,7 @@
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 
-#include <algorithm>
-
 namespace curve_editor {
-
-namespace {
-
-/// Calls `visit` with the selection of every curve on the canvas that shows one of the splines.
-template <class Visit>
-void forEachSelection(CurveEditor* editor, const QSet<const SplineBase*>& splines,
-                      const Visit& visit)
-{
-    for (CurveNode* top : editor->getFunctionEditor()->canvas().topNodes()) {
-        for (CurveNode* curve : top->curves()) {
-            if (splines.contains(curve->spline()) && curve->splineGraph()) {
-                visit(curve->splineGraph()->selection());
-            }
-        }
-    }
-}
-
-} // namespace
 
 NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve)
 {
@@ -109,27 +89,15 @@ QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points)
     return members;
 }
 
-void dropFromSelections(CurveEditor* editor, const SplineBase* spline,
-                        const QList<PointInfo*>& points)
-{
-    if (!spline || points.isEmpty()) {
-        return;
-    }
-    const QSet<PointInfo*> gone(points.cbegin(), points.cend());
-    const auto isGone = [&](PointInfo* point) { return gone.contains(point); };
-    forEachSelection(editor, {spline}, [&](ControlSplineNode& selection) {
-        QList<PointInfo*> kept = selection.selectedPoints;
-        kept.erase(std::remove_if(kept.begin(), kept.end(), isGone), kept.end());
-        if (kept.size() != selection.selectedPoints.size()) {
-            selection.selectPoints(kept);
-        }
-    });
-}
-
 void dropDepartedKeys(CurveEditor* editor, const QSet<const SplineBase*>& splines)
 {
-    forEachSelection(editor, splines,
-                     [](ControlSplineNode& selection) { selection.dropDeparted(); });
+    for (CurveNode* top : editor->getFunctionEditor()->canvas().topNodes()) {
+        for (CurveNode* curve : top->curves()) {
+            if (splines.contains(curve->spline()) && curve->splineGraph()) {
+                curve->splineGraph()->selection().dropDeparted();
+            }
+        }
+    }
 }
 
 } // namespace curve_editor

@@ -57,12 +57,9 @@ bool showsRecord(CurveNode* curve, const NodeStruct* record);
 /// Those of the points that are keys of the spline, which may be null.
 QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points);
 
-/// Takes keys that have left a spline out of the selections of all curves that show it.
-void dropFromSelections(CurveEditor* editor, const SplineBase* spline,
-                        const QList<PointInfo*>& points);
-
 /// Takes all keys that these splines do not hold out of the selections of the curves that show
-/// them: to be called whenever their whole contents were replaced.
+/// them, also of those that are not being edited: to be called once, when keys have left. It looks
+/// at every curve on the canvas.
 void dropDepartedKeys(CurveEditor* editor, const QSet<const SplineBase*>& splines);
 
 } // namespace curve_editor

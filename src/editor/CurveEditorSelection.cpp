@@ -53,6 +53,10 @@ QStringList CurveEditor::getSelection()
 
 void CurveEditor::selectionChangedEditingItem(QItemSelection selected, QItemSelection deselected)
 {
+    if (selectionBusy) { // an echo, or an item of many that are on their way out
+        update();
+        return;
+    }
     const QStringList on = checkListsEditing->treeDotNames(selected.indexes());
     const QStringList off = checkListsEditing->treeDotNames(deselected.indexes());
     const QSet<QString> gone(off.cbegin(), off.cend());

@@ -5,7 +5,7 @@
 #include <QList>
 
 /// The times of a spline's keys, in seconds.
-inline QList<double> times(SplineBase& spline)
+inline QList<double> keyTimes(SplineBase& spline)
 {
     QList<double> all;
     for (const PointInfo* point : spline.getControlPoints()) {
@@ -15,7 +15,7 @@ inline QList<double> times(SplineBase& spline)
 }
 
 /// The values of a spline's keys.
-inline QList<double> values(SplineBase& spline)
+inline QList<double> keyValues(SplineBase& spline)
 {
     QList<double> all;
     for (const PointInfo* point : spline.getControlPoints()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/KeyLists.h"
 #include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/SplineState.h"
@@ -8,13 +9,9 @@
 
 /// What a test of commands on whole curves looks at.
 
-inline QList<double> keyTimes(SplineBase& spline)
+inline curve_editor::CurveCommandsManager& managerOf(EditorFixture& fixture)
 {
-    QList<double> times;
-    for (const PointInfo* key : spline.getControlPoints()) {
-        times.append(key->time);
-    }
-    return times;
+    return *fixture.editor.getCmdManager();
 }
 
 /// The keys themselves.

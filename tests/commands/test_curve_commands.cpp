@@ -262,6 +262,24 @@ private slots:
         fixture.editor.removeCurve("n", "a");
     }
 
+    void anObjectThatBearsAnotherNameByNowStaysWhereItIs()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
+        CurveNode* const object = fixture.logic().findCurve("n.a");
+        fixture.editor.removeCurvesFromEditing();
+        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        manager.undo();
+        fixture.editor.renameCurve("n", "a", "b");
+        manager.redo(); // finds no curve of the old name
+        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve.spline, &curve.expression, 0, 1, false,
+                                true);
+        manager.undo();
+        QCOMPARE(fixture.logic().findCurve("n.b"), object);
+        QVERIFY(fixture.logic().findCurve("n.a"));
+        QVERIFY(fixture.logic().findCurve("n.a") != object);
+    }
+
     void afterARedoTheObjectThatTheFirstExecuteTookOutComesBack()
     {
         EditorFixture fixture;

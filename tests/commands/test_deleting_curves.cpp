@@ -11,15 +11,6 @@
 
 using namespace curve_editor;
 
-namespace {
-
-CurveCommandsManager& managerOf(EditorFixture& fixture)
-{
-    return *fixture.editor.getCmdManager();
-}
-
-} // namespace
-
 class TestDeletingCurves : public QObject
 {
     Q_OBJECT

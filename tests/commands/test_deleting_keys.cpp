@@ -27,23 +27,23 @@ private slots:
         HostEar host(fixture.editor);
         CurveCommandsManager& manager = *fixture.editor.getCmdManager();
         QVERIFY(manager.doCommand(new CommandDelPoints(&fixture.editor)));
-        QCOMPARE(times(a.spline), QList<double>{2});
-        QCOMPARE(times(b.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(a.spline), QList<double>{2});
+        QCOMPARE(keyTimes(b.spline), (QList<double>{1, 2}));
         QCOMPARE(host.take(), QStringList{"n|a"});
         QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
 
         fixture.selectKeys("n.b", {1});
         PointInfo* const otherKey = b.spline.at(1);
         manager.undo();
-        QCOMPARE(times(a.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyTimes(a.spline), (QList<double>{1, 2, 3}));
         QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
                  (QList<PointInfo*>{a.spline.at(0), a.spline.at(2)}));
-        QCOMPARE(times(b.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(b.spline), (QList<double>{1, 2}));
         QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
         QVERIFY(b.spline.findIndex(otherKey) >= 0);
 
         manager.redo();
-        QCOMPARE(times(a.spline), QList<double>{2});
+        QCOMPARE(keyTimes(a.spline), QList<double>{2});
         QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
     }
 
@@ -70,10 +70,10 @@ private slots:
         manager.undo();
         fixture.selectKeys("n.a", {0, 2});
         manager.redo();
-        QCOMPARE(times(curve.spline), (QList<double>{1, 3}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 3}));
         QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
         manager.undo();
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2, 3}));
     }
 
     void deletingOnACurveThatLeftTheCanvasIsStillTakenBack()
@@ -85,9 +85,9 @@ private slots:
         manager.doCommand(new CommandDelPoints(&fixture.editor));
         fixture.editor.removeCurve("n", "a");
         manager.undo();
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         manager.redo();
-        QCOMPARE(times(curve.spline), QList<double>{2});
+        QCOMPARE(keyTimes(curve.spline), QList<double>{2});
     }
 
     void aReaddedCurveWithAnotherSplineIsLeftAloneByOlderCommands()
@@ -104,11 +104,11 @@ private slots:
         fixture.editor.addCurve("n", "a", Qt::red, 0, &other.spline, nullptr, 0, 1, true, true);
         fixture.selectionOf("n.a").selectPoints({other.spline.at(1)});
         manager.undo();
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         QCOMPARE(fixture.selectionOf("n.a").selectedPoints, QList<PointInfo*>{other.spline.at(1)});
         manager.redo();
-        QCOMPARE(times(curve.spline), QList<double>{2});
-        QCOMPARE(times(other.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), QList<double>{2});
+        QCOMPARE(keyTimes(other.spline), (QList<double>{1, 2}));
         fixture.editor.removeCurve("n", "a");
     }
 
@@ -119,7 +119,7 @@ private slots:
         curve.spline.setAddFunc(true);
         fixture.selectKeys("n.a", {0});
         QVERIFY(fixture.editor.getCmdManager()->doCommand(new CommandDelPoints(&fixture.editor)));
-        QCOMPARE(times(curve.spline), QList<double>{2});
+        QCOMPARE(keyTimes(curve.spline), QList<double>{2});
     }
 
     void twoCurvesOfOneSplineDeleteAKeyOnce()
@@ -132,13 +132,13 @@ private slots:
         fixture.selectionOf("n.b").selectPoints({curve.spline.at(0), curve.spline.at(1)});
         CurveCommandsManager& manager = *fixture.editor.getCmdManager();
         QVERIFY(manager.doCommand(new CommandDelPoints(&fixture.editor)));
-        QCOMPARE(times(curve.spline), QList<double>{});
+        QCOMPARE(keyTimes(curve.spline), QList<double>{});
         QVERIFY(fixture.selectionOf("n.b").selectedPoints.isEmpty());
         manager.undo();
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         manager.redo();
         manager.clear();
-        QCOMPARE(times(curve.spline), QList<double>{});
+        QCOMPARE(keyTimes(curve.spline), QList<double>{});
     }
 };
 

@@ -17,15 +17,6 @@
 
 using namespace curve_editor;
 
-namespace {
-
-CurveCommandsManager& managerOf(EditorFixture& fixture)
-{
-    return *fixture.editor.getCmdManager();
-}
-
-} // namespace
-
 class TestLoadingCurves : public QObject
 {
     Q_OBJECT

@@ -32,18 +32,18 @@ private slots:
             curve.spline.setPos(key, 9.0);
         }));
         QCOMPARE(host.take(), QStringList{"n|a"});
-        QCOMPARE(times(curve.spline), (QList<double>{2, 2.5, 3}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{2, 2.5, 3}));
         curve.spline.setChanged(false);
         QCOMPARE(QString::fromStdString(fixture.editor.getCmdManager()->undo()->getDescription()),
                  QString("Move Control Points"));
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2, 3}));
-        QCOMPARE(values(curve.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyValues(curve.spline), (QList<double>{1, 2, 3}));
         QCOMPARE(curve.spline.at(0), key);
         QVERIFY(curve.spline.hasChanged());
         QCOMPARE(host.take(), QStringList{"n|a"});
         fixture.editor.getCmdManager()->redo();
-        QCOMPARE(times(curve.spline), (QList<double>{2, 2.5, 3}));
-        QCOMPARE(values(curve.spline), (QList<double>{2, 9, 3}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{2, 2.5, 3}));
+        QCOMPARE(keyValues(curve.spline), (QList<double>{2, 9, 3}));
         QCOMPARE(host.take(), QStringList{"n|a"});
     }
 
@@ -61,7 +61,7 @@ private slots:
         }));
         QVERIFY(!fixture.editor.getCmdManager()->undo());
         QVERIFY(fixture.editor.getCmdManager()->redo());
-        QCOMPARE(times(curve.spline), (QList<double>{1.5, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1.5, 2}));
     }
 
     void twoKeysOnEachOfTwoCurvesAreOneStep()
@@ -82,13 +82,13 @@ private slots:
                 key->value += 1;
             }
         }));
-        QCOMPARE(times(a.spline), (QList<double>{3, 6, 7}));
-        QCOMPARE(times(b.spline), (QList<double>{-3, -2, 1}));
+        QCOMPARE(keyTimes(a.spline), (QList<double>{3, 6, 7}));
+        QCOMPARE(keyTimes(b.spline), (QList<double>{-3, -2, 1}));
         QCOMPARE(fixture.undoAll(), QStringList{"Move Control Points"});
-        QCOMPARE(times(a.spline), (QList<double>{1, 2, 3}));
-        QCOMPARE(values(a.spline), (QList<double>{1, 2, 3}));
-        QCOMPARE(times(b.spline), (QList<double>{1, 2, 3}));
-        QCOMPARE(values(b.spline), (QList<double>{4, 5, 6}));
+        QCOMPARE(keyTimes(a.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyValues(a.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyTimes(b.spline), (QList<double>{1, 2, 3}));
+        QCOMPARE(keyValues(b.spline), (QList<double>{4, 5, 6}));
     }
 
     void neitherUndoNorRedoOfAMoveTouchesTheSelection()
@@ -101,7 +101,7 @@ private slots:
         fixture.selectionOf("n.a").clear();
         fixture.editor.getCmdManager()->undo();
         QVERIFY(!fixture.selectionOf("n.a").currentPoint);
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
     }
 
     void aMoveGoesOnWithoutTheCurveOnTheCanvas()
@@ -114,9 +114,9 @@ private slots:
             fixture.editor.removeCurve("n", "a");
         }));
         fixture.editor.getCmdManager()->undo();
-        QCOMPARE(times(curve.spline), (QList<double>{1, 2}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         fixture.editor.getCmdManager()->redo();
-        QCOMPARE(times(curve.spline), (QList<double>{2, 7}));
+        QCOMPARE(keyTimes(curve.spline), (QList<double>{2, 7}));
     }
 
     /// The first key stays where it is, and so says nothing of the order of the others.
@@ -132,17 +132,17 @@ private slots:
             }
         }
         const SplineState before(curve.spline);
-        const QList<double> timesBefore = times(curve.spline);
+        const QList<double> timesBefore = keyTimes(curve.spline);
         fixture.selectionOf("n.a").selectPoints(keys);
         fixture.logic().scaleSelection(1.45, 1.0);
-        const QList<double> timesAfter = times(curve.spline);
+        const QList<double> timesAfter = keyTimes(curve.spline);
         QVERIFY(std::is_sorted(timesAfter.cbegin(), timesAfter.cend()));
         QCOMPARE(timesAfter.at(1), 1.45);
         fixture.editor.getCmdManager()->undo();
-        QCOMPARE(times(curve.spline), timesBefore);
+        QCOMPARE(keyTimes(curve.spline), timesBefore);
         QVERIFY(SplineState(curve.spline) == before);
         fixture.editor.getCmdManager()->redo();
-        QCOMPARE(times(curve.spline), timesAfter);
+        QCOMPARE(keyTimes(curve.spline), timesAfter);
     }
 
     void aMoveOfManyKeysAmongManyIsTakenBack_data()
@@ -180,19 +180,19 @@ private slots:
                 key->bezier.tangentLeft = 3.0;
             }
         };
-        const QList<double> before = times(curve.spline);
+        const QList<double> before = keyTimes(curve.spline);
         fixture.selectionOf("n.a").selectPoints(keys);
         QVERIFY(perform<CommandMovePoints>(fixture, move));
         QVERIFY(perform<CommandChangePoints>(fixture, move));
-        const QList<double> after = times(curve.spline);
+        const QList<double> after = keyTimes(curve.spline);
         QVERIFY(after != before);
         QCOMPARE(fixture.undoAll().size(), 2);
-        QCOMPARE(times(curve.spline), before);
-        QCOMPARE(values(curve.spline).last(), count - 1.0);
+        QCOMPARE(keyTimes(curve.spline), before);
+        QCOMPARE(keyValues(curve.spline).last(), count - 1.0);
         QCOMPARE(curve.spline.at(first)->bezier.tangentLeft, 3.0); // the move does not hold it
         fixture.editor.getCmdManager()->redo();
         fixture.editor.getCmdManager()->redo();
-        QCOMPARE(times(curve.spline), after);
+        QCOMPARE(keyTimes(curve.spline), after);
     }
 };
 

@@ -20,11 +20,6 @@ void fillClipboard(EditorFixture& fixture)
     fixture.editor.copy();
 }
 
-CurveCommandsManager& managerOf(EditorFixture& fixture)
-{
-    return *fixture.editor.getCmdManager();
-}
-
 } // namespace
 
 class TestPastingCurves : public QObject

@@ -12,11 +12,6 @@ using namespace curve_editor;
 
 namespace {
 
-CurveCommandsManager& managerOf(EditorFixture& fixture)
-{
-    return *fixture.editor.getCmdManager();
-}
-
 bool resetSelected(EditorFixture& fixture)
 {
     return choose(fixture.editor, "File/Reset Selected Curves");

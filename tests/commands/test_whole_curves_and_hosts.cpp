@@ -21,11 +21,6 @@ using Deed = void (*)(EditorFixture&, std::unique_ptr<LentCurve>&);
 const char* const steps[] = {"paste",          "pasteKeysOffset",  "load",
                              "resetSelectedF", "resetAllCheckedF", "delete"};
 
-CurveCommandsManager& managerOf(EditorFixture& fixture)
-{
-    return *fixture.editor.getCmdManager();
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Deed)
