@@ -136,10 +136,7 @@ void CanvasFunctionBase::reportDrag(CurveNode* curve)
     const QString dotName = curve->dotName();
     QString nodeName = dotName.section(QLatin1Char('.'), 0, 0);
     QString curveName = dotName.section(QLatin1Char('.'), 1);
-    const CurveNode* reported = findCurve(QStringLiteral("%1.%2").arg(nodeName, curveName));
-    if (!reported || reported->notifiesHost()) {
-        emit editor->curveHasChanged(nodeName, curveName);
-    }
+    editor->emitSignalCurveHasChanged(nodeName, curveName);
 }
 
 void CanvasFunctionBase::scaleSelection(const double& sx, const double& sy)

@@ -44,6 +44,24 @@ private slots:
         QCOMPARE(painted(), before);
     }
 
+    void itCanBeHiddenInMidDragAndComesBackAtTheNextStep()
+    {
+        on->logic().horizontalSnap = true;
+        on->selectKeys(QStringLiteral("a.x"), {0, 1});
+        on->press(EditorFixture::pixel(20.4, 30.0));
+        on->moveTo(EditorFixture::pixel(34.4, 26.0));
+        const QImage shown = painted();
+        QVERIFY(QMetaObject::invokeMethod(&on->logic(), "hideMark"));
+        const QImage hidden = painted();
+        QVERIFY(hidden != shown);
+        on->moveTo(EditorFixture::pixel(34.4, 26.0));
+        QCOMPARE(painted(), shown);
+        on->release(EditorFixture::pixel(34.4, 26.0));
+        // The labels of the drag are gone as well.
+        on->canvas().showLabels = true;
+        QCOMPARE(painted(), hidden);
+    }
+
     void itIsNotDrawnWhileOneKeyIsDragged()
     {
         on->logic().horizontalSnap = true;

@@ -268,6 +268,21 @@ private slots:
         QCOMPARE(widget->maxX, 11.0);
     }
 
+    void keysFromTheLeftEdgeToTheRightOneOfAnInvertedViewGetNoMargin()
+    {
+        addCurve("a.x", {{0.0, -1.0}, {10.0, 1.0}});
+        edit({"a.x"});
+        select("a.x", {0, 1});
+        for (void (FunctionEditor::*const fit)() :
+             {&FunctionEditor::completeH, &FunctionEditor::completeSelH}) {
+            widget->minX = 10.0;
+            widget->maxX = 0.0;
+            (widget.get()->*fit)();
+            QCOMPARE(widget->minX, 0.0);
+            QCOMPARE(widget->maxX, 10.0);
+        }
+    }
+
     void fittingToTheSelectionTakesTheSelectedKeys()
     {
         addCurve("a.x", {{100.0, 20.0}, {200.0, 40.0}, {900.0, 900.0}});

@@ -127,6 +127,54 @@ private slots:
         fixture.release(fixture.pixel(12, 12));
     }
 
+    void theHostHearsNothingOfACurveThatDoesNotReport()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {30, 20}});
+        fixture.logic().findCurve("n.a")->setNotifiesHost(false);
+        fixture.paint();
+        int heard = 0;
+        connect(&fixture.editor, &CurveEditor::curveHasChanged, this,
+                [&heard](QString&, QString&) { ++heard; });
+        fixture.drag(fixture.pixel(10, 10), fixture.pixel(12, 12));
+        QCOMPARE(fixture.undoAll(), (QStringList{changeLabel, moveLabel, selectLabel}));
+        QCOMPARE(heard, 0);
+    }
+
+    void oneKeyOfEachOfTwoCurvesMovesByTheMouse()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{10, 10}, {20, 20}});
+        LentCurve& b = fixture.addCurve("n.b", {{12, 30}, {22, 35}});
+        fixture.editor.selectNodes({"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0});
+        fixture.selectKeys("n.b", {0});
+        fixture.paint();
+        // Together they are several keys: neither jumps under the mouse.
+        fixture.drag(fixture.pixel(11, 5), fixture.pixel(14, 4));
+        QCOMPARE(a.spline.at(0)->time, 13.0);
+        QCOMPARE(a.spline.at(0)->value, 9.0);
+        QCOMPARE(b.spline.at(0)->time, 15.0);
+        QCOMPARE(b.spline.at(0)->value, 29.0);
+        QCOMPARE(fixture.undoAll(), QStringList(moveLabel));
+    }
+
+    void keysOfAMixedSetAreDragged()
+    {
+        EditorFixture fixture;
+        LentCurve& spline = fixture.addCurve("n.s", {{10, 10}, {20, 20}});
+        LentCurve& expression = fixture.addCurve("n.e", {{10, 30}}, "t");
+        fixture.editor.selectNodes({"n.e", "n.s"});
+        QCOMPARE(fixture.logic().editingType(), 3);
+        fixture.paint();
+        fixture.drag(fixture.pixel(20, 20), fixture.pixel(22, 21));
+        QCOMPARE(spline.spline.at(1)->time, 22.0);
+        QCOMPARE(spline.spline.at(1)->value, 21.0);
+        // Nothing of a curve that is an expression alone can be hit.
+        fixture.drag(fixture.pixel(10, 30), fixture.pixel(12, 31));
+        QCOMPARE(expression.spline.at(0)->time, 10.0);
+    }
+
     void withTwoCurvesTheHostHearsAtTheEndOnly()
     {
         EditorFixture fixture;

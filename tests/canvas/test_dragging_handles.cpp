@@ -56,6 +56,26 @@ private slots:
         QCOMPARE(curve.spline.at(1)->bezier.tangentRight, curve.spline.at(1)->bezier.tangentLeft);
     }
 
+    void theLineBetweenTheHandlesMovesBothOfABrokenKey()
+    {
+        EditorFixture fixture;
+        LentCurve& curve =
+            fixture.editCurve("n.a", {{10, 10, bezier}, {25, 20, bezier}, {40, 20, bezier}});
+        curve.spline.setTanRight(curve.spline.at(1), 0.1);
+        fixture.selectKeys("n.a", {1});
+        fixture.paint();
+        fixture.press(fixture.pixel(23, 20));
+        QCOMPARE(fixture.selectionOf("n.a").keyPart, 1);
+        fixture.moveTo(fixture.pixel(21, 23));
+        fixture.release(fixture.pixel(21, 23));
+        const double slope = 3.0 / (-4.0 - 0.001 * 5.0);
+        QCOMPARE(curve.spline.at(1)->bezier.tangentLeft, slope);
+        QCOMPARE(curve.spline.at(1)->bezier.tangentRight, slope);
+        QVERIFY(!curve.spline.at(1)->unifiedTangents);
+        QCOMPARE(fixture.undoAll(), QStringList(changeLabel));
+        QCOMPARE(curve.spline.at(1)->bezier.tangentRight, 0.1);
+    }
+
     void handlesAreNeitherSnappedNorLocked()
     {
         EditorFixture fixture;

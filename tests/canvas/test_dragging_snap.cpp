@@ -79,6 +79,22 @@ private slots:
         QCOMPARE(curve.spline.at(0)->value, 13.0); // the other axis is not snapped
     }
 
+    void halfwayBetweenTwoLinesTheLowerOneCatches()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{5, 10}, {48, 20}});
+        fixture.editor.setShowTime();
+        fixture.paint();
+        fixture.editor.switchSnapH();
+        fixture.editor.setHSnapRadius(0.5);
+        fixture.press(fixture.pixel(5, 10));
+        fixture.moveTo(fixture.pixel(15, 10));
+        QCOMPARE(curve.spline.at(0)->time, 10.0);
+        fixture.moveTo(fixture.pixel(15.1, 10));
+        QCOMPARE(curve.spline.at(0)->time, 20.0);
+        fixture.release(fixture.pixel(15.1, 10));
+    }
+
     void verticalSnapHasItsOwnRadius()
     {
         EditorFixture fixture;
@@ -91,7 +107,7 @@ private slots:
         QCOMPARE(curve.spline.at(0)->time, 7.3);
     }
 
-    void severalKeysMoveByTheSnappedMouseAndShowTheMark()
+    void severalKeysMoveByTheSnappedMouse()
     {
         EditorFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{11, 10}, {23, 20}});

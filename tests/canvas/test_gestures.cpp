@@ -289,6 +289,9 @@ private slots:
                 });
         fixture.moveTo(fixture.pixel(25, 30), Qt::NoButton);
         QCOMPARE(said, (QList<double>{25.0, 30.0, 10.0}));
+        fixture.editor.selectNodes(QStringList());
+        fixture.moveTo(fixture.pixel(26, 31), Qt::NoButton);
+        QCOMPARE(said, (QList<double>{26.0, 31.0, 0.0}));
     }
 
     void aKeyIsMadeAtTheCursorForTheOnlyCurve()

@@ -33,6 +33,17 @@ private slots:
         QCOMPARE(fixture.undoSteps(), (QStringList{selectLabel, selectLabel}));
     }
 
+    void allKeysAreSelectedOnCurvesOfEveryType()
+    {
+        EditorFixture fixture;
+        fixture.addCurve("n.s", {{10, 10}, {20, 20}});
+        fixture.addCurve("n.e", {{10, 30}, {15, 30}, {20, 30}}, "t");
+        fixture.editor.selectNodes({"n.s", "n.e"});
+        fixture.editor.selectAllKeys();
+        QCOMPARE(fixture.selectionOf("n.s").selectedPoints.size(), qsizetype(2));
+        QCOMPARE(fixture.selectionOf("n.e").selectedPoints.size(), qsizetype(3));
+    }
+
     void selectingTheSameSetAgainLeavesNoStep()
     {
         EditorFixture fixture;
@@ -65,6 +76,35 @@ private slots:
         fixture.logic().scaleSelection(3.0, 2.0);
         QCOMPARE(curve.spline.at(1)->time, 30.0);
         QCOMPARE(curve.spline.at(1)->value, 20.0);
+    }
+
+    void scalingReachesASingleKeyBesideASelectionOfSeveral()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{10, 10}, {20, 20}});
+        LentCurve& b = fixture.addCurve("n.b", {{10, 10}, {20, 20}});
+        fixture.editor.selectNodes({"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0, 1});
+        fixture.selectKeys("n.b", {1});
+        fixture.logic().scaleSelection(1.5, 2.0);
+        QCOMPARE(a.spline.at(0)->time, 15.0);
+        QCOMPARE(a.spline.at(1)->value, 40.0);
+        QCOMPARE(b.spline.at(0)->time, 10.0);
+        QCOMPARE(b.spline.at(1)->time, 30.0);
+        QCOMPARE(b.spline.at(1)->value, 40.0);
+        QCOMPARE(fixture.undoAll(), QStringList(changeLabel));
+    }
+
+    void scalingAMixedSetScalesNothing()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.addCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.addCurve("n.b", {}, "t");
+        fixture.editor.selectNodes({"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0, 1});
+        fixture.logic().scaleSelection(2.0, 2.0);
+        QCOMPARE(curve.spline.at(0)->time, 10.0);
+        QVERIFY(fixture.undoSteps().isEmpty());
     }
 
     void scalingByOneLeavesNoStep()

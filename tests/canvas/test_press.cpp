@@ -63,6 +63,24 @@ private slots:
         QCOMPARE(fixture.undoSteps(), QStringList(selectLabel));
     }
 
+    void aPressOnAKeyOfOneCurveDeselectsTheKeysOfTheOthers()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.addCurve("n.a", {{10, 10}, {20, 20}});
+        LentCurve& b = fixture.addCurve("n.b", {{10, 30}, {20, 35}});
+        fixture.editor.selectNodes({"n.a", "n.b"});
+        fixture.selectKeys("n.a", {0});
+        fixture.paint();
+        fixture.click(fixture.pixel(20, 35));
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+        QCOMPARE(fixture.selectionOf("n.b").selectedPoints, (QList<PointInfo*>{b.spline.at(1)}));
+        // Toggling leaves them alone.
+        fixture.click(fixture.pixel(10, 10), Qt::LeftButton, Qt::ShiftModifier);
+        QCOMPARE(fixture.selectionOf("n.a").selectedPoints, (QList<PointInfo*>{a.spline.at(0)}));
+        QCOMPARE(fixture.selectionOf("n.b").selectedPoints, (QList<PointInfo*>{b.spline.at(1)}));
+        QCOMPARE(fixture.undoSteps(), (QStringList{selectLabel, selectLabel}));
+    }
+
     void aPressInsideTheSelectionSpanAtAnyHeightGrabsTheSelection()
     {
         EditorFixture fixture;

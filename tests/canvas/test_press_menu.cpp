@@ -62,6 +62,26 @@ private slots:
         QVERIFY(fixture.undoSteps().isEmpty());
     }
 
+    /// What was selected before the press counts, though the press may take it away.
+    void theViewSeesARightPressOnlyWhereNoKeyWasSelected()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        fixture.canvas().anchorX = -1;
+        const auto pressAt = [&fixture](const QPoint& pixel) {
+            fixture.closesMenuOf([&] { fixture.press(pixel, Qt::RightButton); });
+            fixture.release(pixel, Qt::RightButton);
+        };
+        pressAt(fixture.pixel(20, 20));
+        QCOMPARE(fixture.canvas().anchorX, 200);
+        pressAt(fixture.pixel(40, 35));
+        QCOMPARE(fixture.canvas().anchorX, 200);
+        QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
+        pressAt(fixture.pixel(40, 35));
+        QCOMPARE(fixture.canvas().anchorX, 400);
+    }
+
     void aSecondRightPressWhileTheMenuIsOpenOpensNoOther()
     {
         EditorFixture fixture;

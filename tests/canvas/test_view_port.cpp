@@ -104,7 +104,7 @@ private slots:
         QVERIFY(view.rectActive);
     }
 
-    void farToTheRightARectangleMayNotBeNarrowForItsPosition_data()
+    void farToTheRightOrUpARectangleMayNotBeNarrowForItsPosition_data()
     {
         QTest::addColumn<double>("from");
         QTest::addColumn<double>("to");
@@ -114,7 +114,7 @@ private slots:
         QTest::newRow("-1000 to -999.9") << -1000.0 << -999.9 << true;
     }
 
-    void farToTheRightARectangleMayNotBeNarrowForItsPosition()
+    void farToTheRightOrUpARectangleMayNotBeNarrowForItsPosition()
     {
         QFETCH(double, from);
         QFETCH(double, to);
@@ -128,6 +128,13 @@ private slots:
         setCandidate(view, from, to, -1.0, 1.0);
         view.validateRect(false);
         QVERIFY(view.rectValid);
+        // Up the same rule holds.
+        view = plainView();
+        view.minY = from;
+        view.maxY = to;
+        setCandidate(view, 0.0, 10.0, to, from);
+        view.validateRect(true);
+        QCOMPARE(view.rectValid, accepted);
     }
 
     void anEmptyRectangleIsRefusedWhateverIsChecked()

@@ -49,6 +49,11 @@ private slots:
         QCOMPARE(editor.functionView->palette().color(QPalette::Window), QColor(Qt::black));
         QVERIFY(qobject_cast<QHBoxLayout*>(editor.functionView->layout()));
         QVERIFY(canvas->hasMouseTracking());
+        QCOMPARE(canvas->sizePolicy(),
+                 QSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding));
+        QCOMPARE(canvas->minimumSize(), editor.functionView->minimumSize());
+        QCOMPARE(canvas->maximumSize(), editor.functionView->maximumSize());
+        QCOMPARE(canvas->palette().color(QPalette::Window), QColor(192, 192, 192));
     }
 
     void theMainMenuHoldsItsWidgetsInOrder()
