@@ -1,9 +1,11 @@
+#include "curves/CurveFile.h"
 #include "curves/OlderCurveFileTest.h"
 #include "support/SplineState.h"
 
 #include <QTest>
 
 #include <functional>
+#include <sys/stat.h>
 
 using Maker = std::function<QByteArray()>;
 Q_DECLARE_METATYPE(Maker)
@@ -32,6 +34,9 @@ private slots:
     void anOlderFileOfBadKeysKeepsTheOldOnes();
     void manyKeysAreRead_data();
     void manyKeysAreRead();
+    void aPipeOrADeviceIsNotRead_data();
+    void aPipeOrADeviceIsNotRead();
+    void aLinkToAFileIsRead();
 
 private:
     static void row(const char* name, const Maker& maker);
@@ -335,6 +340,46 @@ void TestHostileCurveFiles::manyKeysAreRead()
     QCOMPARE(spline->getControlPointsNumber(), unsigned(count));
     QCOMPARE(spline->getFirst()->time, 0.0);
     QCOMPARE(spline->getLast()->time, count - 1.0);
+}
+
+void TestHostileCurveFiles::aPipeOrADeviceIsNotRead_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::newRow("a device") << "/dev/null";
+    QTest::newRow("a device without an end") << "/dev/zero";
+    QTest::newRow("a link to a device") << path("link");
+    QTest::newRow("a pipe that nobody writes to") << path("pipe");
+}
+
+/// As if it could not be opened. Opening such a pipe would wait for ever.
+void TestHostileCurveFiles::aPipeOrADeviceIsNotRead()
+{
+    QFETCH(QString, target);
+    QVERIFY(QFile::exists(path("link")) || QFile::link("/dev/null", path("link")));
+    QVERIFY(QFile::exists(path("pipe")) || mkfifo(qPrintable(path("pipe")), 0600) == 0);
+    fillCurve();
+    QVERIFY(!curve->LoadXML(target, FunctionParserBase::instance()));
+    curve->loadCrv(target, FunctionParserBase::instance());
+    QString error;
+    QVERIFY(!curve_editor::readCurveFile(target, spline.get(), &expression, error));
+    QCOMPARE(error, QString("Cannot open %1 for reading: It is a pipe or a device").arg(target));
+    QVERIFY(boxes->titles.isEmpty());
+    verifyIsFilled();
+}
+
+void TestHostileCurveFiles::aLinkToAFileIsRead()
+{
+    load(whole("1\nt*2\n"));
+    setExpression("t");
+    QVERIFY(QFile::link(path("loaded.crv"), path("linked.crv")));
+    curve->loadCrv(path("linked.crv"), FunctionParserBase::instance());
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t*2"));
+
+    QVERIFY(CurveFileTest::load(curveFile("<type>expression</type><expression>t+3</expression>")));
+    setExpression("t");
+    QVERIFY(QFile::link(path("loaded.xml"), path("linked.xml")));
+    QVERIFY(curve->LoadXML(path("linked.xml"), FunctionParserBase::instance()));
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t+3"));
 }
 
 QTEST_MAIN(TestHostileCurveFiles)
