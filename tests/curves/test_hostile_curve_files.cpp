@@ -218,6 +218,10 @@ void TestHostileCurveFiles::anXmlFileThatIsOddIsRead_data()
                bare(splineFile("<!--" + QByteArray("=<a =").repeated(9000) + "--><point" +
                                attributes + " xmlns:a='b'><x id='/'>&e;</x><y/></point>"));
     });
+    row("many attributes that begin like a namespace", [] {
+        return splineFile("<point xmln='1'>" + QByteArray("<t x='1' xm='2'/>").repeated(50000) +
+                          "</point>");
+    });
     row("more elements beside each other than may be inside", [] {
         return splineFile("<point>" + QByteArray("<x>0</x><y/><t a='/'/>").repeated(20000) +
                           "</point>");
