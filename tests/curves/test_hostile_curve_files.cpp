@@ -178,6 +178,9 @@ void TestHostileCurveFiles::anXmlFileThatIsRefusedChangesNothing_data()
     });
     row("an endless name", [] { return "<" + QByteArray(manyBytes, 'a'); });
     row("an endless attribute", [] { return "<curve version=\"" + QByteArray(manyBytes, '1'); });
+    row("a version of endless digits", [] {
+        return curveFile("<type>spline</type>", "version='" + QByteArray(manyBytes, '1') + "'");
+    });
     row("an endless type",
         [] { return curveFile("<type>" + QByteArray(manyBytes, 'a') + "</type>"); });
     row("an endless comment", [] { return "<!--" + QByteArray(manyBytes, 'a'); });
@@ -204,6 +207,16 @@ void TestHostileCurveFiles::anXmlFileThatIsOddIsRead_data()
     });
     row("a number of endless digits",
         [] { return splineFile("<point><x>0." + QByteArray(manyBytes, '0') + "</x></point>"); });
+    row("numbers of endless digits beyond all numbers", [] {
+        const QByteArray digits(manyBytes, '1');
+        return splineFile("<point><x>" + digits + "</x><y>-" + digits + "</y><t>1e" + digits +
+                          "</t><b>1e-" + digits + "</b></point>");
+    });
+    row("endless texts that are almost numbers", [] {
+        const QByteArray digits = "0." + QByteArray(manyBytes, '1');
+        return splineFile("<point><x>" + digits + "x</x><y>+-" + digits + "</y><t>" + digits +
+                          ".</t><b>" + digits + " 1</b></point>");
+    });
     row("an endless name of an interpolation", [] {
         return splineFile("<point><type>" + QByteArray(manyBytes, 'a') + "</type></point>");
     });
