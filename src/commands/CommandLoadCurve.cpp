@@ -9,6 +9,7 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
 #include "curves/NodeStruct.h"
+#include "curves/PipeOrDevice.h"
 #include "editor/CurveEditor.h"
 
 #include <QFile>
@@ -48,7 +49,7 @@ CommandLoadCurve::~CommandLoadCurve() = default;
 bool CommandLoadCurve::execute()
 {
     QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     file.close();

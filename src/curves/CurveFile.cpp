@@ -7,6 +7,7 @@
 #include "curves/CurveXmlReader.h"
 #include "curves/CurveXmlWriter.h"
 #include "curves/FileReplacement.h"
+#include "curves/PipeOrDevice.h"
 #include "curves/XmlInputGuard.h"
 
 #include <QCoreApplication>
@@ -51,8 +52,10 @@ bool readCurveFile(const QString& path, SplineBase* spline, FunctionFloatBase** 
                    QString& error)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = tr("Cannot open %1 for reading: %2").arg(path, file.errorString());
+    const bool isFile = !isPipeOrDevice(path);
+    if (!isFile || !file.open(QIODevice::ReadOnly)) {
+        const QString reason = isFile ? file.errorString() : tr("It is a pipe or a device");
+        error = tr("Cannot open %1 for reading: %2").arg(path, reason);
         return false;
     }
     XmlInputGuard guard(file);

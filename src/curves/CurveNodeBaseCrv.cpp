@@ -8,6 +8,7 @@
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/PipeOrDevice.h"
 
 #include <QMessageBox>
 
@@ -41,6 +42,9 @@ int readCurveType(std::ifstream& stream)
 
 void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
 {
+    if (curve_editor::isPipeOrDevice(path)) {
+        return;
+    }
     std::ifstream stream(path.toLocal8Bit().constData());
     if (!stream) {
         return;

@@ -8,6 +8,7 @@
 #include "curves/CurveXmlReader.h"
 #include "curves/CurveXmlWriter.h"
 #include "curves/FileReplacement.h"
+#include "curves/PipeOrDevice.h"
 #include "curves/XmlInputGuard.h"
 
 #include <QFile>
@@ -41,7 +42,7 @@ void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
 bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (curve_editor::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     curve_editor::XmlInputGuard guard(file);

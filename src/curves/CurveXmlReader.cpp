@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <optional>
 #include <system_error>
 
 namespace curve_editor {
@@ -47,27 +48,44 @@ double* numberField(PointInfo& point, const QStringView& element)
     return nullptr;
 }
 
+/// None where the text is anything but one number, or one beyond the range.
+std::optional<double> wholeNumber(const char* begin, const char* end)
+{
+    double number = 0.0;
+    const std::from_chars_result result = std::from_chars(begin, end, number);
+    const bool isWhole = result.ec == std::errc() && result.ptr == end;
+    return isWhole ? std::optional(number) : std::nullopt;
+}
+
+/// What toDouble gives, which takes ten times as long for each digit; 0 for a number beyond the
+/// range.
+double longNumberOf(const QString& text)
+{
+    const QByteArray digits = QStringView(text).trimmed().toLatin1();
+    const bool hasPlus = digits.startsWith('+') && !digits.startsWith("+-");
+    return wholeNumber(digits.begin() + (hasPlus ? 1 : 0), digits.end()).value_or(0.0);
+}
+
 /// What toDouble gives, sooner for plain digits, which is what the writer writes. Both round
 /// correctly, so that they agree to the bit.
 double numberOf(const QString& text)
 {
-    constexpr qsizetype longest = 40;
-    char digits[longest];
+    constexpr qsizetype longestPlain = 40;
+    constexpr qsizetype longestUsual = 1000;
+    char digits[longestPlain];
     const qsizetype length = text.size();
     const bool isPlain =
-        length <= longest && std::all_of(text.begin(), text.end(), [](const QChar& c) {
+        length <= longestPlain && std::all_of(text.begin(), text.end(), [](const QChar& c) {
             return (c >= u'0' && c <= u'9') || c == u'-' || c == u'.' || c == u'e';
         });
     if (isPlain) {
         std::transform(text.begin(), text.end(), digits,
                        [](const QChar& c) { return c.toLatin1(); });
-        double number = 0.0;
-        const std::from_chars_result result = std::from_chars(digits, digits + length, number);
-        if (result.ec == std::errc() && result.ptr == digits + length) {
-            return number;
+        if (const std::optional<double> number = wholeNumber(digits, digits + length)) {
+            return *number;
         }
     }
-    return text.toDouble();
+    return length <= longestUsual ? text.toDouble() : longNumberOf(text);
 }
 
 /// A text of the file as a message shows it: no box can lay out one of some megabytes.
@@ -106,7 +124,7 @@ bool CurveXmlReader::isAtCurveOfKnownVersion()
     }
     const QString current = QLatin1String(CURRENT_CURVE_VERSION);
     const QString text = stream.attributes().value(QLatin1String("version")).toString();
-    const float version = text.toFloat(); // 0 for what is no number
+    const auto version = static_cast<float>(numberOf(text)); // 0 for what is no number
     const bool isDefined = version > 0.0f;
     if (isDefined && current.toFloat() >= version) {
         return true;

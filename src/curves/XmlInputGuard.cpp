@@ -69,6 +69,7 @@ bool XmlInputGuard::isHarmless(char byte)
         // Stands in no value of an attribute, so that a tag is met whatever came before it.
         state = markup;
         attributes = 0;
+        expected = nullptr;
         work += declared;
     } else if (byte == '&') {
         work += hasEntities ? workOfReference : 0;
@@ -100,6 +101,16 @@ XmlInputGuard::State XmlInputGuard::behind(char byte)
     }
 }
 
+/// An attribute whose name begins with "xmlns" counts as a namespace.
+void XmlInputGuard::countNamespace(char byte)
+{
+    expected = expected && *expected == byte ? expected + 1 : nullptr;
+    if (expected && !*expected) {
+        ++declared;
+        expected = nullptr;
+    }
+}
+
 void XmlInputGuard::step(char byte)
 {
     switch (state) {
@@ -117,13 +128,14 @@ void XmlInputGuard::step(char byte)
         work += byte == '"' || byte == '\'' ? declared : 0; // the reader compares them, too
         break;
     case blank:
-        declared += byte == 'x' ? 1 : 0; // as "xmlns" does
+        expected = "xmlns";
         [[fallthrough]];
     case slash:
         depth -= state == slash && byte == '>' ? 1 : 0;
         [[fallthrough]];
     case tag:
         attributes += byte == '=' ? 1 : 0;
+        countNamespace(byte);
         state = behind(byte);
         break;
     case singleQuoted:

@@ -42,14 +42,16 @@ private:
 
     bool isHarmless(char byte);
     void step(char byte);
+    void countNamespace(char byte);
     static State behind(char byte);
 
     QIODevice& source;
     bool isEnded = false;
     State state = text;
-    qint64 depth = 0;    ///< of elements
-    int attributes = 0;  ///< of the present tag
-    qint64 declared = 0; ///< bytes of declarations, and namespaces
+    qint64 depth = 0;               ///< of elements
+    int attributes = 0;             ///< of the present tag
+    qint64 declared = 0;            ///< bytes of declarations, and namespaces
+    const char* expected = nullptr; ///< the rest of "xmlns" while an attribute's name spells it
     bool hasEntities = false;
     qint64 work = 0;
 };

@@ -6,6 +6,7 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/DeviceStreamBuffer.h"
 #include "curves/FileReplacement.h"
+#include "curves/PipeOrDevice.h"
 #include "editor/CurveEditor.h"
 
 #include <QFile>
@@ -18,6 +19,7 @@
 #include <ostream>
 
 using curve_editor::DeviceStreamBuffer;
+using curve_editor::isPipeOrDevice;
 using curve_editor::replaceFile;
 
 namespace {
@@ -145,7 +147,7 @@ void CurveEditor::loadImage()
     const QString path = fileToOpen(this, QStringLiteral("Open Image"), QString(),
                                     QStringLiteral("Images (*.png *.bmp)"));
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
+    if (path.isEmpty() || isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
         return;
     }
     functionEditor->canvas().setBackground(nullptr);

@@ -1,9 +1,11 @@
+#include "curves/CurveFile.h"
 #include "curves/OlderCurveFileTest.h"
 #include "support/SplineState.h"
 
 #include <QTest>
 
 #include <functional>
+#include <sys/stat.h>
 
 using Maker = std::function<QByteArray()>;
 Q_DECLARE_METATYPE(Maker)
@@ -32,6 +34,9 @@ private slots:
     void anOlderFileOfBadKeysKeepsTheOldOnes();
     void manyKeysAreRead_data();
     void manyKeysAreRead();
+    void aPipeOrADeviceIsNotRead_data();
+    void aPipeOrADeviceIsNotRead();
+    void aLinkToAFileIsRead();
 
 private:
     static void row(const char* name, const Maker& maker);
@@ -173,6 +178,9 @@ void TestHostileCurveFiles::anXmlFileThatIsRefusedChangesNothing_data()
     });
     row("an endless name", [] { return "<" + QByteArray(manyBytes, 'a'); });
     row("an endless attribute", [] { return "<curve version=\"" + QByteArray(manyBytes, '1'); });
+    row("a version of endless digits", [] {
+        return curveFile("<type>spline</type>", "version='" + QByteArray(manyBytes, '1') + "'");
+    });
     row("an endless type",
         [] { return curveFile("<type>" + QByteArray(manyBytes, 'a') + "</type>"); });
     row("an endless comment", [] { return "<!--" + QByteArray(manyBytes, 'a'); });
@@ -199,6 +207,16 @@ void TestHostileCurveFiles::anXmlFileThatIsOddIsRead_data()
     });
     row("a number of endless digits",
         [] { return splineFile("<point><x>0." + QByteArray(manyBytes, '0') + "</x></point>"); });
+    row("numbers of endless digits beyond all numbers", [] {
+        const QByteArray digits(manyBytes, '1');
+        return splineFile("<point><x>" + digits + "</x><y>-" + digits + "</y><t>1e" + digits +
+                          "</t><b>1e-" + digits + "</b></point>");
+    });
+    row("endless texts that are almost numbers", [] {
+        const QByteArray digits = "0." + QByteArray(manyBytes, '1');
+        return splineFile("<point><x>" + digits + "x</x><y>+-" + digits + "</y><t>" + digits +
+                          ".</t><b>" + digits + " 1</b></point>");
+    });
     row("an endless name of an interpolation", [] {
         return splineFile("<point><type>" + QByteArray(manyBytes, 'a') + "</type></point>");
     });
@@ -212,6 +230,10 @@ void TestHostileCurveFiles::anXmlFileThatIsOddIsRead_data()
         return "<!DOCTYPE curve [<!ENTITY e \"0\"><!ATTLIST x a CDATA \"1\">]>" +
                bare(splineFile("<!--" + QByteArray("=<a =").repeated(9000) + "--><point" +
                                attributes + " xmlns:a='b'><x id='/'>&e;</x><y/></point>"));
+    });
+    row("many attributes that begin like a namespace", [] {
+        return splineFile("<point xmln='1'>" + QByteArray("<t x='1' xm='2'/>").repeated(50000) +
+                          "</point>");
     });
     row("more elements beside each other than may be inside", [] {
         return splineFile("<point>" + QByteArray("<x>0</x><y/><t a='/'/>").repeated(20000) +
@@ -335,6 +357,46 @@ void TestHostileCurveFiles::manyKeysAreRead()
     QCOMPARE(spline->getControlPointsNumber(), unsigned(count));
     QCOMPARE(spline->getFirst()->time, 0.0);
     QCOMPARE(spline->getLast()->time, count - 1.0);
+}
+
+void TestHostileCurveFiles::aPipeOrADeviceIsNotRead_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::newRow("a device") << "/dev/null";
+    QTest::newRow("a device without an end") << "/dev/zero";
+    QTest::newRow("a link to a device") << path("link");
+    QTest::newRow("a pipe that nobody writes to") << path("pipe");
+}
+
+/// As if it could not be opened. Opening such a pipe would wait for ever.
+void TestHostileCurveFiles::aPipeOrADeviceIsNotRead()
+{
+    QFETCH(QString, target);
+    QVERIFY(QFile::exists(path("link")) || QFile::link("/dev/null", path("link")));
+    QVERIFY(QFile::exists(path("pipe")) || mkfifo(qPrintable(path("pipe")), 0600) == 0);
+    fillCurve();
+    QVERIFY(!curve->LoadXML(target, FunctionParserBase::instance()));
+    curve->loadCrv(target, FunctionParserBase::instance());
+    QString error;
+    QVERIFY(!curve_editor::readCurveFile(target, spline.get(), &expression, error));
+    QCOMPARE(error, QString("Cannot open %1 for reading: It is a pipe or a device").arg(target));
+    QVERIFY(boxes->titles.isEmpty());
+    verifyIsFilled();
+}
+
+void TestHostileCurveFiles::aLinkToAFileIsRead()
+{
+    load(whole("1\nt*2\n"));
+    setExpression("t");
+    QVERIFY(QFile::link(path("loaded.crv"), path("linked.crv")));
+    curve->loadCrv(path("linked.crv"), FunctionParserBase::instance());
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t*2"));
+
+    QVERIFY(CurveFileTest::load(curveFile("<type>expression</type><expression>t+3</expression>")));
+    setExpression("t");
+    QVERIFY(QFile::link(path("loaded.xml"), path("linked.xml")));
+    QVERIFY(curve->LoadXML(path("linked.xml"), FunctionParserBase::instance()));
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t+3"));
 }
 
 QTEST_MAIN(TestHostileCurveFiles)

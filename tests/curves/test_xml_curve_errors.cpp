@@ -37,6 +37,14 @@ void TestXmlCurveErrors::theVersionDecidesWhetherAFileIsRead_data()
     QTest::addColumn<QString>("error");
     QTest::newRow("current") << QByteArray("version='1.0'") << "";
     QTest::newRow("older") << QByteArray("version='0.5'") << "";
+    QTest::newRow("current in many digits") << "version='1." + QByteArray(2000, '0') + "'"
+                                            << "";
+    QTest::newRow("later by less than a float tells") << QByteArray("version='1.00000001'") << "";
+    QTest::newRow("beyond a float")
+        << QByteArray("version='1e39'") << "Unsupported Version: 1e39 > 1.0";
+    QTest::newRow("beyond all numbers")
+        << QByteArray("version='1e999'") << "Unsupported Version: 1e999 > 1.0";
+    QTest::newRow("below a float") << QByteArray("version='1e-60'") << "Undefined Version";
     QTest::newRow("later") << QByteArray("version='1.01'") << "Unsupported Version: 1.01 > 1.0";
     QTest::newRow("infinite") << QByteArray("version='inf'") << "Unsupported Version: inf > 1.0";
     QTest::newRow("missing") << QByteArray("") << "Undefined Version";

@@ -29,6 +29,8 @@ private slots:
     void anUnknownPointTypeIsStoredAsMinusOneAndSurvivesEvaluation();
     void aNumberThatDoesNotParseIsZero_data();
     void aNumberThatDoesNotParseIsZero();
+    void aNumberOfManyDigitsIsReadToTheLast_data();
+    void aNumberOfManyDigitsIsReadToTheLast();
 };
 
 void TestXmlCurveReading::pointsHaveDefaults()
@@ -176,6 +178,40 @@ void TestXmlCurveReading::aNumberThatDoesNotParseIsZero()
     QFETCH(double, expected);
     QVERIFY(load(splineFile("<point><x>3</x><y>" + text + "</y></point>")));
     QCOMPARE(spline->at(0)->value, expected);
+    QCOMPARE(spline->at(0)->time, 3.0);
+}
+
+void TestXmlCurveReading::aNumberOfManyDigitsIsReadToTheLast_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<double>("expected");
+    const QByteArray zeros(2000, '0');
+    const QByteArray half = "1.00000000000000011102230246251565404236316680908203125";
+    QTest::newRow("zeros behind") << "-2.5" + zeros << -2.5;
+    QTest::newRow("zeros before") << zeros + "2.5" << 2.5;
+    QTest::newRow("zeros and an exponent") << "25" + zeros + "e-2001" << 2.5;
+    QTest::newRow("zeros and a capital exponent") << "0." + zeros + "25E+2001" << 2.5;
+    QTest::newRow("half a bit, to even") << half + zeros << 1.0;
+    QTest::newRow("more than half a bit") << half + zeros + "1" << 1.0000000000000002;
+    QTest::newRow("a sign") << "+2.5" + zeros << 2.5;
+    QTest::newRow("blanks around") << "\n " + zeros + "2.5\t" + QByteArray(2000, ' ') << 2.5;
+    QTest::newRow("two signs") << "+-2.5" + zeros << 0.0;
+    QTest::newRow("a letter behind") << "2.5" + zeros + "f" << 0.0;
+    QTest::newRow("a blank inside") << "2.5 " + zeros << 0.0;
+    QTest::newRow("no ASCII digits") << "2.5" + zeros + "\xd9\xa1" << 0.0;
+    QTest::newRow("above all numbers") << "1" + zeros << 0.0;
+    QTest::newRow("below all numbers") << "0." + zeros + "1" << 0.0;
+}
+
+/// Such a text takes a way of its own.
+void TestXmlCurveReading::aNumberOfManyDigitsIsReadToTheLast()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(double, expected);
+    const double usual = QString::fromUtf8(text).toDouble();
+    QVERIFY(usual == expected || std::isinf(usual));
+    QVERIFY(load(splineFile("<point><x>3</x><y>" + text + "</y></point>")));
+    QVERIFY(spline->at(0)->value == expected);
     QCOMPARE(spline->at(0)->time, 3.0);
 }
 

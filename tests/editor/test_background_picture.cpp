@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <sys/stat.h>
+
 class TestBackgroundPicture : public QObject
 {
     Q_OBJECT
@@ -18,6 +20,7 @@ private slots:
     void theFolderOfTheCurvesIsLeftAlone();
     void aCancelLeavesThePicture();
     void aFileThatCannotBeOpenedLeavesThePictureWithoutAWord();
+    void aPipeIsNotWaitedFor();
     void aBadFileGivesTheBoxAndAnEmptyBackground_data();
     void aBadFileGivesTheBoxAndAnEmptyBackground();
     void anotherPictureTakesTheFirstOnesPlace();
@@ -143,6 +146,16 @@ void TestBackgroundPicture::aFileThatCannotBeOpenedLeavesThePictureWithoutAWord(
     };
     fixture->trigger("loadImage");
     QVERIFY(!QFile::exists(fixture->folder.filePath("gone.png")));
+    QCOMPARE(shownColor(), QColor(Qt::red));
+    QVERIFY(fixture->boxes.titles.isEmpty());
+}
+
+void TestBackgroundPicture::aPipeIsNotWaitedFor()
+{
+    savePicture("picture.png", Qt::red);
+    load("picture.png");
+    QCOMPARE(mkfifo(qPrintable(fixture->folder.filePath("pipe.png")), 0600), 0);
+    load("pipe.png");
     QCOMPARE(shownColor(), QColor(Qt::red));
     QVERIFY(fixture->boxes.titles.isEmpty());
 }
