@@ -2,6 +2,7 @@
 #include "core/SplineBase.h"
 #include "curves/CurveFile.h"
 #include "support/FailOnWarning.h"
+#include "support/Patience.h"
 
 #include <QDir>
 #include <QImage>
@@ -26,7 +27,7 @@ Run runHost(const QStringList& arguments)
     QProcess process;
     process.start(QStringLiteral(HOST_PROGRAM), arguments);
     Run run;
-    if (!process.waitForFinished(120000)) {
+    if (!process.waitForFinished(5 * patience)) {
         process.kill();
         process.waitForFinished();
         return run;

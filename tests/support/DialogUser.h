@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Patience.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -20,8 +22,8 @@ public:
     {
         look.callOnTimeout(this, [this] { actOnce(); });
         look.start(0);
-        patience.setSingleShot(true);
-        patience.callOnTimeout(this, [this] {
+        limit.setSingleShot(true);
+        limit.callOnTimeout(this, [this] {
             wasForced = true;
             if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
                 dialog->reject();
@@ -33,8 +35,6 @@ public:
     bool hasActed() const { return acted && !wasForced; }
 
 private:
-    static constexpr int longestStay = 10000; ///< milliseconds
-
     void actOnce()
     {
         auto* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
@@ -43,14 +43,14 @@ private:
         }
         look.stop();
         acted = true;
-        patience.start(longestStay);
+        limit.start(patience);
         act(*dialog);
-        patience.start(longestStay); // what the act itself took on a busy machine does not count
+        limit.start(patience); // what the act itself took on a busy machine does not count
     }
 
     std::function<void(Dialog&)> act;
     QTimer look;
-    QTimer patience;
+    QTimer limit;
     bool acted = false;
     bool wasForced = false;
 };
