@@ -10,24 +10,13 @@
 #include "core/ParseMessage.h"
 #include "curves/CurveNode.h"
 #include "support/GoldenPicture.h"
+#include "support/Pixels.h"
 
 #include <QPainter>
 #include <QTest>
 
 #include <map>
 #include <memory>
-
-/// How many pixels have exactly that colour.
-inline int countOf(const QImage& image, const QColor& color)
-{
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += image.pixelColor(x, y) == color ? 1 : 0;
-        }
-    }
-    return count;
-}
 
 /// A canvas of 400 by 300 pixels over 0 to 10 seconds and -1 to 1 in value, without an editor, and
 /// what its hosts lend.

@@ -1,4 +1,5 @@
 #include "curves/OlderCurveFileTest.h"
+#include "support/Patience.h"
 
 #include <QDir>
 #include <QProcess>
@@ -105,7 +106,7 @@ QByteArray TestFileFormats::complaints(const QStringList& files)
     checker.start(ZK_XMLLINT,
                   QStringList{"--nonet", "--noout", "--relaxng", ZK_DOCS "/curve-file.rng"} +
                       files);
-    if (!checker.waitForFinished(-1) || checker.exitStatus() != QProcess::NormalExit) {
+    if (!checker.waitForFinished(patience) || checker.exitStatus() != QProcess::NormalExit) {
         return "the checker did not run";
     }
     return checker.exitCode() == 0 ? QByteArray() : checker.readAllStandardError();

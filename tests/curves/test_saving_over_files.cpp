@@ -226,12 +226,15 @@ void TestSavingOverFiles::aReadOnlyFileStays()
 
 void TestSavingOverFiles::anothersFileThatMayOnlyBeWrittenToIsWrittenTo()
 {
-    if (getuid() != 0) {
-        QSKIP("Only root can own the file that another process writes to.");
-    }
     writeOld();
     QCOMPARE(chmod(qPrintable(place->path()), 01777), 0);
-    QVERIFY(saveWithoutRights(target));
+    if (!succeedsAsNobody([this] { return access(qPrintable(target), W_OK) == 0; })) {
+        QSKIP("Only root can let somebody else write to a file, and in a folder open to all.");
+    }
+    QVERIFY(succeedsAsNobody([this] {
+        save(target);
+        return true;
+    }));
     QCOMPARE(textOf(target), expectedText());
     QCOMPARE(place->names(), QStringList("curve"));
 }
@@ -253,9 +256,11 @@ void TestSavingOverFiles::aFolderOfThatNameStays()
 
 void TestSavingOverFiles::anEmptyPathIsNoFile()
 {
-    const QStringList before = QDir().entryList(QDir::AllEntries | QDir::Hidden);
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(place->path()));
     save(QString());
-    QCOMPARE(QDir().entryList(QDir::AllEntries | QDir::Hidden), before);
+    QVERIFY(QDir::setCurrent(before));
+    QCOMPARE(place->names(), QStringList());
 }
 
 void TestSavingOverFiles::aNameTooLongForASecondFileBesideItIsWritten()

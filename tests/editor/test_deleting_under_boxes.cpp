@@ -1,5 +1,6 @@
 #include "commands/CommandDelCurves.h"
 #include "editor/EditorParts.h"
+#include "support/DialogUser.h"
 #include "support/ExpressionLine.h"
 #include "support/FailOnWarning.h"
 
@@ -38,6 +39,7 @@ private:
     LentCurve b;
     QPointer<CurveEditor> editor;
     int boxes = 0;
+    std::unique_ptr<DialogUser<QMessageBox>> user;
 };
 
 void TestDeletingUnderBoxes::init()
@@ -55,6 +57,7 @@ void TestDeletingUnderBoxes::init()
 
 void TestDeletingUnderBoxes::cleanup()
 {
+    user.reset();
     delete editor;
     for (LentCurve* const curve : {&a, &b}) {
         delete std::exchange(curve->expression, nullptr);
@@ -80,14 +83,12 @@ void TestDeletingUnderBoxes::enter(const QString& text, const Qt::Key& last)
 /// Acts once a box is open, then closes it, if the action has not.
 void TestDeletingUnderBoxes::actUnderTheBox(const std::function<void()>& action)
 {
-    QTimer::singleShot(0, this, [this, action] {
-        const QPointer<QMessageBox> box(
-            qobject_cast<QMessageBox*>(QApplication::activeModalWidget()));
-        QVERIFY(box);
+    user = std::make_unique<DialogUser<QMessageBox>>([this, action](QMessageBox& box) {
+        const QPointer<QMessageBox> open(&box);
         ++boxes;
         action();
-        if (box) {
-            box->done(QMessageBox::Ok);
+        if (open) {
+            open->done(QMessageBox::Ok);
         }
     });
 }

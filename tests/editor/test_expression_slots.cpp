@@ -5,6 +5,7 @@
 #include "support/ExpressionLine.h"
 #include "support/FailOnWarning.h"
 #include "support/HostEar.h"
+#include "support/Patience.h"
 
 #include "curves/CurveNodeBase.h"
 
@@ -257,7 +258,7 @@ void TestExpressionSlots::aHostMayCloseAndDeleteTheEditorWhenACurveChanges()
     QTest::keyClick(other->commandLine, Qt::Key_T);
     QTest::keyClick(other->commandLine, Qt::Key_Return);
     QCOMPARE(expressionOf(curve), QString("t"));
-    QTRY_VERIFY(!other);
+    QTRY_VERIFY_WITH_TIMEOUT(!other, patience);
 }
 
 QTEST_MAIN(TestExpressionSlots)

@@ -1,6 +1,7 @@
 #include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "support/Patience.h"
 
 #include <QActionGroup>
 
@@ -224,7 +225,7 @@ private slots:
         first.show();
         second.show();
         QApplication::setActiveWindow(&second);
-        QVERIFY(QTest::qWaitForWindowActive(&second));
+        QVERIFY(QTest::qWaitForWindowActive(&second, patience));
         second.commandLine->setEnabled(true);
         second.getFunctionEditor()->setFocus();
         QTest::keyClick(second.getFunctionEditor(), Qt::Key_T, Qt::AltModifier);
@@ -245,7 +246,7 @@ private slots:
         first.show();
         second.show();
         QApplication::setActiveWindow(&window);
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QVERIFY(QTest::qWaitForWindowActive(&window, patience));
         first.getFunctionEditor()->setFocus();
         QTest::keyClick(first.getFunctionEditor(), Qt::Key_T, Qt::AltModifier);
         QVERIFY(first.isModeTime());

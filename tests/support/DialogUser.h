@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Patience.h"
+
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
@@ -20,8 +22,8 @@ public:
     {
         look.callOnTimeout(this, [this] { actOnce(); });
         look.start(0);
-        patience.setSingleShot(true);
-        patience.callOnTimeout(this, [this] {
+        limit.setSingleShot(true);
+        limit.callOnTimeout(this, [this] {
             wasForced = true;
             shown->reject();
         });
@@ -40,17 +42,17 @@ private:
         look.stop();
         acted = true;
         shown = dialog;
-        // The patience is with this dialog: it is not to reject one that comes after it.
-        connect(dialog, &QDialog::finished, &patience, &QTimer::stop);
-        connect(dialog, &QObject::destroyed, &patience, &QTimer::stop);
-        patience.start(60000);
+        // The limit is for this dialog: it is not to reject one that comes after it.
+        connect(dialog, &QDialog::finished, &limit, &QTimer::stop);
+        connect(dialog, &QObject::destroyed, &limit, &QTimer::stop);
+        limit.start(patience);
         act(*dialog);
     }
 
     std::function<void(Dialog&)> act;
-    QDialog* shown = nullptr; ///< not owned; alive while the patience runs
+    QDialog* shown = nullptr; ///< not owned; alive while the limit runs
     QTimer look;
-    QTimer patience;
+    QTimer limit;
     bool acted = false;
     bool wasForced = false;
 };

@@ -77,7 +77,14 @@ public:
     {
         CurveEditor& editor = fixture.editor;
         QAction* const insert = editor.expressionTool->actions().constFirst();
-        QTimer::singleShot(0, &editor, [insert, path] { walk(insert->menu(), path); });
+        QTimer look;
+        look.callOnTimeout(&editor, [&look, insert, path] {
+            if (insert->menu()->isVisible()) {
+                look.stop();
+                walk(insert->menu(), path);
+            }
+        });
+        look.start(0);
         QTest::mouseClick(editor.expressionTool->widgetForAction(insert), Qt::LeftButton);
         QApplication::setActiveWindow(&editor); // on some platforms a menu takes that away
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -7,11 +8,11 @@
 #include <QMessageBox>
 #include <QObject>
 #include <QPointer>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include <functional>
+#include <utility>
 
 /// Answers each file dialog that opens while it lives, as a user at the keyboard: types a path
 /// into the field of the file's name and presses Return, or presses Escape. Notes what the last
@@ -53,11 +54,12 @@ public:
 private:
     void look()
     {
-        QWidget* const top = isTyping ? nullptr : QApplication::activeModalWidget();
+        QWidget* const top = isTyping || returnField ? nullptr : QApplication::activeModalWidget();
         auto* const box = qobject_cast<QMessageBox*>(top);
         auto* const dialog = qobject_cast<QFileDialog*>(top);
         if (box && qobject_cast<QFileDialog*>(box->parentWidget())) {
-            QTest::keyClick(box->button(QMessageBox::Yes), Qt::Key_Space);
+            QAbstractButton* const yes = box->button(QMessageBox::Yes);
+            QTest::keyClick(yes ? yes : box->buttons().constFirst(), Qt::Key_Space);
         } else if (dialog && dialog->isVisible()) {
             if (dialog != last) {
                 note(*dialog);
@@ -98,8 +100,14 @@ private:
             QTest::keyClicks(&field, answer);
             isTyping = false;
         }
-        // Not from this timer, which would then not see the question that the dialog may ask.
-        QTimer::singleShot(0, &field, [&field] { QTest::keyClick(&field, Qt::Key_Return); });
+        // Not from this timer, which would then not see the question that the dialog may ask. One
+        // Return only, however long the typing took: a second one would ask that question twice.
+        returnField = &field;
+        QTimer::singleShot(0, this, [this] {
+            if (const QPointer<QLineEdit> pressed = std::exchange(returnField, nullptr)) {
+                QTest::keyClick(pressed, Qt::Key_Return);
+            }
+        });
     }
 
     static QLineEdit& nameField(const QFileDialog& dialog)
@@ -111,6 +119,7 @@ private:
 
     QString answer;
     bool isTyping = false;
+    QPointer<QLineEdit> returnField; ///< where Return is about to be pressed
     QPointer<QFileDialog> last;
     QTimer timer;
 };

@@ -3,6 +3,7 @@
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "core/SplineBase.h"
+#include "support/Pixels.h"
 
 #include <QImage>
 #include <QPainter>
@@ -63,17 +64,6 @@ struct GraphFixture
         return image;
     }
 };
-
-inline int countOf(const QImage& image, const QColor& color)
-{
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            count += image.pixelColor(x, y) == color ? 1 : 0;
-        }
-    }
-    return count;
-}
 
 inline bool isBlank(const QImage& image)
 {

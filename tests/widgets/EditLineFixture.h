@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/FailOnWarning.h"
+#include "support/Patience.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QSignalSpy>
@@ -34,8 +35,8 @@ protected:
     {
         window = std::make_unique<Window>();
         field = &window->field;
-        QVERIFY(QTest::qWaitForWindowActive(window.get()));
-        QTRY_VERIFY(field->hasFocus());
+        QVERIFY(QTest::qWaitForWindowActive(window.get(), patience));
+        QTRY_VERIFY_WITH_TIMEOUT(field->hasFocus(), patience);
         valueSet =
             std::make_unique<QSignalSpy>(field, SIGNAL(newValueSet(ZK_DOUBLE, CustomEditLine*)));
         valueTyped =

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/FailOnWarning.h"
+#include "support/Patience.h"
 #include "widgets/EditingTree.h"
 
 #include <QContextMenuEvent>
@@ -71,7 +72,7 @@ protected:
     {
         frame = std::make_unique<EditingTreeFrame>();
         tree = &frame->tree;
-        QVERIFY(QTest::qWaitForWindowActive(frame.get()));
+        QVERIFY(QTest::qWaitForWindowActive(frame.get(), patience));
     }
 
     void close() { frame.reset(); }

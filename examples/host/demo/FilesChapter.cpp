@@ -21,6 +21,12 @@ QString name(const char* text)
     return QString::fromLatin1(text);
 }
 
+/// A curve is saved under a path in lower case, which shall lead to the same place.
+QDir temporaryFolder()
+{
+    return QDir::tempPath() == QDir::tempPath().toLower() ? QDir::temp() : QDir(name("/tmp"));
+}
+
 /// The form in which the curve file keeps numbers.
 QString sixDigits(double number)
 {
@@ -54,8 +60,8 @@ FilesChapter::FilesChapter(DemoTools& demoTools)
     : tools(demoTools)
     , scale(tools.curve(name("boat.scale")))
     , hue(tools.curve(name("sail.hue")))
-    , lowerCaseFolder(
-          QDir::temp().filePath(name("evening-sail-%1").arg(QCoreApplication::applicationPid())))
+    , lowerCaseFolder(temporaryFolder().filePath(
+          name("evening-sail-%1").arg(QCoreApplication::applicationPid())))
     , opened(statesOf(tools.window.curves()))
 {
     lowerCaseFolder.mkpath(name("."));
