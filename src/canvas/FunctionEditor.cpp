@@ -3,7 +3,7 @@
 #include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include <QMouseEvent>
 #include <QPainter>

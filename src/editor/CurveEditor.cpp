@@ -2,8 +2,8 @@
 
 #include "canvas/FunctionEditor.h"
 #include "editor/Catalogue.h"
-#include "editor/CurveKeysDialog.h"
 #include "widgets/ControlMenu2.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QApplication>

@@ -4,10 +4,10 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "editor/CurveEditorSettings.h"
-#include "editor/PanDialog.h"
-#include "editor/ScaleDialog.h"
-#include "editor/ViewportSettings.h"
+#include "widgets/CurveEditorSettings.h"
+#include "widgets/PanDialog.h"
+#include "widgets/ScaleDialog.h"
+#include "widgets/ViewportSettings.h"
 
 #include <QPointer>
 #include <QToolButton>

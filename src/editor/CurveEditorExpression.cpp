@@ -8,7 +8,7 @@
 #include "commands/EligibleCurves.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNode.h"
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
 

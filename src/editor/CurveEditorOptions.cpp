@@ -3,7 +3,7 @@
 #include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
-#include "editor/NodeTypePositions.h"
+#include "widgets/NodeTypePositions.h"
 
 #include <QAction>
 

@@ -1,8 +1,8 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "editor/CurveKeysDialog.h"
 #include "editor/Timecode.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QLabel>

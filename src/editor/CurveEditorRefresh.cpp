@@ -3,8 +3,8 @@
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveType.h"
-#include "editor/CurveKeysDialog.h"
 #include "editor/MenuTable.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include <QAction>
 #include <QMenu>

@@ -187,7 +187,7 @@ void CurveEditor::showTopToolbarMenu()
     if (commandLine->hasFocus() && commandLine->isModified()) {
         executeCommand();
     }
-    if (self) {
-        menus[toolbarsSubMenu]->exec(QCursor::pos());
+    if (self && !menus[toolbarsSubMenu]->isVisible()) {
+        menus[toolbarsSubMenu]->exec(QCursor::pos()); // of two loops the first would never end
     }
 }

@@ -2,7 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include <cmath>
 

@@ -4,7 +4,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandDelCurves.h"
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
 

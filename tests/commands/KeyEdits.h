@@ -4,7 +4,7 @@
 
 #include "commands/CommandAddPoint.h"
 #include "curves/CurveType.h"
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 
 /// A user who works on keys: by slots, by the mouse and by the keyboard.

@@ -4,7 +4,7 @@
 
 #include "commands/CommandAddPoint.h"
 #include "commands/KeyLists.h"
-#include "commands/RefreshCounter.h"
+#include "support/RefreshCounter.h"
 
 using namespace curve_editor;
 
@@ -87,27 +87,25 @@ private slots:
     void addingTellsTheHostAndThenRefreshes()
     {
         EditorFixture fixture;
-        LentCurve& curve = fixture.editCurve("n.a.b", {{1, 1}});
-        curve.spline.setLastNodeType(SplineBase::loop);
+        fixture.editCurve("n.a.b", {{1, 1}});
         HostEar host(fixture.editor);
         RefreshCounter refreshes(fixture.editor);
         fixture.editor.getCmdManager()->doCommand(new CommandAddPoint(
             &fixture.editor, fixture.editor.searchAllNodeList("n.a.b"), 5.0, 7.0));
         QCOMPARE(host.take(), QStringList{"n|a.b"});
-        QCOMPARE(refreshes.take(), 1);
+        QCOMPARE(refreshes.taken(), 1);
         fixture.editor.getCmdManager()->undo();
         QCOMPARE(host.take(), QStringList{"n|a.b"});
-        QCOMPARE(refreshes.take(), 1);
+        QCOMPARE(refreshes.taken(), 1);
         fixture.editor.getCmdManager()->redo();
         QCOMPARE(host.take(), QStringList{"n|a.b"});
-        QCOMPARE(refreshes.take(), 1);
+        QCOMPARE(refreshes.taken(), 1);
     }
 
     void undoOfAKeyOnACurveThatLeftTheCanvasTellsNobodyButRefreshes()
     {
         EditorFixture fixture;
-        LentCurve& other = fixture.addCurve("n.b", {{1, 1}});
-        other.spline.setLastNodeType(SplineBase::loop);
+        fixture.addCurve("n.b", {{1, 1}});
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
         fixture.editor.getCmdManager()->doCommand(new CommandAddPoint(
             &fixture.editor, fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
@@ -118,11 +116,11 @@ private slots:
         fixture.editor.getCmdManager()->undo();
         QCOMPARE(keyTimes(curve.spline), QList<double>{1});
         QVERIFY(host.take().isEmpty());
-        QCOMPARE(refreshes.take(), 1);
+        QCOMPARE(refreshes.taken(), 1);
         fixture.editor.getCmdManager()->redo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 5}));
         QVERIFY(host.take().isEmpty());
-        QCOMPARE(refreshes.take(), 1);
+        QCOMPARE(refreshes.taken(), 1);
     }
 
     void aKeyThatTheHostTookIsNotTakenAgain()

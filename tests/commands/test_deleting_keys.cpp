@@ -4,7 +4,7 @@
 
 #include "commands/CommandDelPoints.h"
 #include "commands/KeyLists.h"
-#include "commands/RefreshCounter.h"
+#include "support/RefreshCounter.h"
 
 using namespace curve_editor;
 
@@ -50,13 +50,12 @@ private slots:
     void deletingNothingKeepsNoCommandButReports()
     {
         EditorFixture fixture;
-        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
-        curve.spline.setLastNodeType(SplineBase::loop);
+        fixture.editCurve("n.a", {{1, 1}});
         HostEar host(fixture.editor);
         RefreshCounter refreshes(fixture.editor);
         QVERIFY(!fixture.editor.getCmdManager()->doCommand(new CommandDelPoints(&fixture.editor)));
         QVERIFY(host.take().isEmpty());
-        QCOMPARE(refreshes.take(), 1); // the report of an empty list
+        QCOMPARE(refreshes.taken(), 1); // the report of an empty list
         QVERIFY(!fixture.editor.getCmdManager()->undo());
     }
 

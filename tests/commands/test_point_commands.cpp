@@ -10,7 +10,7 @@
 #include "commands/CommandSetLastNode.h"
 #include "commands/CommandSetPointsType.h"
 #include "commands/KeyLists.h"
-#include "commands/RefreshCounter.h"
+#include "support/RefreshCounter.h"
 
 using namespace curve_editor;
 
@@ -99,15 +99,14 @@ private slots:
     void theBehaviourThatAllCurvesHaveIsNoStepButReportsAndRefreshes()
     {
         EditorFixture fixture;
-        LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
-        curve.spline.setLastNodeType(SplineBase::loop);
+        fixture.editCurve("n.a", {{1, 1}});
         HostEar host(fixture.editor);
         RefreshCounter refreshes(fixture.editor);
         CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(
-            !manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::loop, false)));
+        QVERIFY(!manager.doCommand(
+            new CommandSetLastNode(&fixture.editor, SplineBase::constant, false)));
         QCOMPARE(host.take(), QStringList{"n|a"});
-        QCOMPARE(refreshes.take(), 2); // its own, and that of the report
+        QCOMPARE(refreshes.taken(), 2); // its own, and that of the report
         QVERIFY(!manager.undo());
     }
 

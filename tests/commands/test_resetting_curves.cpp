@@ -6,7 +6,7 @@
 
 #include "commands/CommandResetCurves.h"
 #include "curves/CurveType.h"
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 using namespace curve_editor;
 

@@ -1,8 +1,8 @@
 // What hosts and users do to curves between and within the steps that exchange whole contents.
 
 #include "commands/WholeCurves.h"
-#include "editor/KeysDialogFixture.h"
 #include "support/FailOnWarning.h"
+#include "widgets/KeysDialogFixture.h"
 
 #include "commands/CommandDelCurves.h"
 #include "commands/CommandLoadCurve.h"

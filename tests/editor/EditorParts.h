@@ -5,7 +5,6 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
-#include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -76,27 +75,6 @@ inline QStringList menuTexts(const QMenu* menu)
     }
     return texts;
 }
-
-/// Counts the refreshes of an editor that edits a curve with a constant end: each toggles the
-/// action of that behaviour.
-class RefreshCounter
-{
-public:
-    explicit RefreshCounter(const CurveEditor& editor)
-        : toggles(editor.findChild<QAction*>("lastConstant"), SIGNAL(toggled(bool)))
-    {}
-
-    /// Since the last call.
-    int taken()
-    {
-        const int number = static_cast<int>(toggles.count());
-        toggles.clear();
-        return number;
-    }
-
-private:
-    QSignalSpy toggles;
-};
 
 /// The texts of the tree's top items, in order.
 inline QStringList topTexts(const CurveEditor& editor)

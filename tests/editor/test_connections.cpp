@@ -1,8 +1,8 @@
 #include "canvas/FunctionEditor.h"
-#include "editor/CurveKeysDialog.h"
 #include "editor/EditorParts.h"
 #include "support/FailOnWarning.h"
 #include "widgets/ControlMenu2.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 
 #include <memory>

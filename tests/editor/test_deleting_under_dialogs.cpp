@@ -1,10 +1,11 @@
-#include "editor/CurveEditorSettings.h"
 #include "editor/EditorParts.h"
 #include "editor/FileActionsFixture.h"
-#include "editor/PanDialog.h"
-#include "editor/ScaleDialog.h"
-#include "editor/ViewportSettings.h"
 #include "support/DialogUser.h"
+#include "support/RefreshCounter.h"
+#include "widgets/CurveEditorSettings.h"
+#include "widgets/PanDialog.h"
+#include "widgets/ScaleDialog.h"
+#include "widgets/ViewportSettings.h"
 
 #include <QPointer>
 

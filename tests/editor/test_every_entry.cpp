@@ -1,9 +1,9 @@
 #include "canvas/CanvasBackground.h"
-#include "editor/CurveKeysDialog.h"
 #include "editor/EditorParts.h"
 #include "editor/FileActionsFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/SplineState.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include <QTest>
 

@@ -263,3 +263,5 @@ void TestExpressionSlots::aHostMayCloseAndDeleteTheEditorWhenACurveChanges()
 
 QTEST_MAIN(TestExpressionSlots)
 #include "test_expression_slots.moc"
+
+#include <QSignalSpy>

@@ -1,9 +1,9 @@
 #include "editor/EditorParts.h"
-#include "editor/PanDialog.h"
 #include "support/DialogUser.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 #include "widgets/CustomEditLine.h"
+#include "widgets/PanDialog.h"
 
 #include <QLabel>
 

@@ -1,12 +1,12 @@
-#include "editor/CurveEditorSettings.h"
 #include "editor/EditorParts.h"
 #include "editor/MenuTable.h"
-#include "editor/PanDialog.h"
-#include "editor/ScaleDialog.h"
 #include "editor/ToolbarTable.h"
-#include "editor/ViewportSettings.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "widgets/CurveEditorSettings.h"
+#include "widgets/PanDialog.h"
+#include "widgets/ScaleDialog.h"
+#include "widgets/ViewportSettings.h"
 
 #include <QTranslator>
 

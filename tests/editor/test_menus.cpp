@@ -4,6 +4,7 @@
 #include "support/Patience.h"
 
 #include <QActionGroup>
+#include <QSignalSpy>
 
 class TestMenus : public QObject
 {

@@ -1,6 +1,7 @@
 #include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "support/RefreshCounter.h"
 
 #include <iostream>
 #include <sstream>

@@ -1,11 +1,12 @@
 #include "commands/CurveCommandsManager.h"
 #include "editor/EditorParts.h"
-#include "editor/PanDialog.h"
-#include "editor/ScaleDialog.h"
 #include "support/DialogUser.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "support/RefreshCounter.h"
 #include "support/SplineState.h"
+#include "widgets/PanDialog.h"
+#include "widgets/ScaleDialog.h"
 
 #include <limits>
 #include <memory>

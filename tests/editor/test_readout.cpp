@@ -1,8 +1,8 @@
-#include "editor/CurveKeysDialog.h"
 #include "editor/EditorParts.h"
 #include "editor/Timecode.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "support/RefreshCounter.h"
 
 /// How often the editor refreshes itself, which its users see at the behaviours' actions.
 class TestRefreshCalls : public QObject

@@ -1,13 +1,14 @@
 #include "commands/CurveCommandsManager.h"
-#include "editor/CurveEditorSettings.h"
 #include "editor/EditorParts.h"
-#include "editor/PanDialog.h"
-#include "editor/ScaleDialog.h"
-#include "editor/ViewportSettings.h"
 #include "support/DialogUser.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "support/RefreshCounter.h"
 #include "support/SplineState.h"
+#include "widgets/CurveEditorSettings.h"
+#include "widgets/PanDialog.h"
+#include "widgets/ScaleDialog.h"
+#include "widgets/ViewportSettings.h"
 
 #include <QCheckBox>
 #include <QPushButton>

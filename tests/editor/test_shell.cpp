@@ -1,12 +1,14 @@
 #include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
+#include "support/RefreshCounter.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSplitter>
 
 class TestShell : public QObject

@@ -4,6 +4,7 @@
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/HostEar.h"
+#include "support/RefreshCounter.h"
 
 #include <QSignalSpy>
 

@@ -289,3 +289,5 @@ private slots:
 
 QTEST_MAIN(TestViewActions)
 #include "test_view_actions.moc"
+
+#include <QSignalSpy>

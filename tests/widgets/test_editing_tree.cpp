@@ -258,3 +258,5 @@ private slots:
 
 QTEST_MAIN(TestEditingTree)
 #include "test_editing_tree.moc"
+
+#include <QSignalSpy>

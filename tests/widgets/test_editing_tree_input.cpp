@@ -108,3 +108,5 @@ private slots:
 
 QTEST_MAIN(TestEditingTreeInput)
 #include "test_editing_tree_input.moc"
+
+#include <QSignalSpy>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/ZkTypes.h"
-#include "editor/KeyFields.h"
 #include "ui_CurveKeysSetter.h"
+#include "widgets/KeyFields.h"
 
 #include <QDialog>
 #include <QList>

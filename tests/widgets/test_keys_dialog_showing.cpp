@@ -1,5 +1,5 @@
-#include "editor/KeysDialogFixture.h"
 #include "support/FailOnWarning.h"
+#include "widgets/KeysDialogFixture.h"
 
 #include <cmath>
 #include <memory>

@@ -1,6 +1,6 @@
 // What the dialog shows, and which of its fields are open.
 
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include "canvas/FunctionEditor.h"
 #include "canvas/SelectedKeys.h"
@@ -10,7 +10,7 @@
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
-#include "editor/NodeTypePositions.h"
+#include "widgets/NodeTypePositions.h"
 
 #include <QScopedValueRollback>
 #include <QSet>

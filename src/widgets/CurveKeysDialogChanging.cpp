@@ -1,6 +1,6 @@
 // What the dialog changes, and the commands that it wraps each change in.
 
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
@@ -10,7 +10,7 @@
 #include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
 #include "editor/CurveEditor.h"
-#include "editor/NodeTypePositions.h"
+#include "widgets/NodeTypePositions.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
-#include "editor/CurveEditorSettings.h"
-#include "editor/PanDialog.h"
-#include "editor/ScaleDialog.h"
-#include "editor/ViewportSettings.h"
 #include "support/FailOnWarning.h"
+#include "widgets/CurveEditorSettings.h"
+#include "widgets/PanDialog.h"
+#include "widgets/ScaleDialog.h"
+#include "widgets/ViewportSettings.h"
 
 #include <QApplication>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "editor/PanDialog.h"
+#include "widgets/PanDialog.h"
 
 #include <QCoreApplication>
 

@@ -1,4 +1,4 @@
-#include "editor/ViewportSettings.h"
+#include "widgets/ViewportSettings.h"
 
 ViewportSettings::ViewportSettings(QWidget* parent, bool /*unused*/, Qt::WindowFlags flags)
     : QDialog(parent, flags)

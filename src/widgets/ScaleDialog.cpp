@@ -1,4 +1,4 @@
-#include "editor/ScaleDialog.h"
+#include "widgets/ScaleDialog.h"
 
 ScaleDialog::ScaleDialog(QWidget* parent, Qt::WindowFlags flags)
     : QDialog(parent, flags)

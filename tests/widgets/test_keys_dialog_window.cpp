@@ -1,6 +1,6 @@
 #include "editor/EditorParts.h"
-#include "editor/KeysDialogFixture.h"
 #include "support/FailOnWarning.h"
+#include "widgets/KeysDialogFixture.h"
 
 #include <memory>
 

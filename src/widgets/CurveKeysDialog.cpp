@@ -1,4 +1,4 @@
-#include "editor/CurveKeysDialog.h"
+#include "widgets/CurveKeysDialog.h"
 
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"

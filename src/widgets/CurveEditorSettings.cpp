@@ -1,4 +1,4 @@
-#include "editor/CurveEditorSettings.h"
+#include "widgets/CurveEditorSettings.h"
 
 #include <QLayout>
 

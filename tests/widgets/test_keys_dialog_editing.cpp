@@ -1,7 +1,7 @@
-#include "editor/KeysDialogFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/HostEar.h"
 #include "support/SplineState.h"
+#include "widgets/KeysDialogFixture.h"
 
 #include <memory>
 

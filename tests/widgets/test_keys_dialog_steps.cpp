@@ -1,7 +1,7 @@
-#include "editor/KeysDialogFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/HostEar.h"
 #include "support/SplineState.h"
+#include "widgets/KeysDialogFixture.h"
 
 #include <memory>
 
@@ -322,3 +322,5 @@ private:
 
 QTEST_MAIN(TestKeysDialogSteps)
 #include "test_keys_dialog_steps.moc"
+
+#include <QSignalSpy>

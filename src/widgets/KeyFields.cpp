@@ -1,4 +1,4 @@
-#include "editor/KeyFields.h"
+#include "widgets/KeyFields.h"
 
 #include "core/SplineBase.h"
 

@@ -1,6 +1,6 @@
-#include "editor/KeysDialogFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/SplineState.h"
+#include "widgets/KeysDialogFixture.h"
 
 #include <cmath>
 #include <limits>
@@ -353,3 +353,5 @@ private:
 
 QTEST_MAIN(TestKeysDialogSafety)
 #include "test_keys_dialog_safety.moc"
+
+#include <QSignalSpy>

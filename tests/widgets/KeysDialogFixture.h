@@ -1,7 +1,7 @@
 #pragma once
 
-#include "editor/CurveKeysDialog.h"
 #include "support/EditorFixture.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/TcbCurve.h"
 
 #include <QComboBox>
