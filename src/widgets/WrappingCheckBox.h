@@ -1,10 +1,12 @@
 #pragma once
 
+#include "zk_curve_editor_export.h"
+
 #include <QCheckBox>
 
 /// A check box that writes its text in two lines where its maximum width has no room for one.
 /// `text()` stays in one piece.
-class WrappingCheckBox : public QCheckBox
+class ZK_CURVE_EDITOR_EXPORT WrappingCheckBox : public QCheckBox
 {
 public:
     using QCheckBox::QCheckBox;
