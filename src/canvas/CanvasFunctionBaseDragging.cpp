@@ -6,6 +6,7 @@
 #include "canvas/ViewPort.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/DottedName.h"
 #include "curves/KeyRetiming.h"
 #include "editor/CurveEditor.h"
 
@@ -133,10 +134,8 @@ void CanvasFunctionBase::dragSelection(SplineCurveGraph* graph, const bool& many
 
 void CanvasFunctionBase::reportDrag(CurveNode* curve)
 {
-    const QString dotName = curve->dotName();
-    QString nodeName = dotName.section(QLatin1Char('.'), 0, 0);
-    QString curveName = dotName.section(QLatin1Char('.'), 1);
-    editor->emitSignalCurveHasChanged(nodeName, curveName);
+    curve_editor::DottedName name = curve_editor::DottedName::fromText(curve->dotName());
+    editor->emitSignalCurveHasChanged(name.node, name.curve);
 }
 
 void CanvasFunctionBase::scaleSelection(const double& sx, const double& sy)

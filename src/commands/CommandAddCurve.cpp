@@ -3,6 +3,7 @@
 #include "canvas/FunctionEditor.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
+#include "curves/DottedName.h"
 #include "editor/CurveEditor.h"
 
 namespace curve_editor {
@@ -35,7 +36,7 @@ CommandAddCurve::~CommandAddCurve()
 
 bool CommandAddCurve::execute()
 {
-    const QString name = nodeName + QLatin1Char('.') + curveName;
+    const QString name = DottedName(nodeName, curveName).text();
     isNewRecord = !editor->searchAllNodeList(name);
     curve = editor->getFunctionEditor()->canvas().findLeaf(name);
     if (curve) {
@@ -60,7 +61,7 @@ void CommandAddCurve::undo()
     if (isNewRecord) {
         editor->removeCurve(nodeName, curveName);
     } else {
-        editor->removeCurveFromEditing(nodeName + QLatin1Char('.') + curveName);
+        editor->removeCurveFromEditing(DottedName(nodeName, curveName).text());
     }
     editor->selectNodes(previousSelection);
     editor->emitSignalCurvesHaveChanged();

@@ -9,8 +9,11 @@
 #include "core/SplineBase.h"
 #include "curves/CurveEvaluation.h"
 #include "curves/CurveType.h"
+#include "curves/DottedName.h"
 
 #include <QPointer>
+
+using curve_editor::DottedName;
 
 namespace {
 
@@ -156,10 +159,9 @@ void CurveNodeBase::reset()
     if (SplineBase* keys = spline()) {
         keys->reset();
     }
-    QString nodeName = dotName().section(QLatin1Char('.'), 0, 0);
-    QString curveName = dotName().mid(nodeName.length() + 1);
+    DottedName name = DottedName::fromText(dotName());
     const QPointer<CurveNodeBase> self(this);
-    emit curveHasChanged(nodeName, curveName);
+    emit curveHasChanged(name.node, name.curve);
     if (self) {
         changed = true;
     }

@@ -5,6 +5,7 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/DottedName.h"
 #include "editor/Catalogue.h"
 #include "widgets/ControlMenu2.h"
 
@@ -13,6 +14,7 @@
 #include <QTreeWidgetItem>
 
 using curve_editor::CommandRemoveCurves;
+using curve_editor::DottedName;
 
 namespace {
 
@@ -158,7 +160,7 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
 
 void CurveEditor::setDefaultSelected(const QString& node, const QString& curve)
 {
-    const QString name = node + QLatin1Char('.') + curve;
+    const QString name = DottedName(node, curve).text();
     NodeStruct* const record = searchAllNodeList(name);
     if (!record) {
         return;
@@ -171,7 +173,7 @@ void CurveEditor::setDefaultSelected(const QString& node, const QString& curve)
 void CurveEditor::setDefaultSelected(const QString& node, const QString& curve,
                                      CurveNode* curveNode)
 {
-    const QString name = node + QLatin1Char('.') + curve;
+    const QString name = DottedName(node, curve).text();
     setCurveEditableOn(searchAllNodeList(name), curveNode);
     selectNodes(QStringList(name));
     update();

@@ -8,6 +8,7 @@
 #include "commands/EligibleCurves.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNode.h"
+#include "curves/DottedName.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
@@ -92,8 +93,8 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
         }
         return;
     }
-    const QString name = node + QLatin1Char('.') + curve;
-    if (CurveNode* const found = functionEditor->canvas().findLeaf(name)) {
+    const DottedName name(node, curve);
+    if (CurveNode* const found = functionEditor->canvas().findLeaf(name.text())) {
         found->removeExpression(true);
     }
     refreshCommandLine();

@@ -4,12 +4,15 @@
 
 #include "canvas/FunctionEditor.h"
 #include "curves/CurveNode.h"
+#include "curves/DottedName.h"
 #include "editor/Catalogue.h"
 
 #include <QSet>
 #include <QTreeWidgetItem>
 
 #include <algorithm>
+
+using curve_editor::DottedName;
 
 namespace {
 
@@ -46,7 +49,7 @@ void CurveEditor::removeCurve(const QString& node, const QString& curve)
     if (!searchMainNode(node)) {
         return;
     }
-    if (NodeStruct* const record = catalogue->findExactly(node + QLatin1Char('.') + curve)) {
+    if (NodeStruct* const record = catalogue->findExactly(DottedName(node, curve).text())) {
         setCurveEditableOff(record);
         catalogue->removeNode(record);
     }
@@ -88,8 +91,8 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     if (!searchMainNode(node)) {
         return;
     }
-    const QString oldName = node + QLatin1Char('.') + oldCurve;
-    const QString newName = node + QLatin1Char('.') + newCurve;
+    const QString oldName = DottedName(node, oldCurve).text();
+    const QString newName = DottedName(node, newCurve).text();
     NodeStruct* const record = catalogue->findExactly(oldName);
     if (!record) {
         return;
@@ -149,9 +152,9 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
     for (qsizetype i = 0; i < records.size(); ++i) {
         NodeStruct* const record = records[i];
         record->mainNodeName = newName;
-        record->dotName = newName + QLatin1Char('.') + record->curveName;
-        record->safeDotName = record->dotName;
-        record->safeDotName.replace(QLatin1Char(' '), QLatin1Char('_'));
+        const DottedName renamed(newName, record->curveName);
+        record->dotName = renamed.text();
+        record->safeDotName = renamed.safeText();
         catalogue->nameHasChanged(record);
         if (curves[i] && curves[i]->dotName() != record->dotName) {
             curves[i]->setDotName(record->dotName);
