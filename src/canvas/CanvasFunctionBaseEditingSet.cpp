@@ -19,9 +19,6 @@
 
 namespace {
 
-const int unknownName = 1;
-const int openParenthesis = 3;
-
 QString expressionText(CurveNode* curve)
 {
     const FunctionFloatBase* expression = curve->expression();
@@ -238,9 +235,9 @@ FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, Pars
         return expression;
     }
     QString problem = tr("Unknown");
-    if (message.errorKind == unknownName) {
+    if (message.errorKind == ParseMessage::unknownName) {
         problem = tr("Variable %1 not found").arg(markedText(message));
-    } else if (message.errorKind == openParenthesis) {
+    } else if (message.errorKind == ParseMessage::openParenthesis) {
         problem = tr("Unmatched parenthesis");
     }
     QMessageBox::warning(nullptr, tr("Syntax error"), problem);

@@ -104,7 +104,7 @@ FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, Pars
     message = ParseMessage();
     message.expressionText = source;
     if (source.size() > longestText) {
-        writeError(message, {ExpressionGrammar::other, longestText, 1});
+        writeError(message, {ParseMessage::otherError, longestText, 1});
         return nullptr;
     }
     ExpressionGrammar grammar(source,
@@ -116,7 +116,7 @@ FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, Pars
     }
     tree->text = tree->getString();
     if (tree->text.size() > longestText) {
-        writeError(message, {ExpressionGrammar::other, 0, source.size()});
+        writeError(message, {ParseMessage::otherError, 0, source.size()});
         return nullptr;
     }
     return tree.release();
