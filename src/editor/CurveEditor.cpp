@@ -1,7 +1,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"

@@ -2,9 +2,9 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandAddCurve.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/DottedName.h"
-#include "editor/Catalogue.h"
 
 #include <QTreeWidgetItem>
 

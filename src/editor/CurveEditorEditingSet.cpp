@@ -4,9 +4,9 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DottedName.h"
-#include "editor/Catalogue.h"
 #include "widgets/ControlMenu2.h"
 
 #include <QColorDialog>

@@ -7,7 +7,9 @@
 #include "commands/CommandParseExpr.h"
 #include "commands/EligibleCurves.h"
 #include "core/FunctionFloatBase.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/DependencyWalk.h"
 #include "curves/DottedName.h"
 #include "widgets/CurveKeysDialog.h"
 
@@ -98,4 +100,13 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
         found->removeExpression(true);
     }
     refreshCommandLine();
+}
+
+bool CurveEditor::checkDependencies(const QString& variable, const QString& curve, QString& culprit)
+{
+    const NodeStruct* const found = dependencyCulprit(*catalogue, variable, curve);
+    if (found) {
+        culprit = found->dotName;
+    }
+    return found != nullptr;
 }

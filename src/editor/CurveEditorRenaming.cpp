@@ -3,9 +3,9 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/DottedName.h"
-#include "editor/Catalogue.h"
 
 #include <QSet>
 #include <QTreeWidgetItem>

@@ -1,4 +1,4 @@
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 
 #include "curves/CurveVariable.h"
 

@@ -1,4 +1,4 @@
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "curves/NameIndex.h"
 #include "curves/NodeStruct.h"
-#include "editor/NameIndex.h"
 
 #include <QList>
 #include <QString>
