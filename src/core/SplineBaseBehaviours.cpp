@@ -1,3 +1,5 @@
+// What a spline is before its first key and after its last.
+
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"

@@ -1,3 +1,5 @@
+// The value within the keys.
+
 #include "core/SplineBase.h"
 
 #include <algorithm>

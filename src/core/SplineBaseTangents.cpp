@@ -1,3 +1,5 @@
+// The slopes that handles show.
+
 #include "core/SplineBase.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// Construction, the parts that others reach, and the events of the window.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
@@ -90,7 +92,7 @@ curve_editor::CurveCommandsManager* CurveEditor::getCmdManager()
     return &manager;
 }
 
-/// Past QDialog.
+/// QDialog's own handling of events is left out.
 bool CurveEditor::event(QEvent* event)
 {
     return QWidget::event(event);

@@ -1,3 +1,5 @@
+// The catalogue of curves: what a host adds, and how a record is found.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"

@@ -1,3 +1,5 @@
+// Modes, tools and modifier keys.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"

@@ -1,3 +1,5 @@
+// The behaviours at the ends, and the types of the selected keys.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"

@@ -1,3 +1,5 @@
+// The axis in frames or seconds, and the read-outs of the cursor.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"

@@ -1,3 +1,5 @@
+// The window put together: canvas, tree, read-outs.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"

@@ -1,3 +1,5 @@
+// The part of the curves that is in view: time line, rate, ranges, fitting.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
