@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/UnlinkedCurves.h"
 #include "core/SplineBase.h"
 
 #include <QColor>
@@ -68,13 +69,13 @@ public:
     CurveNode* addCanvasCurve(const QString& dotName, const QColor& color, const float& curveValue,
                               SplineBase* spline, FunctionFloatBase** expressionSlot,
                               const float& minValue, const float& maxValue, const bool& notifyHost);
-    /// Puts an unlinked curve back into the tree, unless a node of its name is there, which is
-    /// given back then.
+    /// Puts an unlinked curve back into the tree, and owns it from then on, unless a node of its
+    /// name is there, which is given back then. Null, too, for a curve that has been freed.
     CurveNode* attachCanvasCurve(CurveNode* curve);
-    /// Unlinks the node of that name without freeing it: commands may hold it. It is freed with
-    /// the canvas at the latest.
+    /// Unlinks the node of that name, and frees it as soon as nobody names it: see CurveHold and
+    /// CanvasVisit.
     void removeCanvasCurve(const QString& dotName);
-    /// Frees all nodes that are linked.
+    /// The same with all nodes that are linked.
     void clearCurves();
     /// Exactly these curves are being edited, and drawn, from now on. A group stands for its
     /// leaves; unknown names and null are passed over. A curve that is deselected loses its
@@ -110,11 +111,13 @@ public:
     void resetAllCurves();
     /// The top nodes of the tree, owned by the canvas.
     QList<CurveNode*> topNodes() const;
-    /// Deletes a node that stands unlinked; does nothing on any other.
+    /// Frees a node that stands unlinked as soon as nobody names it; does nothing on any other.
     void discardUnlinked(CurveNode* node);
-    /// Called by nodes when they come to life, when they get a new name and when they die.
+    /// Called by nodes when they come to life, when they get a new name, when the last hold of
+    /// them has ended and when they die.
     void nodeCreated(CurveNode* node);
     void nodeRenamed(CurveNode* node, const QString& oldDotName);
+    void nodeReleased(CurveNode* node);
     void nodeDestroyed(CurveNode* node);
     /// @}
 
@@ -239,8 +242,11 @@ signals:
     void showKeyProperties();
 
 private:
+    friend class CanvasVisit;
+
     void link(CurveNode* node, CurveNode* group);
     bool isLinked(const CurveNode* node) const;
+    QList<CurveNode*> linkedNodes(const QString& dotName) const;
     void leaveEditing();
     QStringList enterEditing(CurveNode* node);
 
@@ -291,8 +297,9 @@ private:
     bool showMark = false; ///< the snap cross-hair is drawn
     bool selectionPending = false;
     QList<CurveNode*> editing; ///< leaves of the tree, not owned, each once
-    QList<CurveNode*> tops;    ///< owned
-    QSet<CurveNode*> nodes;    ///< every living node made for this canvas, linked or not
+    UnlinkedCurves unlinked{editing};
+    QList<CurveNode*> tops; ///< owned
+    QSet<CurveNode*> nodes; ///< every living node made for this canvas, linked or not
     QMultiHash<QString, CurveNode*> nodesByName; ///< the same by dotted name
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;

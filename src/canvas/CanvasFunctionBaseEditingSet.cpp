@@ -1,6 +1,7 @@
 // The set of curves being edited, and what it says of itself.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandAddFunc.h"
@@ -16,6 +17,7 @@
 
 #include <fstream>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -46,12 +48,14 @@ void dropSelections(const QList<CurveNode*>& former, const QList<CurveNode*>& ed
 
 } // namespace
 
+/// To be called during a visit: curves that had left with their group may end after it.
 void CanvasFunctionBase::leaveEditing()
 {
-    for (CurveNode* curve : std::as_const(editing)) {
+    const QList<CurveNode*> former = std::exchange(editing, {});
+    for (CurveNode* curve : former) {
         curve->setActive(false);
+        unlinked.nameDropped(curve);
     }
-    editing.clear();
 }
 
 /// Takes a leaf, or all leaves of a group, into the set, each once. Returns the names of those
@@ -72,6 +76,7 @@ QStringList CanvasFunctionBase::enterEditing(CurveNode* node)
 
 void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 {
+    const CanvasVisit visit(this);
     const QStringList names = dotNames; // whoever hears the signal may change the caller's list
     const QList<CurveNode*> former = editing;
     leaveEditing();
@@ -87,6 +92,7 @@ void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 
 void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
 {
+    const CanvasVisit visit(this);
     const QList<CurveNode*> wanted = curves; // the argument may be our own list
     const QList<CurveNode*> former = editing;
     leaveEditing();

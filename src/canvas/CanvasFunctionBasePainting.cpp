@@ -1,6 +1,7 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasBackground.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SelectedKeys.h"
@@ -91,7 +92,10 @@ void CanvasFunctionBase::paint(QPainter* painter)
         grid->update(*view);
     }
     grid->draw(painter);
-    for (CurveNode* top : tops) {
+    // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
+    const CanvasVisit visit(this);
+    const QList<CurveNode*> drawn = tops;
+    for (CurveNode* top : drawn) {
         top->draw(view, painter);
     }
 }

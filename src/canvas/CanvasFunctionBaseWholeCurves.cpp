@@ -1,6 +1,7 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "commands/CommandPasteCurve.h"
@@ -108,6 +109,7 @@ void CanvasFunctionBase::resetAllCurves()
     if (tops.isEmpty()) {
         return;
     }
+    const CanvasVisit visit(this);
     const QList<CurveNode*> former = editing;
     QList<CurveNode*> all;
     for (CurveNode* top : std::as_const(tops)) {

@@ -1,5 +1,6 @@
 #include "canvas/FunctionEditor.h"
 
+#include "canvas/CanvasVisit.h"
 #include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
@@ -70,7 +71,10 @@ void FunctionEditor::reportCursor(QMouseEvent* event)
 
 bool FunctionEditor::event(QEvent* event)
 {
-    if (CanvasFunctionBase::carriesModifiers(event)) {
+    const bool isInput = CanvasFunctionBase::carriesModifiers(event);
+    // A gesture may go on with its curves after it has reported to the host.
+    const CanvasVisit visit(isInput ? &logic : nullptr);
+    if (isInput) {
         logic.watchModifiers(static_cast<QInputEvent*>(event));
     }
     return QWidget::event(event);

@@ -27,20 +27,12 @@ CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, 
     , selectByDefault(select)
 {}
 
-CommandAddCurve::~CommandAddCurve()
-{
-    if (!isAdded && isNewRecord && curve) {
-        editor->getFunctionEditor()->canvas().discardUnlinked(curve);
-    }
-}
-
 bool CommandAddCurve::execute()
 {
     const QString name = DottedName(nodeName, curveName).text();
     isNewRecord = !editor->searchAllNodeList(name);
-    curve = editor->getFunctionEditor()->canvas().findLeaf(name);
-    if (curve) {
-        isAdded = true;
+    curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
+    if (curve.get()) {
         if (selectByDefault) {
             editor->setDefaultSelected(nodeName, curveName);
         }
@@ -50,8 +42,7 @@ bool CommandAddCurve::execute()
     if (wantsSelection()) {
         editor->setDefaultSelected(nodeName, curveName);
     }
-    curve = editor->getFunctionEditor()->canvas().findLeaf(name);
-    isAdded = true;
+    curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
     editor->emitSignalCurvesHaveChanged();
     return true;
 }
@@ -65,17 +56,15 @@ void CommandAddCurve::undo()
     }
     editor->selectNodes(previousSelection);
     editor->emitSignalCurvesHaveChanged();
-    isAdded = false;
 }
 
 void CommandAddCurve::redo()
 {
     addToCatalogue();
     if (wantsSelection()) {
-        editor->setDefaultSelected(nodeName, curveName, curve);
+        editor->setDefaultSelected(nodeName, curveName, curve.get());
     }
     editor->emitSignalCurvesHaveChanged();
-    isAdded = true;
 }
 
 ZK_String CommandAddCurve::getDescription()

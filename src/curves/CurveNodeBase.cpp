@@ -1,6 +1,7 @@
 #include "curves/CurveNodeBase.h"
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/ExpressionCurveGraph.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
@@ -169,6 +170,7 @@ void CurveNodeBase::reset()
 
 double CurveNodeBase::evaluate(const double& time)
 {
+    const CanvasVisit visit(canvas); // a refresh function may take this curve off the canvas
     const int type = curveType();
     SplineBase* keys = spline();
     if (type == splineCurve) {

@@ -1,6 +1,7 @@
 // How a curve keeps its pixels up to date and draws them.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/ExpressionCurveGraph.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
@@ -70,11 +71,18 @@ void CurveNodeBase::postponeUpdate()
     clearChangedFlags();
 }
 
+void CurveNodeBase::dropPixels()
+{
+    keysGraph->dropPixels();
+    expressionGraph->dropPixels();
+}
+
 void CurveNodeBase::updateGraph(ViewPort* viewport)
 {
     if (!viewport) {
         return;
     }
+    const CanvasVisit visit(canvas);
     const int type = curveType();
     const bool pixelsAreOld =
         type == expressionCurve ? expressionGraph->pixelsAreOld : keysGraph->arePixelsOld();
@@ -113,6 +121,7 @@ void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
     if (!viewport || !painter) {
         return;
     }
+    const CanvasVisit visit(canvas);
     const int type = curveType();
     if (isActive(type)) {
         updateGraph(viewport);

@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
 #include "curves/Catalogue.h"
@@ -83,6 +84,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
     if (!record) {
         return;
     }
+    const CanvasVisit visit(&functionEditor->canvas());
     selectionBusy = true;
     if (!record->isEditing) {
         enterCanvas(record, curve);
@@ -97,9 +99,7 @@ void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
 {
     CanvasFunctionBase& canvas = functionEditor->canvas();
     dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
-    if (curve) {
-        canvas.attachCanvasCurve(curve);
-    } else {
+    if (!canvas.attachCanvasCurve(curve)) {  // none was given, or it has been freed since
         curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
                                       record->livingSpline(), record->livingSlot(),
                                       record->minValue, record->maxValue, record->notifyHost);

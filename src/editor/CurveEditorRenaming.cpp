@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
@@ -97,6 +98,8 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     if (!record) {
         return;
     }
+    const CanvasVisit visit(
+        &functionEditor->canvas()); // whoever listens to the tree may do anything
     CurveNode* const held = functionEditor->canvas().findLeaf(oldName);
     record->dotName = newName;
     record->curveName = newCurve;
@@ -118,6 +121,7 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     }
     record->isEditing = false;
     setCurveEditableOn(record, held);
+    functionEditor->canvas().discardUnlinked(held); // a group of the new name had its place
     if (newName.contains(oldCurveMarker)) {
         if (QTreeWidgetItem* const renamed = checkListsEditing->findTreeItem(newName)) {
             renamed->setHidden(true);

@@ -2,6 +2,8 @@
 
 #include "widgets/CurveKeysDialog.h"
 
+#include "canvas/CanvasVisit.h"
+#include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
@@ -135,6 +137,8 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
         return;
     }
     splitStepAtNewSelection();
+    // Whoever hears of a twin's new text may take curves off the canvas.
+    const CanvasVisit visit(&editor->getFunctionEditor()->canvas());
     const keyFields field = fieldOf(line);
     const bool isFrame = field == timeField && editor->isModeFrames();
     const double number = isFrame ? value / editor->getFps() : value;
