@@ -3,6 +3,7 @@
 #include "core/FunctionParserBase.h"
 #include "core/KeyValue.h"
 #include "core/ParserKeyEntry.h"
+#include "core/RoundingNoise.h"
 
 #include <cstring>
 
@@ -61,7 +62,7 @@ EvaluationTime::EvaluationTime()
 EvaluationTime::EvaluationTime(const double& time, const double& fps)
     : EvaluationTime()
 {
-    if (writeMoment(time, time * fps, fps)) {
+    if (writeMoment(time, frameAt(time, fps), fps)) {
         ++currentEpoch;
     }
 }
@@ -76,7 +77,7 @@ EvaluationTime::~EvaluationTime()
 
 void EvaluationTime::set(const double& time, const double& fps)
 {
-    if (writeMoment(time, time * fps, fps) || livingObjects == 1) {
+    if (writeMoment(time, frameAt(time, fps), fps) || livingObjects == 1) {
         ++currentEpoch;
     }
 }

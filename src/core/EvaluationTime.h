@@ -13,8 +13,9 @@ class ZK_CURVE_CORE_EXPORT EvaluationTime
 public:
     /// Keeps the present values and writes nothing yet.
     EvaluationTime();
-    /// Keeps the present values and writes the moment: f is time * fps. Time in seconds, fps in
-    /// frames per second; any number will do.
+    /// Keeps the present values and writes the moment: f is time * fps, and a whole number where
+    /// nothing but rounding parts it from one. Time in seconds, fps in frames per second; any
+    /// number will do.
     EvaluationTime(const double& time, const double& fps);
     ~EvaluationTime();
     EvaluationTime(const EvaluationTime&) = delete;
