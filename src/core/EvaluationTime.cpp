@@ -87,6 +87,13 @@ void EvaluationTime::keep()
     restores = false;
 }
 
+std::array<double, 3> EvaluationTime::now()
+{
+    const TimeKeys& keys = timeKeys();
+    return {ParserKeyEntry::stored(keys.time), ParserKeyEntry::stored(keys.frame),
+            ParserKeyEntry::stored(keys.fps)};
+}
+
 unsigned long long EvaluationTime::epoch()
 {
     return livingObjects > 0 ? currentEpoch : 0;

@@ -2,6 +2,8 @@
 
 #include "zk_curve_core_export.h"
 
+#include <array>
+
 /// Puts "t", "f" and "fps" to a moment for as long as it lives and restores them afterwards.
 ///
 ///     EvaluationTime moment(2.5, 24.0); // t = 2.5, f = 60, fps = 24
@@ -26,6 +28,9 @@ public:
 
     /// Leaves "t", "f" and "fps" as they are now: nothing is restored.
     void keep();
+
+    /// What "t", "f" and "fps" hold, in this order.
+    static std::array<double, 3> now();
 
     /// Grows with each moment that an outermost evaluation is made for, and whenever an evaluation
     /// inside of it goes to another moment or comes back from it. A value worked out under the

@@ -9,6 +9,7 @@
 #include "core/SplineBase.h"
 #include "curves/CurveEvaluation.h"
 #include "curves/CurveType.h"
+#include "curves/EvaluatedCurve.h"
 
 #include <QPointer>
 
@@ -182,6 +183,7 @@ double CurveNodeBase::evaluate(const double& time)
         moment.keep();
         return 0.0;
     }
+    const curve_editor::EvaluatedCurve asked(keys, function);
     if (type == expressionCurve) {
         return clampToLimits(function->value(), minimum, maximum);
     }
