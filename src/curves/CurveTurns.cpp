@@ -57,45 +57,71 @@ CurveVariable* CurveTurns::nextToCome(Turn& turn) const
     while (!turn.coming.empty()) {
         CurveVariable* next = turn.coming.back();
         turn.coming.pop_back();
-        const bool isNew = turn.known.find(next) == turn.known.end();
-        if (isNew && next->closingEvaluation() == 0 &&
-            !EvaluatedCurve::isGood(next->value, moment)) {
+        if (next->closingEvaluation() != 0 || turn.answers.count(next) > 0) {
+            continue;
+        }
+        const CurveValue::Known* known = EvaluatedCurve::known(next->value, moment);
+        if (!known) {
             return next;
         }
+        turn.answers[next] = *known;
     }
     return nullptr;
 }
 
 void CurveTurns::endTurn(const double& number)
 {
-    CurveVariable& done = turns.back().variable;
-    turns.back().curve.finish(number);
+    const CurveVariable* const done = &turns.back().variable;
+    const CurveValue::Known answer = turns.back().curve.finish(number);
     turns.pop_back();
     if (!turns.empty()) {
-        turns.back().known[&done] = {number, done.value.earliest};
+        turns.back().answers[done] = answer;
     }
+}
+
+/// The turn whose curve is the one that is being worked out; null if that one takes no turns.
+CurveTurns::Turn* CurveTurns::present()
+{
+    const bool isTurn =
+        innermost && !innermost->turns.empty() && innermost->turns.back().curve.isInnermost();
+    return isTurn ? &innermost->turns.back() : nullptr;
 }
 
 bool CurveTurns::isInterrupted()
 {
-    return innermost && !innermost->turns.empty() && innermost->turns.back().wanted &&
-           innermost->turns.back().curve.isInnermost();
+    const Turn* turn = present();
+    return turn && turn->wanted;
 }
 
 bool CurveTurns::answers(CurveVariable& variable, const Moment& now)
 {
-    if (!innermost || innermost->turns.empty() || !innermost->turns.back().curve.isInnermost() ||
-        !isSameMoment(now, innermost->moment)) {
+    const Turn* turn = present();
+    if (!turn || !isSameMoment(now, innermost->moment)) {
         return false;
     }
-    Turn& turn = innermost->turns.back();
-    const auto answer = turn.known.find(&variable);
-    if (answer == turn.known.end()) {
-        turn.wanted = &variable;
-    } else {
-        EvaluatedCurve::dependOn(answer->second.earliest);
-        variable.value.number = answer->second.number;
+    const auto answer = turn->answers.find(&variable);
+    if (answer == turn->answers.end()) {
+        return false;
     }
+    variable.read(answer->second);
+    return true;
+}
+
+void CurveTurns::remember(const CurveVariable& variable, const CurveValue::Known& answer)
+{
+    Turn* turn = present();
+    if (turn && isSameMoment(answer.moment, innermost->moment)) {
+        turn->answers[&variable] = answer;
+    }
+}
+
+bool CurveTurns::waitsFor(CurveVariable& variable, const Moment& now)
+{
+    Turn* turn = present();
+    if (!turn || !isSameMoment(now, innermost->moment)) {
+        return false;
+    }
+    turn->wanted = &variable;
     return true;
 }
 

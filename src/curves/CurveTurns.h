@@ -26,16 +26,15 @@ public:
 
     /// The curve whose turn it is waits for another one already.
     static bool isInterrupted();
-    /// A variable that is not worked out gets the value it has for the curve whose turn it is, or
-    /// makes that one wait. False where no curve takes turns.
+    /// Gives the variable the value that it had in an earlier turn of the curve whose turn it is.
+    /// False if there is none.
     static bool answers(CurveVariable& variable, const Moment& moment);
+    /// In further turns the variable has this value.
+    static void remember(const CurveVariable& variable, const CurveValue::Known& answer);
+    /// Makes the curve whose turn it is wait for the variable. False if no curve takes turns.
+    static bool waitsFor(CurveVariable& variable, const Moment& moment);
 
 private:
-    struct Answer
-    {
-        double number;
-        unsigned long long earliest;
-    };
     struct Turn
     {
         Turn(CurveVariable& variable, const Moment& moment);
@@ -44,9 +43,10 @@ private:
         EvaluatedCurve curve;
         std::vector<CurveVariable*> coming; ///< last one first; what the curve waits for
         CurveVariable* wanted = nullptr;    ///< what it missed in this turn
-        std::unordered_map<const CurveVariable*, Answer> known;
+        std::unordered_map<const CurveVariable*, CurveValue::Known> answers;
     };
 
+    static Turn* present();
     CurveVariable* nextToCome(Turn& turn) const;
     void endTurn(const double& number);
 

@@ -80,19 +80,28 @@ void CurveVariable::refresh()
     if (const unsigned long long closing = closingEvaluation()) {
         EvaluatedCurve::dependOn(closing);
         value.number = 0.0;
-    } else if (EvaluatedCurve::isGood(value, now)) {
-        EvaluatedCurve::dependOn(value.earliest);
+    } else if (CurveTurns::answers(*this, now)) {
+        return; // as in an earlier turn
+    } else if (const CurveValue::Known* known = EvaluatedCurve::known(value, now)) {
+        read(*known);
+        CurveTurns::remember(*this, *known);
     } else if (nesting < deepestNesting) {
         EvaluatedCurve curve(value, now);
         curve.finish(computed(now));
-    } else if (!CurveTurns::answers(*this, now)) {
+    } else if (!CurveTurns::waitsFor(*this, now)) {
         CurveTurns().evaluate(*this, now);
     }
 }
 
+void CurveVariable::read(const CurveValue::Known& known)
+{
+    EvaluatedCurve::dependOn(known.until);
+    value.number = known.number;
+}
+
 unsigned long long CurveVariable::closingEvaluation() const
 {
-    return EvaluatedCurve::closedBy(value, record->livingSpline(), record->livingExpression());
+    return EvaluatedCurve::closing(value, record->livingSpline(), record->livingExpression());
 }
 
 double CurveVariable::computed(const Moment& now) const

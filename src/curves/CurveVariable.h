@@ -30,6 +30,7 @@ private:
 
     void registerName();
     void refresh();
+    void read(const CurveValue::Known& known);
     unsigned long long closingEvaluation() const;
     double computed(const Moment& now) const;
     std::vector<CurveVariable*> dependencies() const;

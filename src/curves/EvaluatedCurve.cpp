@@ -4,11 +4,14 @@
 
 #include <algorithm>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 namespace curve_editor {
 
 namespace {
+
+constexpr unsigned long long always = std::numeric_limits<unsigned long long>::max();
 
 EvaluatedCurve* innermost = nullptr;
 EvaluatedCurve* innermostAsked = nullptr;
@@ -22,6 +25,38 @@ std::vector<CurveValue*>& openValues()
     return *values;
 }
 
+bool isGood(const CurveValue::Known& known, const Moment& moment)
+{
+    return known.epoch != 0 && known.epoch == EvaluationTime::epoch() &&
+           isSameMoment(known.moment, moment);
+}
+
+std::shared_ptr<CurveRing> whole(std::shared_ptr<CurveRing> ring)
+{
+    while (ring && ring->joined) {
+        ring = ring->joined;
+    }
+    return ring;
+}
+
+/// The ring as a whole; null for one of an earlier evaluation.
+std::shared_ptr<CurveRing> present(const std::shared_ptr<CurveRing>& ring)
+{
+    auto found = whole(ring);
+    return found && found->epoch == EvaluationTime::epoch() ? found : nullptr;
+}
+
+/// Two whole rings as one; either may be null.
+std::shared_ptr<CurveRing> joined(const std::shared_ptr<CurveRing>& a,
+                                  const std::shared_ptr<CurveRing>& b)
+{
+    if (a && b && a != b) {
+        a->beingEvaluated += b->beingEvaluated;
+        b->joined = a;
+    }
+    return a ? a : b;
+}
+
 } // namespace
 
 bool isSameMoment(const Moment& a, const Moment& b)
@@ -33,14 +68,12 @@ EvaluatedCurve::EvaluatedCurve(CurveValue& curveValue, const Moment& valueMoment
     : value(&curveValue)
     , moment(valueMoment)
     , order(++lastOrder)
-    , earliest(order)
+    , until(always)
     , firstOpen(openValues().size())
-    , ring(curveValue.ring)
+    , ring(present(curveValue.ring))
     , outer(innermost)
     , outerAsked(innermostAsked)
 {
-    value->number = 0.0;
-    value->epoch = 0;
     value->evaluation = this;
     if (ring) {
         ++ring->beingEvaluated;
@@ -53,7 +86,7 @@ EvaluatedCurve::EvaluatedCurve(const SplineBase* askedSpline,
     : spline(askedSpline)
     , expression(askedExpression)
     , order(++lastOrder)
-    , earliest(order)
+    , until(always)
     , firstOpen(openValues().size())
     , outer(innermost)
     , outerAsked(innermostAsked)
@@ -67,49 +100,57 @@ EvaluatedCurve::~EvaluatedCurve()
     innermost = outer;
     innermostAsked = outerAsked;
     if (ring) {
-        --ring->beingEvaluated;
+        --whole(ring)->beingEvaluated;
     }
     if (value) {
         value->evaluation = nullptr;
     }
-    if (earliest < order) {
-        dependOn(earliest);
+    if (until < order) {
+        dependOn(until);
     } else {
         closeRing();
     }
 }
 
-void EvaluatedCurve::finish(const double& number)
+CurveValue::Known EvaluatedCurve::finish(const double& number)
 {
+    const bool isOpen = until < order;
+    const CurveValue::Known known = {number, EvaluationTime::epoch(), moment, order,
+                                     isOpen ? until : always};
     if (!value) {
-        return;
+        return known;
     }
     value->number = number;
-    value->epoch = EvaluationTime::epoch();
-    value->moment = moment;
-    value->order = order;
-    value->earliest = earliest < order ? earliest : CurveValue::none;
-    if (earliest < order) {
+    if (isOpen) {
+        value->open = known;
         openValues().push_back(value);
+    } else {
+        value->settled = known;
     }
+    return known;
 }
 
-/// What was worked out from here on is good for nothing but this curve.
+/// What was worked out inside of this evaluation and hangs on it is good no longer.
 void EvaluatedCurve::closeRing()
 {
     std::vector<CurveValue*>& open = openValues();
-    const bool isRing = open.size() > firstOpen;
-    const auto closed = isRing && value ? std::make_shared<CurveRing>() : nullptr;
-    for (std::size_t i = firstOpen; i < open.size(); ++i) {
-        if (open[i]) {
-            open[i]->epoch = 0;
-            open[i]->ring = closed;
-        }
+    if (open.size() <= firstOpen) {
+        return;
     }
-    open.resize(std::min(firstOpen, open.size()));
+    const auto first = open.begin() + static_cast<std::ptrdiff_t>(firstOpen);
+    const auto last = std::remove(first, open.end(), nullptr);
+    auto closed = value ? present(value->ring) : nullptr;
+    for (auto member = first; member != last; ++member) {
+        (*member)->open.epoch = 0;
+        closed = joined(closed, present((*member)->ring));
+    }
     if (value) {
+        closed = closed ? closed
+                        : std::make_shared<CurveRing>(CurveRing{EvaluationTime::epoch(), 0, {}});
         value->ring = closed;
+        std::for_each(first, last, [&](CurveValue* member) { member->ring = closed; });
     }
+    open.resize(firstOpen);
 }
 
 bool EvaluatedCurve::isInnermost() const
@@ -117,15 +158,15 @@ bool EvaluatedCurve::isInnermost() const
     return innermost == this;
 }
 
-void EvaluatedCurve::dependOn(const unsigned long long& order)
+void EvaluatedCurve::dependOn(const unsigned long long& evaluation)
 {
     if (innermost) {
-        innermost->earliest = std::min(innermost->earliest, order);
+        innermost->until = std::min(innermost->until, evaluation);
     }
 }
 
-unsigned long long EvaluatedCurve::closedBy(const CurveValue& value, const SplineBase* spline,
-                                            const FunctionFloatBase* expression)
+unsigned long long EvaluatedCurve::closing(const CurveValue& value, const SplineBase* spline,
+                                           const FunctionFloatBase* expression)
 {
     if (value.evaluation) {
         return value.evaluation->order;
@@ -137,19 +178,19 @@ unsigned long long EvaluatedCurve::closedBy(const CurveValue& value, const Splin
     return asked && expression ? asked->order : 0;
 }
 
-bool EvaluatedCurve::isGood(const CurveValue& value, const Moment& moment)
+const CurveValue::Known* EvaluatedCurve::known(const CurveValue& value, const Moment& moment)
 {
-    if (value.epoch == 0 || value.epoch != EvaluationTime::epoch() ||
-        !isSameMoment(value.moment, moment)) {
-        return false;
+    if (isGood(value.open, moment)) {
+        return &value.open;
     }
-    const bool isOpen = value.earliest != CurveValue::none;
-    if (isOpen || !value.ring) {
-        return true;
+    if (!isGood(value.settled, moment)) {
+        return nullptr;
     }
     // From within its ring the curve has another value.
-    return value.ring->beingEvaluated == 0 &&
-           (!innermostAsked || value.order > innermostAsked->order);
+    const auto ring = present(value.ring);
+    const bool isWithin = ring && ring->beingEvaluated > 0;
+    const bool mayBeWithin = ring && innermostAsked && value.settled.order < innermostAsked->order;
+    return isWithin || mayBeWithin ? nullptr : &value.settled;
 }
 
 void EvaluatedCurve::forget(CurveValue& value)

@@ -172,6 +172,7 @@ void TestCyclicDependency::repaintsOfCurvesThatDependOnEachOtherAreAlike()
         QImage image(500, 400, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::black);
         QPainter painter(&image);
+        curve(name)->setActive(true);
         curve(name)->markChanged();
         curve(name)->draw(fixture->logic().viewPort(), &painter);
         return image;
