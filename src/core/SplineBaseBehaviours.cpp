@@ -67,12 +67,13 @@ double SplineBase::valueLooped(const double& time, const PointInfo& end,
         phase = 0.0;
     }
     const double value = valueNear(std::min(first.time + phase, last.time), noise);
+    if (!withOffset) {
+        return value;
+    }
+    // Endless rounds of no rise are no rise, and so are no rounds of an endless one.
     const double rounds = std::round((distance - phase) / period);
     const double rise = last.value - first.value;
-    if (!withOffset || rise == 0.0 || rounds == 0.0) {
-        return value; // endless rounds of no rise are no rise either
-    }
-    return value + rounds * rise;
+    return rise == 0.0 || rounds == 0.0 ? value : value + rounds * rise;
 }
 
 /// How far roundings may have moved a time within its cycle: those of the time itself, and once
