@@ -67,7 +67,7 @@ FunctionParserBase* FunctionParserBase::instance()
 FunctionParserBase::FunctionParserBase()
 {
     for (BuiltInVariable& variable : builtInVariables) {
-        entryOf(variable.name).add(3, &variable.value, RefreshFunction());
+        entryOf(variable.name).add({3, &variable.value, RefreshFunction(), false});
     }
     livingParsers().push_back(this);
 }
@@ -146,8 +146,20 @@ void FunctionParserBase::setVarMapper(const ParserVarMapper* mapper)
 void FunctionParserBase::registerKey(const std::string& name, const int& kind, void* address,
                                      RefreshFunction refresh)
 {
+    add(name, kind, address, std::move(refresh), false);
+}
+
+void FunctionParserBase::registerGuardedKey(const std::string& name, const int& kind, void* address,
+                                            RefreshFunction refresh)
+{
+    add(name, kind, address, std::move(refresh), true);
+}
+
+void FunctionParserBase::add(const std::string& name, const int& kind, void* address,
+                             RefreshFunction refresh, const bool& guardsItself)
+{
     if (address && !isBuiltIn(address)) {
-        entryOf(name).add(kind, address, std::move(refresh));
+        entryOf(name).add({kind, address, std::move(refresh), guardsItself});
     }
 }
 

@@ -11,6 +11,7 @@
 #include "curves/CurveEvaluation.h"
 #include "curves/CurveType.h"
 #include "curves/DottedName.h"
+#include "curves/EvaluatedCurve.h"
 
 #include <QPointer>
 
@@ -186,6 +187,7 @@ double CurveNodeBase::evaluate(const double& time)
         moment.keep();
         return 0.0;
     }
+    const curve_editor::EvaluatedCurve asked(keys, function);
     if (type == expressionCurve) {
         return clampToLimits(function->value(), minimum, maximum);
     }

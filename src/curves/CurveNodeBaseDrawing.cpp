@@ -11,6 +11,7 @@
 #include "core/Truncate.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/EvaluatedCurve.h"
 #include "editor/CurveEditor.h"
 
 #include <QPainter>
@@ -109,6 +110,7 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
     EvaluationTime moment;
     for (int i = 0; i < expressionSamples; ++i) {
         moment.set(i * step + viewport.minX, viewport.fps);
+        const curve_editor::EvaluatedCurve asked(spline(), function);
         const double value = drawnValue(function->value(), lowest, highest);
         const double column = static_cast<double>(i) * viewport.viewWidth * 0.0002;
         points.setPoint(i, truncateToPixel(column), drawnRow(viewport, value));
