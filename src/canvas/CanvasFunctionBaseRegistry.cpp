@@ -2,12 +2,10 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasGesture.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
-#include "commands/CommandChangePoints.h"
-#include "commands/CommandMovePoints.h"
-#include "commands/CommandSelectPoints.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
 
@@ -33,6 +31,7 @@ CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEdit
     , editor(dialog)
     , view(functionEditor)
     , grid(std::make_unique<FrameGrid>(functionEditor))
+    , gesture(std::make_unique<CanvasGesture>(*this, dialog, functionEditor))
 {}
 
 CanvasFunctionBase::~CanvasFunctionBase()
@@ -205,6 +204,7 @@ CurveNode* CanvasFunctionBase::attachCanvasCurve(CurveNode* curve)
 
 void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
 {
+    endGestureOn(dotName);
     CurveNode* node = findCurve(dotName);
     if (!node) {
         return;
@@ -220,6 +220,7 @@ void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
 
 void CanvasFunctionBase::clearCurves()
 {
+    endGestures();
     editing.clear();
     qDeleteAll(std::exchange(tops, {}));
     selectCurves({});

@@ -89,6 +89,7 @@ double CanvasFunctionBase::offsetToTimeline() const
 
 void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOnly)
 {
+    endGestures();
     if (!editing.isEmpty() && clipboard) {
         editor->getCmdManager()->doCommand(
             new CommandPasteCurve(editor, clipboard->curve(), offset, keysOnly));
@@ -97,6 +98,7 @@ void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOn
 
 void CanvasFunctionBase::resetEditingCurves()
 {
+    endGestures();
     if (!editing.isEmpty()) {
         editor->getCmdManager()->doCommand(
             new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing)));
@@ -105,6 +107,7 @@ void CanvasFunctionBase::resetEditingCurves()
 
 void CanvasFunctionBase::resetAllCurves()
 {
+    endGestures();
     if (tops.isEmpty()) {
         return;
     }

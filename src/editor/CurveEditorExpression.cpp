@@ -32,6 +32,7 @@ void CurveEditor::executeCommand()
         return;
     }
     const QPointer<CurveEditor> self(this);
+    manager.endGestures();
     manager.doCommand(
         new CommandParseExpr(this, functionEditor, commandLine,
                              recordsOf(this, functionEditor->canvas().editingCurves())));
@@ -42,6 +43,7 @@ void CurveEditor::executeCommand()
 
 void CurveEditor::deleteCurveClicked()
 {
+    manager.endGestures();
     manager.doCommand(
         new CommandDelExpr(this, functionEditor, commandLine,
                            recordsOf(this, functionEditor->canvas().editingCurves())));

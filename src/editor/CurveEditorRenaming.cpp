@@ -90,6 +90,7 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     }
     const QString oldName = node + QLatin1Char('.') + oldCurve;
     const QString newName = node + QLatin1Char('.') + newCurve;
+    functionEditor->canvas().endGestureOn(oldName);
     NodeStruct* const record = catalogue->findExactly(oldName);
     if (!record) {
         return;
