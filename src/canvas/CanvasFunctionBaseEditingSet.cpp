@@ -1,6 +1,7 @@
 // The set of curves being edited, and what it says of itself.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasGesture.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
@@ -78,6 +79,7 @@ void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 {
     const CanvasVisit visit(this);
     const QStringList names = dotNames; // whoever hears the signal may change the caller's list
+    endGestureUnlessEditing(names);
     const QList<CurveNode*> former = editing;
     leaveEditing();
     for (const QString& name : names) {
@@ -93,7 +95,11 @@ void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
 {
     const CanvasVisit visit(this);
-    const QList<CurveNode*> wanted = curves; // the argument may be our own list
+    QList<CurveNode*> wanted = curves; // the argument may be our own list
+    if (gesture->isOnKeys() && !areExactlyEdited(wanted)) {
+        endGestures(); // whoever hears of its steps may free some of these
+        wanted.removeIf([this](CurveNode* node) { return !nodes.contains(node); });
+    }
     const QList<CurveNode*> former = editing;
     leaveEditing();
     QStringList names;
@@ -189,6 +195,7 @@ void CanvasFunctionBase::markExpressionsChanged()
 
 void CanvasFunctionBase::switchAddFuncToSpline()
 {
+    endGestures();
     const int type = editingType();
     if (type == expressionCurve || type == splinePlusExpressionCurve) {
         editor->getCmdManager()->doCommand(new curve_editor::CommandAddFunc(editor));

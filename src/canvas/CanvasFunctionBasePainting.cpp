@@ -1,6 +1,7 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasBackground.h"
+#include "canvas/CanvasGesture.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
@@ -85,8 +86,9 @@ void CanvasFunctionBase::paint(QPainter* painter)
     } else if (!editing.isEmpty()) {
         paintSelectionSpan(painter, *view, editing, selectionColor);
     }
-    if (showMark) {
-        paintCrossHair(painter, *view, view->pixelX(lastWorldX), view->pixelY(lastWorldY));
+    if (gesture->showMark) {
+        const QPointF mark = gesture->lastWorld;
+        paintCrossHair(painter, *view, view->pixelX(mark.x()), view->pixelY(mark.y()));
     }
     if (view->canvasDirty) {
         grid->update(*view);

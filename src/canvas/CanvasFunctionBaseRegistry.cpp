@@ -2,13 +2,11 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasGesture.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
-#include "commands/CommandChangePoints.h"
-#include "commands/CommandMovePoints.h"
-#include "commands/CommandSelectPoints.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
 
@@ -34,6 +32,7 @@ CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEdit
     , editor(dialog)
     , view(functionEditor)
     , grid(std::make_unique<FrameGrid>(functionEditor))
+    , gesture(std::make_unique<CanvasGesture>(*this, dialog, functionEditor))
 {}
 
 CanvasFunctionBase::~CanvasFunctionBase()
@@ -223,6 +222,7 @@ CurveNode* CanvasFunctionBase::attachCanvasCurve(CurveNode* curve)
 void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
 {
     const QString name = dotName; // perhaps the node's own
+    endGestureOn(name);
     CurveNode* node = findCurve(name);
     if (!node) {
         return;
@@ -243,6 +243,7 @@ void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
 
 void CanvasFunctionBase::clearCurves()
 {
+    endGestures();
     editing.clear();
     const QList<CurveNode*> leaving = std::exchange(tops, {});
     for (CurveNode* top : leaving) {

@@ -90,6 +90,7 @@ double CanvasFunctionBase::offsetToTimeline() const
 
 void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOnly)
 {
+    endGestures();
     if (!editing.isEmpty() && clipboard) {
         editor->getCmdManager()->doCommand(
             new CommandPasteCurve(editor, clipboard->curve(), offset, keysOnly));
@@ -98,6 +99,7 @@ void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOn
 
 void CanvasFunctionBase::resetEditingCurves()
 {
+    endGestures();
     if (!editing.isEmpty()) {
         editor->getCmdManager()->doCommand(
             new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing)));
@@ -106,6 +108,7 @@ void CanvasFunctionBase::resetEditingCurves()
 
 void CanvasFunctionBase::resetAllCurves()
 {
+    endGestures();
     if (tops.isEmpty()) {
         return;
     }

@@ -71,6 +71,7 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
 /// is still there. Before it go the commands, which may name its curves.
 CurveEditor::~CurveEditor()
 {
+    manager.setGestureEnd({});
     disconnect(commandLine, nullptr, this, nullptr);
     disconnect(&functionEditor->canvas(), nullptr, this, nullptr);
     disconnect(functionEditor, nullptr, this, nullptr);
@@ -124,11 +125,13 @@ void CurveEditor::reject() {}
 /// The host decides what becomes of it.
 void CurveEditor::undo()
 {
+    manager.endGestures(); // a host may ask what there is to undo
     emit curveEditorUndo();
 }
 
 void CurveEditor::redo()
 {
+    manager.endGestures(); // a host may ask what there is to redo
     emit curveEditorRedo();
 }
 

@@ -141,6 +141,7 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
     if (!record) {
         return;
     }
+    functionEditor->canvas().endGestureOn(record->dotName);
     selectionBusy = true;
     CanvasFunctionBase& canvas = functionEditor->canvas();
     const QString name = record->dotName;
@@ -190,11 +191,13 @@ void CurveEditor::cleanSelecteds()
 
 void CurveEditor::slotRemoveFromEditing(QModelIndexList indexes)
 {
+    manager.endGestures();
     manager.doCommand(new CommandRemoveCurves(this, checkListsEditing->treeDotNames(indexes)));
 }
 
 void CurveEditor::removeCurvesFromEditing()
 {
+    manager.endGestures();
     manager.doCommand(new CommandRemoveCurves(this, functionEditor->canvas().editingCurveNames()));
 }
 

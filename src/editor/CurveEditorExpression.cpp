@@ -35,6 +35,7 @@ void CurveEditor::executeCommand()
         return;
     }
     const QPointer<CurveEditor> self(this);
+    manager.endGestures();
     manager.doCommand(
         new CommandParseExpr(this, functionEditor, commandLine,
                              recordsOf(this, functionEditor->canvas().editingCurves())));
@@ -45,6 +46,7 @@ void CurveEditor::executeCommand()
 
 void CurveEditor::deleteCurveClicked()
 {
+    manager.endGestures();
     manager.doCommand(
         new CommandDelExpr(this, functionEditor, commandLine,
                            recordsOf(this, functionEditor->canvas().editingCurves())));

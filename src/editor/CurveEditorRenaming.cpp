@@ -94,6 +94,7 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     }
     const QString oldName = DottedName(node, oldCurve).text();
     const QString newName = DottedName(node, newCurve).text();
+    functionEditor->canvas().endGestureOn(oldName);
     NodeStruct* const record = catalogue->findExactly(oldName);
     if (!record) {
         return;

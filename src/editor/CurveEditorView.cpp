@@ -75,12 +75,14 @@ bool CurveEditor::isModeTime() const
 
 void CurveEditor::resetViewport()
 {
+    functionEditor->canvas().endGesture(); // whose rectangle this would use
     functionEditor->resetView();
     functionEditor->canvas().updateCanvas();
 }
 
 void CurveEditor::centerTimeline()
 {
+    functionEditor->canvas().endGesture();
     functionEditor->centerTimeline();
     repaintAll();
 }

@@ -36,6 +36,8 @@ public:
     /// selection can use; without, those that are open stay open. Where no key is selected all
     /// are closed in any case.
     void showSelection(const QList<SplineCurveGraph*>& graphs, bool enable);
+    /// Ends a step that is open, as the release would; the rest of the drag is a step of its own.
+    void endGesture();
     /// Opens or closes all fields but those of the curve's ends; closing empties the position.
     void enableKeyFields(const bool& on);
 
@@ -102,6 +104,8 @@ private:
     bool isShowing = false;     ///< a value that a field sends now was not sent by the user
     std::unique_ptr<curve_editor::CommandChangePoints> pendingChange; ///< between press and release
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;     ///< the same, for positions
+    /// The slot that begins the step of the drag under way; null without one.
+    void (CurveKeysDialog::*startHeld)() = nullptr;
     /// The keys that the pending one knows; not owned and never read.
     QList<const PointInfo*> pendingKeys;
 };

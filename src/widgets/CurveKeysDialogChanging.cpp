@@ -45,6 +45,7 @@ void CurveKeysDialog::clickedPrev()
 /// Always a step of undo, even from a lonely key to itself.
 void CurveKeysDialog::selectNeighbour(const int& step)
 {
+    editor->getCmdManager()->endGestures();
     const QList<SplineCurveGraph*> graphs = editableGraphs();
     const PointInfo* const key = graphs.isEmpty() ? nullptr : leadingKeyOf(graphs.first());
     if (!key) {
@@ -67,6 +68,7 @@ void CurveKeysDialog::changeNodeType(int index)
     if (!isNodeTypePosition(index)) {
         return;
     }
+    editor->getCmdManager()->endGestures();
     editor->getCmdManager()->doCommand(
         new CommandSetPointsType(editor, nodeTypeOfPosition[static_cast<std::size_t>(index)]));
     loadKeys(QList<SplineCurveGraph*>(shownGraphs));
@@ -79,7 +81,9 @@ void CurveKeysDialog::changeNodeType(int index)
 void CurveKeysDialog::startChangePoints()
 {
     endMovePoints();
+    startHeld = &CurveKeysDialog::startChangePoints;
     if (!pendingChange) {
+        editor->getFunctionEditor()->canvas().endGesture();
         pendingChange = std::make_unique<CommandChangePoints>(editor);
         pendingKeys = editableKeys();
     }
@@ -87,13 +91,16 @@ void CurveKeysDialog::startChangePoints()
 
 void CurveKeysDialog::endChangePoints()
 {
+    startHeld = nullptr;
     end(pendingChange, editor);
 }
 
 void CurveKeysDialog::startMovePoints()
 {
     endChangePoints();
+    startHeld = &CurveKeysDialog::startMovePoints;
     if (!pendingMove) {
+        editor->getFunctionEditor()->canvas().endGesture();
         pendingMove = std::make_unique<CommandMovePoints>(editor);
         pendingKeys = editableKeys();
     }
@@ -101,7 +108,14 @@ void CurveKeysDialog::startMovePoints()
 
 void CurveKeysDialog::endMovePoints()
 {
+    startHeld = nullptr;
     end(pendingMove, editor);
+}
+
+void CurveKeysDialog::endGesture()
+{
+    end(pendingMove, editor);
+    end(pendingChange, editor);
 }
 
 /// A step knows the keys that were selected at its begin. Where others are by now, what follows
@@ -132,6 +146,9 @@ void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
 
 void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
 {
+    if (!pendingChange && !pendingMove && startHeld) {
+        (this->*startHeld)(); // a step of somebody else has ended the drag's
+    }
     if (!pendingChange && !pendingMove) {
         valueChangedTyped(value, line); // a step of the wheel
         return;
