@@ -16,6 +16,57 @@
 
 using namespace curve_editor;
 
+namespace {
+
+/// How many keys are selected over the graphs.
+struct SelectionCounts
+{
+    bool any = false;
+    bool several = false;
+    bool singleEach = true; ///< no graph has more than one
+
+    SelectionCounts(const QList<SplineCurveGraph*>& graphs, const SelectedKeys& selected)
+    {
+        for (const SplineCurveGraph* const graph : graphs) {
+            if (!graph || !graph->selection().hasSelection() ||
+                selected.readable(graph->selection()).isEmpty()) {
+                continue;
+            }
+            singleEach = graph->selection().selectedPoints.size() == 1;
+            several = any || !singleEach;
+            any = true;
+            if (!singleEach) {
+                break;
+            }
+        }
+    }
+};
+
+} // namespace
+
+void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool enable)
+{
+    if (isGestureOfOtherKeys()) {
+        endGesture(); // the host hears of that, and may remove curves
+        showSelection(editor->getFunctionEditor()->canvas().keyContainers(), enable);
+        return;
+    }
+    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
+    const SelectionCounts counts(graphs, SelectedKeys(curves));
+    if (!counts.any) {
+        enableKeyFields(false);
+        return;
+    }
+    if (enable) {
+        if (!counts.several && graphs.size() == 1) {
+            enableKeyFields(true);
+        } else {
+            enableSeveralKeys(counts.singleEach);
+        }
+    }
+    loadKeys(graphs);
+}
+
 /// A curve may have left the canvas, and its graph be gone with it, since the graphs were shown.
 QList<SplineCurveGraph*> CurveKeysDialog::editableGraphs() const
 {
