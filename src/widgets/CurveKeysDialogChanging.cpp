@@ -81,7 +81,6 @@ void CurveKeysDialog::changeNodeType(int index)
 void CurveKeysDialog::startChangePoints()
 {
     endMovePoints();
-    startHeld = &CurveKeysDialog::startChangePoints;
     if (!pendingChange) {
         editor->getFunctionEditor()->canvas().endGesture();
         pendingChange = std::make_unique<CommandChangePoints>(editor);
@@ -91,14 +90,12 @@ void CurveKeysDialog::startChangePoints()
 
 void CurveKeysDialog::endChangePoints()
 {
-    startHeld = nullptr;
     end(pendingChange, editor);
 }
 
 void CurveKeysDialog::startMovePoints()
 {
     endChangePoints();
-    startHeld = &CurveKeysDialog::startMovePoints;
     if (!pendingMove) {
         editor->getFunctionEditor()->canvas().endGesture();
         pendingMove = std::make_unique<CommandMovePoints>(editor);
@@ -108,30 +105,20 @@ void CurveKeysDialog::startMovePoints()
 
 void CurveKeysDialog::endMovePoints()
 {
-    startHeld = nullptr;
     end(pendingMove, editor);
 }
 
+/// By the fields, so that a button that is held still goes on with nothing. A step that was begun
+/// without a field is ended by itself.
 void CurveKeysDialog::endGesture()
 {
-    end(pendingMove, editor);
-    end(pendingChange, editor);
-}
-
-/// A step knows the keys that were selected at its begin. Where others are by now, what follows
-/// is a step of theirs.
-void CurveKeysDialog::splitStepAtNewSelection()
-{
-    if (pendingKeys == editableKeys()) {
-        return;
+    for (int field = 0; field < keyFieldsCount; ++field) {
+        for (CustomEditLine* const line : linesOf(static_cast<keyFields>(field))) {
+            line->endDrag();
+        }
     }
-    if (pendingMove) {
-        endMovePoints();
-        startMovePoints();
-    } else {
-        endChangePoints();
-        startChangePoints();
-    }
+    endChangePoints();
+    endMovePoints();
 }
 
 void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
@@ -139,43 +126,48 @@ void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
     if (isShowing) {
         return; // a field that is being closed sends what was typed for keys no longer shown
     }
+    if (isGestureOfOtherKeys()) {
+        endGesture();
+    }
     startChangePoints();
     valueChanged(value, line);
-    endChangePoints();
+    endGesture();
 }
 
 void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
 {
-    if (!pendingChange && !pendingMove && startHeld) {
-        (this->*startHeld)(); // a step of somebody else has ended the drag's
-    }
     if (!pendingChange && !pendingMove) {
         valueChangedTyped(value, line); // a step of the wheel
         return;
     }
-    splitStepAtNewSelection();
+    if (isGestureOfOtherKeys()) {
+        endGesture(); // the value is not meant for these
+        return;
+    }
     // Whoever hears of a twin's new text may take curves off the canvas.
     const CanvasVisit visit(&editor->getFunctionEditor()->canvas());
     const keyFields field = fieldOf(line);
-    const bool isFrame = field == timeField && editor->isModeFrames();
-    const double number = isFrame ? value / editor->getFps() : value;
+    const double unit = field == timeField ? presentUnit() : 1.0;
+    const double number = value / unit;
     const QList<SplineCurveGraph*> graphs = editableGraphs();
     const PointInfo* key = nullptr;
     for (SplineCurveGraph* const graph : graphs) {
         key = key ? key : leadingKeyOf(graph);
     }
-    if (!key || field == noField || !std::isfinite(number)) {
-        return; // no key selected, or a time at a rate of 0 frames
+    if (!key || field == noField || !std::isfinite(number) || !std::isfinite(unit)) {
+        return; // no key selected, or a time at a rate of 0 or endless frames
     }
     PointInfo record = *key;
-    editField(record, field, number);
+    const bool isTaken = editField(record, field, number);
     for (CustomEditLine* const twin : linesOf(field)) {
         if (twin != line) {
-            twin->setText(line->text());
+            twin->showText(line->text());
         }
     }
     for (SplineCurveGraph* const graph : graphs) {
-        applyToKeys(graph, field, record);
+        if (isTaken) {
+            applyToKeys(graph, field, record);
+        }
     }
     tcbCurve->showKey(record);
     emit nodeTcbChanged();
