@@ -84,6 +84,7 @@ void CurveVariable::refresh()
 bool CurveVariable::isUpToDate(const Moment& moment) const
 {
     return epochOfValue != 0 && epochOfValue == EvaluationTime::epoch() &&
+           // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
            std::memcmp(moment.data(), momentOfValue.data(), sizeof(Moment)) == 0;
 }
 
