@@ -176,7 +176,7 @@ QString CanvasFunctionBase::commandLineText() const
     if (type != expressionCurve && type != splinePlusExpressionCurve) {
         return tr("Multiple Types");
     }
-    const QString text = expressionText(editing.first());
+    QString text = expressionText(editing.first());
     for (CurveNode* curve : editing) {
         if (expressionText(curve) != text) {
             return QStringLiteral("...");

@@ -28,6 +28,7 @@ const TimeKeys& timeKeys()
 // By bits, so that not a number is the same moment as itself.
 bool sameBits(const double& a, const double& b)
 {
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
