@@ -10,7 +10,6 @@
 #include <sstream>
 
 using curve_editor::CommandAddCurve;
-using curve_editor::parserForm;
 
 namespace {
 
