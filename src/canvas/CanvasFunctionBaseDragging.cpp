@@ -34,31 +34,34 @@ double snapToGrid(const double& number, const double& step, const double& radius
     return number;
 }
 
-/// Puts several keys of one spline where `placeOf` says; those that have left it are passed over.
+/// Puts the selected keys that their spline holds where `placeOf` says.
 template <class Place>
-void placeKeys(SplineBase& spline, const QList<PointInfo*>& keys, const Place& placeOf)
+void placeKeys(const ControlSplineNode& selection, const Place& placeOf)
 {
+    const QList<PointInfo*> keys = selection.heldPoints();
     std::vector<RetimedKey> placed;
     placed.reserve(static_cast<std::size_t>(keys.size()));
     for (PointInfo* key : keys) {
-        if (spline.findIndex(key) >= 0) {
-            const QPointF place = placeOf(*key);
-            key->value = place.y();
-            placed.push_back({key, place.x()});
-        }
+        const QPointF place = placeOf(*key);
+        key->value = place.y();
+        placed.push_back({key, place.x()});
     }
     if (!placed.empty()) {
-        retimeKeys(spline, placed);
-        spline.setChanged(true);
+        retimeKeys(*selection.spline(), placed);
+        selection.spline()->setChanged(true);
     }
 }
 
-/// Keys of equal time keep their order.
-void shiftKeys(SplineBase& spline, const QList<PointInfo*>& keys, const QPointF& way)
+/// The last key that was moved becomes current.
+void shiftKeys(ControlSplineNode& selection, const QPointF& way)
 {
-    placeKeys(spline, keys, [&way](const PointInfo& key) {
+    placeKeys(selection, [&way](const PointInfo& key) {
         return QPointF(key.time + way.x(), key.value + way.y());
     });
+    const QList<PointInfo*> moved = selection.heldPoints();
+    if (!moved.isEmpty()) {
+        selection.setCurrentPoint(moved.last());
+    }
 }
 
 } // namespace
@@ -122,8 +125,7 @@ void CanvasFunctionBase::dragSelection(SplineCurveGraph* graph, const bool& many
         if (horizontalSnap || verticalSnap) {
             showMark = true;
         }
-        shiftKeys(*selection.spline(), selection.selectedPoints, delta);
-        selection.setCurrentPoint(selection.selectedPoints.last());
+        shiftKeys(selection, delta);
     } else if (selection.keyPart == ControlSplineNode::keyItself) {
         selection.movePoint(target.x(), target.y());
     } else {
@@ -159,15 +161,11 @@ void CanvasFunctionBase::scaleSelection(const double& sx, const double& sy)
 void CanvasFunctionBase::scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx,
                                    const double& sy)
 {
-    SplineBase* spline = selection.spline();
-    if (!spline) {
-        return;
-    }
     if (!many) {
         selection.scalePoint(sx, sy);
         return;
     }
-    placeKeys(*spline, selection.selectedPoints,
+    placeKeys(selection,
               [&](const PointInfo& key) { return QPointF(sx * key.time, sy * key.value); });
 }
 
@@ -183,8 +181,7 @@ void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
             }
             // Each curve by its own number of keys, where scaling asks the whole set.
             if (selection.selectedPoints.size() > 1) {
-                shiftKeys(*selection.spline(), selection.selectedPoints, QPointF(dx, dy));
-                selection.setCurrentPoint(selection.selectedPoints.last());
+                shiftKeys(selection, QPointF(dx, dy));
             } else {
                 selection.offsetPoint(dx, dy);
             }

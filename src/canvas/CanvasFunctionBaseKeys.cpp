@@ -23,11 +23,9 @@ void forEachSelectedKey(const QList<SplineCurveGraph*>& graphs, const Edit& edit
         if (!selection.hasSelection()) {
             continue;
         }
-        const QList<PointInfo*> keys = selection.selectedPoints;
+        const QList<PointInfo*> keys = selection.heldPoints();
         for (PointInfo* key : keys) {
-            if (selection.spline()->findIndex(key) >= 0) {
-                edit(selection.spline(), key);
-            }
+            edit(selection.spline(), key);
         }
     }
 }

@@ -8,9 +8,9 @@ namespace {
 constexpr std::size_t fewestSlots = 4;
 
 /// Searches stay short while an eighth of the slots is empty.
-bool hasRoom(std::size_t slots, std::size_t keys)
+bool hasRoom(std::size_t slotCount, std::size_t keys)
 {
-    return keys <= slots - slots / 8 && keys < slots;
+    return keys <= slotCount - slotCount / 8 && keys < slotCount;
 }
 
 } // namespace
@@ -18,7 +18,7 @@ bool hasRoom(std::size_t slots, std::size_t keys)
 void KeySerials::insert(const PointInfo* key, std::uint64_t serial)
 {
     reserve(count + 1);
-    slots[slotOf(key)] = {key, serial};
+    table[slotOf(key)] = {key, serial};
     ++count;
 }
 
@@ -29,31 +29,31 @@ void KeySerials::erase(const PointInfo* key)
     }
     std::size_t hole = slotOf(key);
     // Those behind move up, unless that would put them before the place where their search begins.
-    for (std::size_t slot = next(hole); slots[slot].key != nullptr; slot = next(slot)) {
-        const std::size_t home = homeOf(slots[slot].key);
+    for (std::size_t slot = next(hole); table[slot].key != nullptr; slot = next(slot)) {
+        const std::size_t home = homeOf(table[slot].key);
         const bool staysBehindHome =
             hole <= slot ? home <= hole || home > slot : home <= hole && home > slot;
         if (staysBehindHome) {
-            slots[hole] = slots[slot];
+            table[hole] = table[slot];
             hole = slot;
         }
     }
-    slots[hole] = Slot();
+    table[hole] = Slot();
     --count;
 }
 
 void KeySerials::clear()
 {
-    std::vector<Slot>().swap(slots);
+    std::vector<Slot>().swap(table);
     count = 0;
 }
 
 void KeySerials::reserve(std::size_t keys)
 {
-    if (hasRoom(slots.size(), keys)) {
+    if (hasRoom(table.size(), keys)) {
         return;
     }
-    std::size_t size = std::max(fewestSlots, slots.size());
+    std::size_t size = std::max(fewestSlots, table.size());
     while (!hasRoom(size, keys)) {
         size *= 2;
     }
@@ -62,17 +62,17 @@ void KeySerials::reserve(std::size_t keys)
 
 void KeySerials::swap(KeySerials& other)
 {
-    slots.swap(other.slots);
+    table.swap(other.table);
     std::swap(count, other.count);
 }
 
 void KeySerials::rehash(std::size_t size)
 {
     std::vector<Slot> former(size);
-    former.swap(slots);
+    former.swap(table);
     for (const Slot& slot : former) {
         if (slot.key != nullptr) {
-            slots[slotOf(slot.key)] = slot;
+            table[slotOf(slot.key)] = slot;
         }
     }
 }

@@ -14,11 +14,11 @@ public:
     /// The serial of the key, 0 when it is not in the table.
     std::uint64_t of(const PointInfo* key) const
     {
-        if (slots.empty()) {
+        if (table.empty()) {
             return 0;
         }
         // The empty slot that ends the search has serial 0.
-        return slots[slotOf(key)].serial;
+        return table[slotOf(key)].serial;
     }
 
     /// Takes in a key that is not in the table. Neither is null or 0.
@@ -42,16 +42,16 @@ private:
     std::size_t homeOf(const PointInfo* key) const
     {
         const auto address = reinterpret_cast<std::uintptr_t>(key);
-        return static_cast<std::size_t>((address >> 4) ^ (address >> 12)) & (slots.size() - 1);
+        return static_cast<std::size_t>((address >> 4) ^ (address >> 12)) & (table.size() - 1);
     }
 
-    std::size_t next(std::size_t slot) const { return (slot + 1) & (slots.size() - 1); }
+    std::size_t next(std::size_t slot) const { return (slot + 1) & (table.size() - 1); }
 
     /// The slot of the key, or the empty one where it would stand.
     std::size_t slotOf(const PointInfo* key) const
     {
         std::size_t slot = homeOf(key);
-        while (slots[slot].key != nullptr && slots[slot].key != key) {
+        while (table[slot].key != nullptr && table[slot].key != key) {
             slot = next(slot);
         }
         return slot;
@@ -59,6 +59,7 @@ private:
 
     void rehash(std::size_t size);
 
-    std::vector<Slot> slots; ///< a power of two, an eighth of them empty at least; or none at all
+    /// A power of two of slots, an eighth of them empty at least; or none at all.
+    std::vector<Slot> table;
     std::size_t count = 0;
 };

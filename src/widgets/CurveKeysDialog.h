@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KeyRef.h"
 #include "core/ZkTypes.h"
 #include "ui_CurveKeysSetter.h"
 #include "widgets/KeyFields.h"
@@ -77,7 +78,7 @@ private:
     /// without a selection.
     static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
     /// The selected keys of those graphs, as far as their splines hold them.
-    QList<const PointInfo*> editableKeys() const;
+    QList<KeyRef> editableKeys() const;
     void enableSeveralKeys(const bool& singleEach);
     void loadKeys(const QList<SplineCurveGraph*>& graphs);
     void showKeys(const PointInfo& reference, const int& index,
@@ -96,12 +97,12 @@ private:
     CurveEditor* editor; ///< not owned: the parent
     /// The curves whose selected keys are shown; not owned. Any may be gone: see editableGraphs.
     QList<SplineCurveGraph*> shownGraphs;
-    /// The keys shown last; not owned and never read, for they may be gone.
-    QList<const PointInfo*> shownKeys;
+    /// The keys shown last; never read, for they may be gone.
+    QList<KeyRef> shownKeys;
     bool sameKeysShown = false; ///< what is being shown are the keys shown last
     bool isShowing = false;     ///< a value that a field sends now was not sent by the user
     std::unique_ptr<curve_editor::CommandChangePoints> pendingChange; ///< between press and release
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;     ///< the same, for positions
-    /// The keys that the pending one knows; not owned and never read.
-    QList<const PointInfo*> pendingKeys;
+    /// The keys that the pending one knows; never read.
+    QList<KeyRef> pendingKeys;
 };
