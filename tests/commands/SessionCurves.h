@@ -19,10 +19,13 @@ struct CurveState
     /// False once a reset has taken the expression for good: then nothing is said of it here.
     bool isExpressionKnown = true;
 
+    /// The mark of an added expression says nothing where there is none.
     bool agreesWith(const CurveState& actual) const
     {
-        return isExpressionKnown ? spline == actual.spline && expression == actual.expression
-                                 : spline.hasSameShape(actual.spline);
+        if (!isExpressionKnown || (!expression && !actual.expression)) {
+            return spline.hasSameShape(actual.spline);
+        }
+        return spline == actual.spline && expression == actual.expression;
     }
 
     /// An expression, or the mark of one, which may be left over from one that was lost.

@@ -2,12 +2,11 @@
 
 #include "core/SplineBase.h"
 
-#include <algorithm>
 #include <array>
 #include <cstring>
 #include <vector>
 
-/// All that a spline holds, bit for bit; keys of equal times are compared in any order.
+/// All that a spline holds, bit for bit, in the order of its keys.
 class SplineState
 {
 public:
@@ -20,17 +19,6 @@ public:
     {
         for (const PointInfo* point : spline.getControlPoints()) {
             keys.push_back(bitsOf(*point));
-            times.push_back(point->time);
-        }
-        for (std::size_t first = 0; first < keys.size();) {
-            std::size_t end = first + 1;
-            while (end < keys.size() && times[end] == times[first]) {
-                ++end;
-            }
-            const auto begin = keys.begin();
-            std::sort(begin + static_cast<std::ptrdiff_t>(first),
-                      begin + static_cast<std::ptrdiff_t>(end));
-            first = end;
         }
     }
 
@@ -73,7 +61,6 @@ public:
 
 private:
     std::vector<Bits> keys;
-    std::vector<double> times;
     std::array<SplineBase::nodeType, 2> behaviours{};
     bool addFunc = false;
     double defaultValue = 0.0;
