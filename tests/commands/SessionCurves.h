@@ -54,9 +54,13 @@ public:
         lent[4]->setExpression("sin(t)");
     }
 
-    /// Half steps of a small grid, so that keys often meet.
-    double number() { return random.bounded(41) * 0.5; }
-    double offset() { return random.bounded(-8, 9) * 0.5 + 0.0; }
+    /// Half steps of a small grid, so that keys often meet: most of them at a few times, where they
+    /// make hard cuts of two keys and more.
+    double number() { return chance(50) ? random.bounded(5) * 5.0 : random.bounded(41) * 0.5; }
+    double offset()
+    {
+        return chance(50) ? random.bounded(-2, 3) * 5.0 : random.bounded(-8, 9) * 0.5;
+    }
     bool chance(const int& percent) { return random.bounded(100) < percent; }
     int below(const qsizetype& count) { return random.bounded(static_cast<int>(count)); }
     int anyCurve() { return below(names.size()); }

@@ -2,12 +2,15 @@
 
 #include "core/SplineBase.h"
 
-#include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstddef>
 #include <cstring>
+#include <limits>
 #include <vector>
 
-/// All that a spline holds, bit for bit; keys of equal times are compared in any order.
+/// All that a spline holds and shows, bit for bit: its keys in their order, and the values at each
+/// key's time, on both sides of it, between it and the next, and beyond the ends.
 class SplineState
 {
 public:
@@ -20,17 +23,9 @@ public:
     {
         for (const PointInfo* point : spline.getControlPoints()) {
             keys.push_back(bitsOf(*point));
-            times.push_back(point->time);
         }
-        for (std::size_t first = 0; first < keys.size();) {
-            std::size_t end = first + 1;
-            while (end < keys.size() && times[end] == times[first]) {
-                ++end;
-            }
-            const auto begin = keys.begin();
-            std::sort(begin + static_cast<std::ptrdiff_t>(first),
-                      begin + static_cast<std::ptrdiff_t>(end));
-            first = end;
+        for (const double& time : momentsOf(spline)) {
+            values.push_back(bitsOf(spline(time)));
         }
     }
 
@@ -39,11 +34,42 @@ public:
         return addFunc == other.addFunc && hasSameShape(other);
     }
 
-    /// Whether the splines have the same values, with or without an expression added.
+    /// Whether the splines have the same keys and values, with or without an expression added.
     bool hasSameShape(const SplineState& other) const
     {
         return keys == other.keys && behaviours == other.behaviours &&
-               std::memcmp(&defaultValue, &other.defaultValue, sizeof defaultValue) == 0;
+               bitsOf(defaultValue) == bitsOf(other.defaultValue) && values == other.values;
+    }
+
+    /// The times at which two splines are compared. Beside a key of a hard cut the value is that
+    /// of the first of its keys on one side and that of the last on the other.
+    static std::vector<double> momentsOf(SplineBase& spline)
+    {
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        const std::vector<PointInfo*>& points = spline.getControlPoints();
+        std::vector<double> moments{0.0};
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            const double time = points[i]->time;
+            moments.insert(moments.end(),
+                           {std::nextafter(time, -infinity), time, std::nextafter(time, infinity)});
+            if (i + 1 < points.size()) {
+                moments.push_back(time + (points[i + 1]->time - time) * 0.4);
+            }
+        }
+        if (!points.empty()) {
+            const double first = points.front()->time;
+            const double last = points.back()->time;
+            moments.insert(moments.end(), {first - 1.3, last + 1.3, last + (last - first) * 1.7});
+        }
+        return moments;
+    }
+
+    static unsigned long long bitsOf(const double& number)
+    {
+        unsigned long long bits = 0;
+        static_assert(sizeof bits == sizeof number);
+        std::memcpy(&bits, &number, sizeof bits);
+        return bits;
     }
 
     bool isAddFunc() const { return addFunc; }
@@ -73,7 +99,7 @@ public:
 
 private:
     std::vector<Bits> keys;
-    std::vector<double> times;
+    std::vector<unsigned long long> values;
     std::array<SplineBase::nodeType, 2> behaviours{};
     bool addFunc = false;
     double defaultValue = 0.0;
