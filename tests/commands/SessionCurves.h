@@ -3,7 +3,7 @@
 #include "support/EditorFixture.h"
 #include "support/SplineState.h"
 
-#include <QRandomGenerator>
+#include "commands/Chance.h"
 
 #include <memory>
 #include <optional>
@@ -30,8 +30,8 @@ struct CurveState
 
     std::string text() const
     {
-        return "{" + std::to_string(spline.keyCount()) + " keys, expression " +
-               expression.value_or("none") + (spline.isAddFunc() ? ", added}" : "}");
+        return "{keys" + spline.text() + ", expression " + expression.value_or("none") +
+               (spline.isAddFunc() ? ", added}" : "}");
     }
 };
 
@@ -40,11 +40,11 @@ using State = std::vector<CurveState>;
 
 /// What a host lends to the editors of a session, and the chance that rules it. The last two names
 /// stand for one spline and one expression.
-class SessionCurves
+class SessionCurves : public Chance
 {
 public:
     explicit SessionCurves(const unsigned& seed)
-        : random(seed)
+        : Chance(seed)
     {
         for (std::size_t i = 0; i < splineCount; ++i) {
             lent.push_back(newCurve());
@@ -54,22 +54,7 @@ public:
         lent[4]->setExpression("sin(t)");
     }
 
-    /// Half steps of a small grid, so that keys often meet: most of them at a few times, where they
-    /// make hard cuts of two keys and more.
-    double number() { return chance(50) ? random.bounded(5) * 5.0 : random.bounded(41) * 0.5; }
-    double offset()
-    {
-        return chance(50) ? random.bounded(-2, 3) * 5.0 : random.bounded(-8, 9) * 0.5;
-    }
-    bool chance(const int& percent) { return random.bounded(100) < percent; }
-    int below(const qsizetype& count) { return random.bounded(static_cast<int>(count)); }
     int anyCurve() { return below(names.size()); }
-
-    template <typename List>
-    const typename List::value_type& oneOf(const List& list)
-    {
-        return list[below(list.size())];
-    }
 
     std::unique_ptr<LentCurve> newCurve()
     {
@@ -122,7 +107,6 @@ public:
     }
 
     static constexpr std::size_t splineCount = 5;
-    QRandomGenerator random;
     /// Other curves' expressions name the two of w.
     QStringList names{"n.aa", "n.bb.cc", "w.x", "w.y", "m.dd", "m.ee"};
     std::vector<std::unique_ptr<LentCurve>> lent;

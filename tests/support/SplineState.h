@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <sstream>
+#include <string>
 #include <vector>
 
 /// All that a spline holds and shows, bit for bit: its keys in their order, and the values at each
@@ -73,7 +75,25 @@ public:
     }
 
     bool isAddFunc() const { return addFunc; }
-    std::size_t keyCount() const { return keys.size(); }
+
+    /// Time and value of each key, and what else tells two states apart.
+    std::string text() const
+    {
+        std::ostringstream text;
+        for (const Bits& key : keys) {
+            double place[2];
+            std::memcpy(place, key.data(), sizeof place);
+            text << " (" << place[0] << ", " << place[1] << ')';
+        }
+        unsigned long long sum = 0;
+        for (const Bits& key : keys) {
+            for (const unsigned long long& field : key) {
+                sum = sum * 31 + field;
+            }
+        }
+        text << ", fields " << sum % 10000 << ", ends " << behaviours[0] << ' ' << behaviours[1];
+        return text.str();
+    }
 
     /// The fields of a key as bits, without the padding of the record.
     using Bits = std::array<unsigned long long, 11>;

@@ -1,0 +1,221 @@
+#pragma once
+
+#include "commands/LostReleases.h"
+#include "commands/MouseEdits.h"
+#include "commands/MouseTargets.h"
+
+/// The steps of a mouse session: events of mouse and keyboard, and all that can come between the
+/// press and the release of a gesture.
+class MouseSteps
+{
+public:
+    explicit MouseSteps(MouseStage& mouseStage)
+        : stage(mouseStage)
+        , targets(mouseStage)
+        , edits(mouseStage)
+        , lost(mouseStage)
+    {}
+
+    struct Kind
+    {
+        const char* name;
+        int weight;
+        void (MouseSteps::*take)(Chance& chance);
+    };
+
+    static const std::vector<Kind>& kinds()
+    {
+        static const std::vector<Kind> all{
+            {"press of a button", 20, &MouseSteps::press},
+            {"press of another button", 3, &MouseSteps::pressOther},
+            {"move", 24, &MouseSteps::move},
+            {"release", 11, &MouseSteps::release},
+            {"double click", 2, &MouseSteps::doubleClick},
+            {"wheel", 2, &MouseSteps::turnWheel},
+            {"arrow", 3, &MouseSteps::typeArrow},
+            {"Delete", 3, &MouseSteps::typeDelete},
+            {"Ctrl+Z", 5, &MouseSteps::typeUndo},
+            {"Ctrl+Y", 3, &MouseSteps::typeRedo},
+            {"undo or redo by the host", 2, &MouseSteps::askForUndo},
+            {"modifier key", 4, &MouseSteps::switchModifier},
+            {"select all or none", 3, &MouseSteps::selectKeys},
+            {"tool", 4, &MouseSteps::takeTool},
+            {"mode", 1, &MouseSteps::setMode},
+            {"edit of the selected keys", 5, &MouseSteps::editKeys},
+            {"clipboard", 2, &MouseSteps::useClipboard},
+            {"key dialog and fields", 4, &MouseSteps::useKeysDialog},
+            {"view and units", 2, &MouseSteps::changeView},
+            {"other curves", 3, &MouseSteps::changeSet},
+            {"lost release", 4, &MouseSteps::loseRelease},
+            {"repaint", 1, &MouseSteps::paint},
+        };
+        return all;
+    }
+
+    static const Kind& anyKind(Chance& chance)
+    {
+        int sum = 0;
+        for (const Kind& kind : kinds()) {
+            sum += kind.weight;
+        }
+        int place = chance.below(sum);
+        for (const Kind& kind : kinds()) {
+            place -= kind.weight;
+            if (place < 0) {
+                return kind;
+            }
+        }
+        return kinds().back();
+    }
+
+    /// What a host does in its slot, mostly while a gesture runs.
+    void interrupt(Chance& chance)
+    {
+        switch (chance.below(8)) {
+        case 0:
+            lost.openDialog();
+            stage.hand.loseButtons();
+            break;
+        case 1:
+            typeUndo(chance);
+            break;
+        case 2:
+            typeRedo(chance);
+            break;
+        case 3:
+            typeDelete(chance);
+            break;
+        case 4:
+            takeTool(chance);
+            break;
+        case 5:
+            changeSet(chance);
+            break;
+        case 6:
+            selectKeys(chance);
+            break;
+        default:
+            lost.happen(chance);
+            break;
+        }
+    }
+
+    /// Ends what runs: the buttons go up, the modifiers too, and the mouse moves on.
+    void endGestures()
+    {
+        for (const Qt::MouseButton& button : stage.hand.held()) {
+            stage.hand.release(button);
+        }
+        stage.hand.letGoOfModifiers();
+        stage.hand.moveTo(QPoint(3, 3));
+    }
+
+private:
+    MouseHand& hand() { return stage.hand; }
+
+    /// Any button there is, mostly the left one; one that is down already moves instead.
+    void press(Chance& chance)
+    {
+        const QPoint pixel = targets.any(chance);
+        const auto button = chance.chance(75)
+                                ? Qt::LeftButton
+                                : chance.oneOf({Qt::MiddleButton, Qt::MiddleButton, Qt::RightButton,
+                                                Qt::BackButton, Qt::ForwardButton, Qt::TaskButton,
+                                                Qt::ExtraButton4, Qt::ExtraButton13});
+        pressOrMove(pixel, button);
+    }
+
+    void pressOther(Chance& chance)
+    {
+        const QPoint pixel = targets.any(chance);
+        pressOrMove(pixel, chance.oneOf({Qt::LeftButton, Qt::MiddleButton, Qt::RightButton,
+                                         Qt::BackButton, Qt::ExtraButton24}));
+    }
+
+    void pressOrMove(const QPoint& pixel, const Qt::MouseButton& button)
+    {
+        if (hand().isHolding(button)) {
+            hand().moveTo(pixel);
+        } else {
+            hand().press(pixel, button);
+        }
+    }
+
+    void move(Chance& chance)
+    {
+        for (int i = 1 + chance.below(3); i > 0; --i) {
+            hand().moveTo(targets.any(chance));
+        }
+    }
+
+    void release(Chance& chance)
+    {
+        const QList<Qt::MouseButton> held = hand().held();
+        if (!held.isEmpty()) {
+            hand().release(chance.oneOf(held));
+        }
+    }
+
+    void doubleClick(Chance& chance)
+    {
+        const QPoint pixel = targets.any(chance);
+        if (!hand().isHolding(Qt::LeftButton)) {
+            hand().doubleClick(pixel);
+        }
+    }
+
+    void turnWheel(Chance& chance)
+    {
+        hand().turnWheel(targets.any(chance), chance.chance(50) ? 120 : -120);
+    }
+
+    void typeArrow(Chance& chance) { hand().typeKey(Qt::Key_Left + chance.below(4)); }
+    void typeDelete(Chance&) { hand().typeKey(Qt::Key_Delete); }
+
+    void typeUndo(Chance&)
+    {
+        hand().typeWithControl(Qt::Key_Z);
+        finishUndo();
+    }
+
+    void typeRedo(Chance&) { hand().typeWithControl(Qt::Key_Y); }
+
+    void askForUndo(Chance& chance)
+    {
+        if (chance.chance(40)) {
+            stage.editor().redo();
+            return;
+        }
+        chance.chance(50) ? stage.undo() : stage.editor().undo();
+        finishUndo();
+    }
+
+    void finishUndo()
+    {
+        if (stage.isAmidDrag()) {
+            stage.undo();
+        }
+    }
+
+    void switchModifier(Chance& chance)
+    {
+        hand().switchModifier(
+            chance.oneOf({Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}));
+    }
+
+    void selectKeys(Chance& chance) { edits.selectKeys(chance); }
+    void takeTool(Chance& chance) { edits.takeTool(chance); }
+    void setMode(Chance& chance) { edits.setMode(chance); }
+    void editKeys(Chance& chance) { edits.editKeys(chance); }
+    void useClipboard(Chance& chance) { edits.useClipboard(chance); }
+    void useKeysDialog(Chance& chance) { edits.useKeysDialog(chance); }
+    void changeView(Chance& chance) { edits.changeView(chance); }
+    void changeSet(Chance& chance) { edits.changeSet(chance); }
+    void loseRelease(Chance& chance) { lost.happen(chance); }
+    void paint(Chance&) { stage.fixture.paint(); }
+
+    MouseStage& stage;
+    MouseTargets targets;
+    MouseEdits edits;
+    LostReleases lost;
+};
