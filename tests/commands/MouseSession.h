@@ -55,6 +55,10 @@ private:
         if (course.counts) {
             course.counts->add(kind.name, isInGesture);
         }
+        if (course.isTold) {
+            std::printf("step\t%d\t%s", step, kind.name);
+            std::fflush(stdout); // it may be the last one
+        }
         const int served = popups.served;
         isInterrupted = false;
         now = popups.chance = &chance;
@@ -64,13 +68,13 @@ private:
             stage.hand.loseButtons(); // they went up over the menu or the dialog
         }
         if (course.isTold) {
-            tell(step, kind.name);
+            tell();
         }
     }
 
-    void tell(const int& step, const char* kind)
+    void tell()
     {
-        std::printf("step\t%d\t%s%s; mode %d, buttons %d, modifiers %x, %s\n", step, kind,
+        std::printf("%s; mode %d, %d buttons down, modifiers %x; %s\n",
                     isInterrupted ? ", and the host in its slot" : "",
                     static_cast<int>(stage.editor().getCurrentMode()),
                     static_cast<int>(stage.hand.held().size()),

@@ -18,9 +18,14 @@ struct CurveState
     std::optional<std::string> expression;
     /// False once a reset has taken the expression for good: then nothing is said of it here.
     bool isExpressionKnown = true;
+    /// False in steps of before the host put other keys there: nothing is said of the curve then.
+    bool isKnown = true;
 
     bool agreesWith(const CurveState& actual) const
     {
+        if (!isKnown) {
+            return true;
+        }
         return isExpressionKnown ? spline == actual.spline && expression == actual.expression
                                  : spline.hasSameShape(actual.spline);
     }
@@ -66,9 +71,12 @@ public:
     }
 
     /// Null once the host has destroyed it.
-    std::unique_ptr<LentCurve>& contentOf(const int& curve)
+    std::unique_ptr<LentCurve>& contentOf(const int& curve) { return lent[splineOf(curve)]; }
+
+    /// The number of the spline that a curve shows.
+    static std::size_t splineOf(const int& curve)
     {
-        return lent[qMin(static_cast<std::size_t>(curve), splineCount - 1)];
+        return qMin(static_cast<std::size_t>(curve), splineCount - 1);
     }
 
     QString nodeOf(const int& curve) const { return names[curve].section('.', 0, 0); }

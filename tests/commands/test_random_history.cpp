@@ -81,9 +81,9 @@ private:
     /// What ZK_HISTORY_KIND names, else by seed: half of the histories are pure, as they say most.
     static RandomHistory::kinds kindOf(const int& seed)
     {
-        static const QStringList names{"pure", "shared", "ruthless"};
+        static const QStringList names{"pure", "refilled", "shared", "ruthless"};
         const qsizetype named = names.indexOf(qEnvironmentVariable("ZK_HISTORY_KIND"));
-        return static_cast<RandomHistory::kinds>(named >= 0 ? named : qMax(0, qAbs(seed) % 4 - 1));
+        return static_cast<RandomHistory::kinds>(named >= 0 ? named : qMax(0, qAbs(seed) % 6 - 2));
     }
 
     void runHistory(const int& seed, const int& steps)
