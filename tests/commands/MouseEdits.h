@@ -15,12 +15,10 @@ public:
 
     void takeTool(Chance& chance)
     {
-        const auto tool =
-            chance.oneOf({&CurveEditor::setSelectMode, &CurveEditor::setMoveMode,
-                          &CurveEditor::setAddKeyMode, &CurveEditor::setDeleteKeyMode,
-                          &CurveEditor::setZoomMode, &CurveEditor::setDefaultMode,
-                          &CurveEditor::setDefaultMode, &CurveEditor::setDefaultMode});
-        (stage.editor().*tool)();
+        const auto tool = chance.oneOf({&CurveEditor::setSelectMode, &CurveEditor::setMoveMode,
+                                        &CurveEditor::setAddKeyMode, &CurveEditor::setDeleteKeyMode,
+                                        &CurveEditor::setZoomMode});
+        chance.chance(60) ? stage.editor().setDefaultMode() : (stage.editor().*tool)();
     }
 
     /// The slots behind the tools; a host may call either alone.

@@ -50,8 +50,8 @@ private:
     void take(const int& step)
     {
         Chance chance(session, static_cast<unsigned>(step));
-        const MouseSteps::Kind& kind = MouseSteps::anyKind(chance);
         const bool isInGesture = stage.isInGesture();
+        const MouseSteps::Kind& kind = MouseSteps::anyKind(chance, isInGesture);
         if (course.counts) {
             course.counts->add(kind.name, isInGesture);
         }

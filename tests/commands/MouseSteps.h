@@ -19,48 +19,50 @@ public:
     struct Kind
     {
         const char* name;
-        int weight;
+        int weightAtRest;
+        int weightInGesture;
         void (MouseSteps::*take)(Chance& chance);
     };
 
     static const std::vector<Kind>& kinds()
     {
         static const std::vector<Kind> all{
-            {"press of a button", 20, &MouseSteps::press},
-            {"press of another button", 3, &MouseSteps::pressOther},
-            {"move", 24, &MouseSteps::move},
-            {"release", 11, &MouseSteps::release},
-            {"double click", 2, &MouseSteps::doubleClick},
-            {"wheel", 2, &MouseSteps::turnWheel},
-            {"arrow", 3, &MouseSteps::typeArrow},
-            {"Delete", 3, &MouseSteps::typeDelete},
-            {"Ctrl+Z", 5, &MouseSteps::typeUndo},
-            {"Ctrl+Y", 3, &MouseSteps::typeRedo},
-            {"undo or redo by the host", 2, &MouseSteps::askForUndo},
-            {"modifier key", 4, &MouseSteps::switchModifier},
-            {"select all or none", 3, &MouseSteps::selectKeys},
-            {"tool", 4, &MouseSteps::takeTool},
-            {"mode", 1, &MouseSteps::setMode},
-            {"edit of the selected keys", 5, &MouseSteps::editKeys},
-            {"clipboard", 2, &MouseSteps::useClipboard},
-            {"key dialog and fields", 4, &MouseSteps::useKeysDialog},
-            {"view and units", 2, &MouseSteps::changeView},
-            {"other curves", 3, &MouseSteps::changeSet},
-            {"lost release", 4, &MouseSteps::loseRelease},
-            {"repaint", 1, &MouseSteps::paint},
+            {"press of a button", 34, 4, &MouseSteps::press},
+            {"press of another button", 2, 4, &MouseSteps::pressOther},
+            {"move", 8, 34, &MouseSteps::move},
+            {"release", 4, 12, &MouseSteps::release},
+            {"double click", 3, 1, &MouseSteps::doubleClick},
+            {"wheel", 1, 2, &MouseSteps::turnWheel},
+            {"arrow", 3, 3, &MouseSteps::typeArrow},
+            {"Delete", 2, 2, &MouseSteps::typeDelete},
+            {"Ctrl+Z", 3, 3, &MouseSteps::typeUndo},
+            {"Ctrl+Y", 2, 2, &MouseSteps::typeRedo},
+            {"undo or redo by the host", 1, 1, &MouseSteps::askForUndo},
+            {"modifier key", 3, 4, &MouseSteps::switchModifier},
+            {"select all or none", 4, 2, &MouseSteps::selectKeys},
+            {"tool", 4, 2, &MouseSteps::takeTool},
+            {"mode", 1, 1, &MouseSteps::setMode},
+            {"edit of the selected keys", 6, 3, &MouseSteps::editKeys},
+            {"clipboard", 2, 1, &MouseSteps::useClipboard},
+            {"key dialog and fields", 4, 3, &MouseSteps::useKeysDialog},
+            {"view and units", 1, 1, &MouseSteps::changeView},
+            {"other curves", 2, 2, &MouseSteps::changeSet},
+            {"lost release", 1, 3, &MouseSteps::loseRelease},
+            {"repaint", 1, 1, &MouseSteps::paint},
         };
         return all;
     }
 
-    static const Kind& anyKind(Chance& chance)
+    static const Kind& anyKind(Chance& chance, const bool& isInGesture)
     {
+        const auto weightOf = isInGesture ? &Kind::weightInGesture : &Kind::weightAtRest;
         int sum = 0;
         for (const Kind& kind : kinds()) {
-            sum += kind.weight;
+            sum += kind.*weightOf;
         }
         int place = chance.below(sum);
         for (const Kind& kind : kinds()) {
-            place -= kind.weight;
+            place -= kind.*weightOf;
             if (place < 0) {
                 return kind;
             }
@@ -199,8 +201,12 @@ private:
 
     void switchModifier(Chance& chance)
     {
-        hand().switchModifier(
-            chance.oneOf({Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}));
+        if (chance.chance(50)) {
+            hand().letGoOfModifiers();
+        } else {
+            hand().switchModifier(
+                chance.oneOf({Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier}));
+        }
     }
 
     void selectKeys(Chance& chance) { edits.selectKeys(chance); }

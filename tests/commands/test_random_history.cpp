@@ -100,17 +100,20 @@ private:
     void runSession(const int& seed)
     {
         announce(seed);
-        constexpr int length = 40;
+        constexpr int length = 60;
         MouseSession::Course course{{}, isTelling(), &mouseCounts};
         const QString failure = MouseSession(seed, course).run(length);
         if (failure.isEmpty()) {
             return;
         }
         course = MouseSession::Course();
-        for (int step = length; step > 0; --step) {
-            course.omitted.insert(step);
-            if (MouseSession(seed, course).run(length).isEmpty()) {
-                course.omitted.remove(step);
+        for (int step = 2 * length; step > 0; --step) { // each twice: a later one may go first
+            const int omitted = (step - 1) % length + 1;
+            if (!course.omitted.contains(omitted)) {
+                course.omitted.insert(omitted);
+                if (MouseSession(seed, course).run(length).isEmpty()) {
+                    course.omitted.remove(omitted);
+                }
             }
         }
         course.isTold = true;
