@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/UnlinkedCurves.h"
 #include "core/SplineBase.h"
 
 #include <QColor>
@@ -13,7 +14,7 @@
 #include <memory>
 
 struct CanvasBackground;
-class ControlSplineNode;
+class CanvasGesture;
 class CurveEditor;
 class CurveNode;
 class CurveNodeBase;
@@ -29,11 +30,10 @@ class QPoint;
 class QPointF;
 class SplineCurveGraph;
 class ViewPort;
+struct SelectionState;
 
 namespace curve_editor {
-class CommandChangePoints;
-class CommandMovePoints;
-class CommandSelectPoints;
+class CurveCommand;
 class DetachedCurve;
 } // namespace curve_editor
 
@@ -68,13 +68,13 @@ public:
     CurveNode* addCanvasCurve(const QString& dotName, const QColor& color, const float& curveValue,
                               SplineBase* spline, FunctionFloatBase** expressionSlot,
                               const float& minValue, const float& maxValue, const bool& notifyHost);
-    /// Puts an unlinked curve back into the tree, unless a node of its name is there, which is
-    /// given back then.
+    /// Puts an unlinked curve back into the tree, and owns it from then on, unless a node of its
+    /// name is there, which is given back then. Null, too, for a curve that has been freed.
     CurveNode* attachCanvasCurve(CurveNode* curve);
-    /// Unlinks the node of that name without freeing it: commands may hold it. It is freed with
-    /// the canvas at the latest.
+    /// Unlinks the node of that name, and frees it as soon as nobody names it: see CurveHold and
+    /// CanvasVisit.
     void removeCanvasCurve(const QString& dotName);
-    /// Frees all nodes that are linked.
+    /// The same with all nodes that are linked.
     void clearCurves();
     /// Exactly these curves are being edited, and drawn, from now on. A group stands for its
     /// leaves; unknown names and null are passed over. A curve that is deselected loses its
@@ -110,11 +110,13 @@ public:
     void resetAllCurves();
     /// The top nodes of the tree, owned by the canvas.
     QList<CurveNode*> topNodes() const;
-    /// Deletes a node that stands unlinked; does nothing on any other.
+    /// Frees a node that stands unlinked as soon as nobody names it; does nothing on any other.
     void discardUnlinked(CurveNode* node);
-    /// Called by nodes when they come to life, when they get a new name and when they die.
+    /// Called by nodes when they come to life, when they get a new name, when the last hold of
+    /// them has ended and when they die.
     void nodeCreated(CurveNode* node);
     void nodeRenamed(CurveNode* node, const QString& oldDotName);
+    void nodeReleased(CurveNode* node);
     void nodeDestroyed(CurveNode* node);
     /// @}
 
@@ -139,10 +141,32 @@ public:
     void watchModifiers(QInputEvent* event);
     /// @}
 
-    /// @name Gesture commands: at most one of each kind is pending
+    /// @name Gestures: a drag of keys, a rubber band, or a drag of the view
     /// @{
-    /// begin makes the command unless it is pending; commit hands it to the history if anything
-    /// has changed, and frees it otherwise.
+    /// Left, middle and right button alone begin a gesture, and none while another is held for one.
+    bool ignoresPress(const Qt::MouseButton& button) const;
+    /// The same of releases; that of the middle button ends each gesture.
+    bool ignoresRelease(const Qt::MouseButton& button) const;
+    /// Ends what is running as its release would: its steps are in the history, its rectangle is
+    /// gone and the mode is the chosen one. Called where a release may be lost.
+    void endGesture();
+    /// The same for drags over a field, too, but not for drags of the view. Called before anything
+    /// else is done to keys, selection, history or the curves being edited.
+    void endGestures();
+    /// The same for this canvas alone, unless the command is the gesture's own; null is nobody's.
+    void endGestureBefore(const curve_editor::CurveCommand* command);
+    /// The same if such a curve, or one of such a group, is being edited.
+    void endGestureOn(const QString& dotName);
+    /// The same unless these names stand for exactly the curves being edited.
+    void endGestureUnlessEditing(const QStringList& dotNames);
+    /// The same unless the gesture goes on in that mode of the editor.
+    void endGestureUnlessIn(const int& mode);
+    /// Ends a gesture of the mouse whose release was lost, as this event tells.
+    void endLostGesture(QInputEvent* event);
+    /// @}
+
+    /// @name Gesture commands: see PendingCommands
+    /// @{
     void beginSelectCommand();
     void commitSelectCommand();
     /// Notes where the move begins, for the axis lock, and begins its command.
@@ -151,7 +175,6 @@ public:
     void commitMoveCommand();
     void beginChangeCommand();
     void commitChangeCommand();
-    /// Frees what is pending; the keys stay as they are.
     void dropPendingCommands();
     /// @}
 
@@ -205,6 +228,7 @@ public:
     /// what the parser returned, owned by the caller.
     FunctionFloatBase* parseExpression(const QString& text, ParseMessage& message);
 
+    SelectionState selectionState() const;
     CurveEditor* curveEditor() const;
     ViewPort* viewPort() const;
 
@@ -239,21 +263,17 @@ signals:
     void showKeyProperties();
 
 private:
+    friend class CanvasVisit;
+
     void link(CurveNode* node, CurveNode* group);
     bool isLinked(const CurveNode* node) const;
+    QList<CurveNode*> linkedNodes(const QString& dotName) const;
     void leaveEditing();
     QStringList enterEditing(CurveNode* node);
 
-    /// How many keys are selected over the editing curves that have keys.
-    struct SelectionState
-    {
-        bool any = false;  ///< some curve has a current key and a selected one
-        bool many = false; ///< more than one key, on one curve or several
-    };
-    SelectionState selectionState() const;
+    bool areExactlyEdited(const QList<CurveNode*>& wanted) const;
     QList<SplineCurveGraph*> editableGraphs() const;
-    bool hasEditableKeys() const;
-    void worldAt(const QPoint& pixel, double& time, double& value) const;
+    QPointF worldAt(const QPoint& pixel) const;
 
     bool pressRight(const bool& outside, const bool& hitUnselected, const bool& anySelected,
                     const QList<PointInfo*>& hits);
@@ -262,42 +282,25 @@ private:
     bool pressAddToSelection(const bool& outside, const bool& keyWasHit,
                              const QList<PointInfo*>& hits);
     void pressDelete(const QList<PointInfo*>& hits);
-    void beginRubberSelection(const int& mode);
-    void startMove(const QPoint& pixel, const bool& manySelected);
     void walkSelection(const bool& forward);
 
-    void dragPoint(const QPoint& pixel, double& x, double& y) const;
-    void dragSelection(SplineCurveGraph* graph, const bool& many, const QPointF& raw,
-                       const QPointF& target, const QPointF& delta);
-    void reportDrag(CurveNode* curve);
-    void scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx,
-                   const double& sy);
-    void describeChange(const char* description);
     void setPointsType(const zk_spline::interpolationType& type);
 
     CurveNodeBase* copySource() const;
     double offsetToTimeline() const;
     void pasteClipboard(const double& offset, const bool& keysOnly);
 
-    FunctionEditor* widget;  ///< not owned: the parent
-    CurveEditor* editor;     ///< not owned: outlives the canvas but for its own last moments
-    ViewPort* view;          ///< not owned: the widget's base
-    double lastWorldX = 0.0; ///< press point, then position of the last drag step
-    double lastWorldY = 0.0;
-    double startWorldX = 0.0; ///< where a move began
-    double startWorldY = 0.0;
-    bool rubberSelect = false;
-    bool dragging = false;
-    bool showMark = false; ///< the snap cross-hair is drawn
+    FunctionEditor* widget; ///< not owned: the parent
+    CurveEditor* editor;    ///< not owned: outlives the canvas but for its own last moments
+    ViewPort* view;         ///< not owned: the widget's base
     bool selectionPending = false;
     QList<CurveNode*> editing; ///< leaves of the tree, not owned, each once
-    QList<CurveNode*> tops;    ///< owned
-    QSet<CurveNode*> nodes;    ///< every living node made for this canvas, linked or not
+    UnlinkedCurves unlinked{editing};
+    QList<CurveNode*> tops; ///< owned
+    QSet<CurveNode*> nodes; ///< every living node made for this canvas, linked or not
     QMultiHash<QString, CurveNode*> nodesByName; ///< the same by dotted name
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;
     std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
-    std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;
-    std::unique_ptr<curve_editor::CommandSelectPoints> pendingSelect;
-    std::unique_ptr<curve_editor::CommandChangePoints> pendingChange;
+    std::unique_ptr<CanvasGesture> gesture;                 ///< never null
 };

@@ -3,6 +3,7 @@
 #include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
+#include "curves/CurveType.h"
 
 #include <algorithm>
 
@@ -46,7 +47,7 @@ void shiftCentreTo(const double& centre, double& low, double& high)
 
 bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double& y2) const
 {
-    if (!hasEditableKeys()) {
+    if (!hasKeys(editingType())) {
         return false;
     }
     KeyBounds bounds;

@@ -1,6 +1,8 @@
 // The set of curves being edited, and what it says of itself.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandAddFunc.h"
@@ -16,11 +18,9 @@
 
 #include <fstream>
 #include <string>
+#include <utility>
 
 namespace {
-
-const int unknownName = 1;
-const int openParenthesis = 3;
 
 QString expressionText(CurveNode* curve)
 {
@@ -49,12 +49,14 @@ void dropSelections(const QList<CurveNode*>& former, const QList<CurveNode*>& ed
 
 } // namespace
 
+/// To be called during a visit: curves that had left with their group may end after it.
 void CanvasFunctionBase::leaveEditing()
 {
-    for (CurveNode* curve : std::as_const(editing)) {
+    const QList<CurveNode*> former = std::exchange(editing, {});
+    for (CurveNode* curve : former) {
         curve->setActive(false);
+        unlinked.nameDropped(curve);
     }
-    editing.clear();
 }
 
 /// Takes a leaf, or all leaves of a group, into the set, each once. Returns the names of those
@@ -75,7 +77,9 @@ QStringList CanvasFunctionBase::enterEditing(CurveNode* node)
 
 void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 {
+    const CanvasVisit visit(this);
     const QStringList names = dotNames; // whoever hears the signal may change the caller's list
+    endGestureUnlessEditing(names);
     const QList<CurveNode*> former = editing;
     leaveEditing();
     for (const QString& name : names) {
@@ -90,7 +94,12 @@ void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 
 void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
 {
-    const QList<CurveNode*> wanted = curves; // the argument may be our own list
+    const CanvasVisit visit(this);
+    QList<CurveNode*> wanted = curves; // the argument may be our own list
+    if (gesture->isOnKeys() && !areExactlyEdited(wanted)) {
+        endGestures(); // whoever hears of its steps may free some of these
+        wanted.removeIf([this](CurveNode* node) { return !nodes.contains(node); });
+    }
     const QList<CurveNode*> former = editing;
     leaveEditing();
     QStringList names;
@@ -167,7 +176,7 @@ QString CanvasFunctionBase::commandLineText() const
     if (type != expressionCurve && type != splinePlusExpressionCurve) {
         return tr("Multiple Types");
     }
-    const QString text = expressionText(editing.first());
+    QString text = expressionText(editing.first());
     for (CurveNode* curve : editing) {
         if (expressionText(curve) != text) {
             return QStringLiteral("...");
@@ -186,6 +195,7 @@ void CanvasFunctionBase::markExpressionsChanged()
 
 void CanvasFunctionBase::switchAddFuncToSpline()
 {
+    endGestures();
     const int type = editingType();
     if (type == expressionCurve || type == splinePlusExpressionCurve) {
         editor->getCmdManager()->doCommand(new curve_editor::CommandAddFunc(editor));
@@ -238,9 +248,9 @@ FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, Pars
         return expression;
     }
     QString problem = tr("Unknown");
-    if (message.errorKind == unknownName) {
+    if (message.errorKind == ParseMessage::unknownName) {
         problem = tr("Variable %1 not found").arg(markedText(message));
-    } else if (message.errorKind == openParenthesis) {
+    } else if (message.errorKind == ParseMessage::openParenthesis) {
         problem = tr("Unmatched parenthesis");
     }
     QMessageBox::warning(nullptr, tr("Syntax error"), problem);

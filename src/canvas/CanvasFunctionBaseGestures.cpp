@@ -1,73 +1,178 @@
+// What carries a gesture on and what ends it. What begins one stands with the press.
+
 #include "canvas/CanvasFunctionBase.h"
 
-#include "commands/CommandChangePoints.h"
-#include "commands/CommandMovePoints.h"
-#include "commands/CommandSelectPoints.h"
+#include "canvas/CanvasGesture.h"
+#include "canvas/FunctionEditor.h"
+#include "canvas/MousePixel.h"
+#include "curves/CurveNode.h"
 #include "editor/CurveEditor.h"
 
+#include <QMouseEvent>
 #include <QPoint>
 
-namespace {
+#include <algorithm>
 
-template <class Command>
-void begin(std::unique_ptr<Command>& pending, CurveEditor* editor)
+QPointF CanvasFunctionBase::worldAt(const QPoint& pixel) const
 {
-    if (!pending) {
-        pending = std::make_unique<Command>(editor);
+    return QPointF(view->timeAt(pixel.x()), view->valueAt(pixel.y()));
+}
+
+bool CanvasFunctionBase::ignoresPress(const Qt::MouseButton& button) const
+{
+    const bool isKnown =
+        button == Qt::LeftButton || button == Qt::MiddleButton || button == Qt::RightButton;
+    return !isKnown || gesture->isSecondButton(button);
+}
+
+bool CanvasFunctionBase::ignoresRelease(const Qt::MouseButton& button) const
+{
+    return button != Qt::MiddleButton && ignoresPress(button);
+}
+
+void CanvasFunctionBase::move(QMouseEvent* event)
+{
+    gesture->step(worldAt(mousePixel(event->position())));
+}
+
+void CanvasFunctionBase::release(QMouseEvent* event)
+{
+    using Mode = CurveEditor::curveEditorModes;
+    const Mode mode = editor->getCurrentMode();
+    const Mode user = editor->getUserMode();
+    watchModifiers(event);
+
+    if (ignoresRelease(event->button())) {
+        return;
+    }
+    if (mode == Mode::ZOOMING) {
+        // Alt itself is meant, whatever the zoom modifier is.
+        editor->setCurrentMode(event->modifiers().testFlag(Qt::AltModifier) ? Mode::ZOOM : user);
+    } else if (event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton) {
+        gesture->end(mode, user);
     }
 }
 
-/// The pending pointer is cleared first: doCommand can call the host, and the host the canvas.
-template <class Command>
-void commit(std::unique_ptr<Command>& pending, CurveEditor* editor)
+void CanvasFunctionBase::endGesture()
 {
-    std::unique_ptr<Command> command = std::move(pending);
-    if (command && command->captureFinalState()) {
-        editor->getCmdManager()->doCommand(command.release());
+    if (!gesture->isRunning()) {
+        return;
+    }
+    if (view->rubberDrag && view->viewDrag) {
+        view->applyRect(true);
+    }
+    view->clearDrags();
+    view->zoomMode = false;
+    gesture->end();
+    widget->update();
+}
+
+void CanvasFunctionBase::endGestures()
+{
+    if (editor) {
+        editor->getCmdManager()->endGestures();
     }
 }
 
-} // namespace
+void CanvasFunctionBase::endGestureBefore(const curve_editor::CurveCommand* command)
+{
+    if (!gesture->commands.isHandingOver(command) && gesture->isOnKeys()) {
+        endGesture();
+    }
+}
+
+void CanvasFunctionBase::endGestureOn(const QString& dotName)
+{
+    CurveNode* const node = gesture->isOnKeys() ? findCurve(dotName) : nullptr;
+    const QList<CurveNode*> curves = node ? node->curves() : QList<CurveNode*>();
+    if (std::any_of(curves.cbegin(), curves.cend(),
+                    [this](CurveNode* curve) { return editing.contains(curve); })) {
+        endGestures();
+    }
+}
+
+void CanvasFunctionBase::endGestureUnlessEditing(const QStringList& dotNames)
+{
+    if (!gesture->isOnKeys()) {
+        return;
+    }
+    QList<CurveNode*> named;
+    for (const QString& name : dotNames) {
+        named.append(findCurve(name));
+    }
+    if (!areExactlyEdited(named)) {
+        endGestures();
+    }
+}
+
+void CanvasFunctionBase::endGestureUnlessIn(const int& mode)
+{
+    if (!gesture->admits(mode)) {
+        endGesture();
+    }
+}
+
+/// What the modifiers mean depends on the mode, which the end changes.
+void CanvasFunctionBase::endLostGesture(QInputEvent* event)
+{
+    if (gesture->isOfMouse()) {
+        endGesture();
+        watchModifiers(event);
+    }
+}
+
+/// The leaves of these nodes, each once, in the order of the curves being edited. Null is passed
+/// over.
+bool CanvasFunctionBase::areExactlyEdited(const QList<CurveNode*>& wanted) const
+{
+    QList<CurveNode*> leaves;
+    for (CurveNode* node : wanted) {
+        const QList<CurveNode*> curves = node ? node->curves() : QList<CurveNode*>();
+        for (CurveNode* curve : curves) {
+            if (!leaves.contains(curve)) {
+                leaves.append(curve);
+            }
+        }
+    }
+    return std::equal(leaves.cbegin(), leaves.cend(), editing.cbegin(), editing.cend());
+}
 
 void CanvasFunctionBase::beginSelectCommand()
 {
-    begin(pendingSelect, editor);
+    gesture->commands.beginSelect();
 }
 
 void CanvasFunctionBase::commitSelectCommand()
 {
-    commit(pendingSelect, editor);
+    gesture->commands.commitSelect();
 }
 
 void CanvasFunctionBase::beginMove(const QPoint& pixel)
 {
-    worldAt(pixel, startWorldX, startWorldY);
-    beginMoveCommand();
+    gesture->beginMove(worldAt(pixel));
 }
 
 void CanvasFunctionBase::beginMoveCommand()
 {
-    begin(pendingMove, editor);
+    gesture->commands.beginMove();
 }
 
 void CanvasFunctionBase::commitMoveCommand()
 {
-    commit(pendingMove, editor);
+    gesture->commands.commitMove();
 }
 
 void CanvasFunctionBase::beginChangeCommand()
 {
-    begin(pendingChange, editor);
+    gesture->commands.beginChange();
 }
 
 void CanvasFunctionBase::commitChangeCommand()
 {
-    commit(pendingChange, editor);
+    gesture->commands.commitChange();
 }
 
 void CanvasFunctionBase::dropPendingCommands()
 {
-    pendingMove.reset();
-    pendingSelect.reset();
-    pendingChange.reset();
+    gesture->commands.drop();
 }

@@ -1,5 +1,6 @@
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/MousePixel.h"
 #include "commands/CommandAddPoint.h"
@@ -64,50 +65,6 @@ void CanvasFunctionBase::watchModifiers(QInputEvent* event)
     }
 }
 
-void CanvasFunctionBase::release(QMouseEvent* event)
-{
-    using Mode = CurveEditor::curveEditorModes;
-    const Mode mode = editor->getCurrentMode();
-    const Mode user = editor->getUserMode();
-    watchModifiers(event);
-
-    if (mode == Mode::ZOOMING) {
-        // Alt itself is meant, whatever the zoom modifier is.
-        editor->setCurrentMode(event->modifiers().testFlag(Qt::AltModifier) ? Mode::ZOOM : user);
-        return;
-    }
-    if (event->button() != Qt::LeftButton && event->button() != Qt::MiddleButton) {
-        return;
-    }
-    view->showLabels = toolTipsOn;
-    if (editing.isEmpty() || editingType() == expressionCurve) {
-        view->rectActive = false;
-        view->rectValid = false;
-        rubberSelect = false;
-        dragging = false;
-        editor->setCurrentMode(user);
-        return;
-    }
-
-    const bool isRubber = mode == Mode::SELECTING || mode == Mode::ADDING2SEL;
-    const bool isMove = mode == Mode::MOVING || mode == Mode::SNAP;
-    if (isRubber) {
-        beginSelectCommand();
-        selectInRect(mode == Mode::ADDING2SEL);
-        commitSelectCommand();
-    } else if (isMove) {
-        commitMoveCommand();
-        commitChangeCommand();
-        showMark = false;
-    }
-    if (isRubber || isMove) {
-        editor->setCurrentMode(mode == Mode::ADDING2SEL ? Mode::ADD2SEL : user);
-    }
-    dropPendingCommands();
-    rubberSelect = false;
-    dragging = false;
-}
-
 void CanvasFunctionBase::doubleClick(QMouseEvent* event)
 {
     const CurveEditor::curveEditorModes mode = editor->getCurrentMode();
@@ -115,10 +72,8 @@ void CanvasFunctionBase::doubleClick(QMouseEvent* event)
     if (editingType() == expressionCurve || !canAdd || editing.size() != 1) {
         return;
     }
-    double time = 0.0;
-    double value = 0.0;
-    worldAt(mousePixel(event->position()), time, value);
-    addKey(editing.first(), time, value);
+    const QPointF world = worldAt(mousePixel(event->position()));
+    addKey(editing.first(), world.x(), world.y());
 }
 
 void CanvasFunctionBase::addKey(CurveNode* curve, const double& x, const double& y)
@@ -126,7 +81,9 @@ void CanvasFunctionBase::addKey(CurveNode* curve, const double& x, const double&
     if (!curve) {
         return;
     }
-    CurveEditor::NodeStruct* record = editor->searchAllNodeList(curve->dotName());
+    const QString name = curve->dotName();
+    endGestures();
+    CurveEditor::NodeStruct* record = editor->searchAllNodeList(name);
     if (record) {
         editor->getCmdManager()->doCommand(new curve_editor::CommandAddPoint(editor, record, x, y));
     }
@@ -136,7 +93,7 @@ void CanvasFunctionBase::createNodeAtCursor(CurveNode* curve)
 {
     if (curve && editing.size() == 1 && hasKeys(editingType()) &&
         editing.first()->dotName() == curve->dotName()) {
-        addKey(curve, lastWorldX, lastWorldY);
+        addKey(curve, gesture->lastWorld.x(), gesture->lastWorld.y());
     }
 }
 
@@ -147,12 +104,12 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Z:
         if (onlyControl) {
-            emit editor->curveEditorUndo();
+            editor->undo();
         }
         break;
     case Qt::Key_Y:
         if (onlyControl) {
-            emit editor->curveEditorRedo();
+            editor->redo();
         }
         break;
     case Qt::Key_Delete:
@@ -188,11 +145,5 @@ void CanvasFunctionBase::currentNodeHasChanged()
 
 void CanvasFunctionBase::hideMark()
 {
-    showMark = false;
-}
-
-void CanvasFunctionBase::worldAt(const QPoint& pixel, double& time, double& value) const
-{
-    time = view->timeAt(pixel.x());
-    value = view->valueAt(pixel.y());
+    gesture->showMark = false;
 }

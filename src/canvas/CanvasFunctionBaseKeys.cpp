@@ -1,11 +1,15 @@
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
+#include "canvas/KeyPlacing.h"
+#include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetPointsType.h"
 #include "curves/CurveNode.h"
+#include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 
 using curve_editor::CommandChangePoints;
@@ -42,15 +46,31 @@ void flatten(SplineBase* spline, PointInfo* key)
     spline->setTcb(key, tcb); // a unified key loses its continuity there
 }
 
+void scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx, const double& sy)
+{
+    SplineBase* spline = selection.spline();
+    if (!spline) {
+        return;
+    }
+    if (!many) {
+        selection.scalePoint(sx, sy);
+        return;
+    }
+    placeKeys(*spline, selection.selectedPoints,
+              [&](const PointInfo& key) { return QPointF(sx * key.time, sy * key.value); });
+}
+
 } // namespace
 
 void CanvasFunctionBase::deleteKeys()
 {
+    endGestures();
     editor->getCmdManager()->doCommand(new CommandDelPoints(editor));
 }
 
 void CanvasFunctionBase::deleteSelectedNodes()
 {
+    endGestures();
     for (SplineCurveGraph* graph : keyContainers()) {
         if (graph->selection().hasSelection()) {
             deleteKeys();
@@ -61,6 +81,7 @@ void CanvasFunctionBase::deleteSelectedNodes()
 
 void CanvasFunctionBase::setPointsType(const zk_spline::interpolationType& type)
 {
+    endGestures();
     if (!editing.isEmpty()) {
         editor->getCmdManager()->doCommand(new CommandSetPointsType(editor, type));
     }
@@ -88,6 +109,7 @@ void CanvasFunctionBase::setSelectedStep()
 
 void CanvasFunctionBase::flatTangents()
 {
+    endGestures();
     beginChangeCommand();
     forEachSelectedKey(editableGraphs(), flatten);
     commitChangeCommand();
@@ -97,6 +119,7 @@ void CanvasFunctionBase::flatTangents()
 
 void CanvasFunctionBase::setTangentsBroken(const bool& broken)
 {
+    endGestures();
     auto command = std::make_unique<CommandChangePoints>(editor);
     forEachSelectedKey(editableGraphs(), [&broken](SplineBase* spline, PointInfo* key) {
         if (broken) {
@@ -110,7 +133,44 @@ void CanvasFunctionBase::setTangentsBroken(const bool& broken)
     }
 }
 
-void CanvasFunctionBase::describeChange(const char* description)
+void CanvasFunctionBase::scaleSelection(const double& sx, const double& sy)
 {
-    pendingChange->setDescription(description);
+    endGestures();
+    beginChangeCommand();
+    gesture->commands.describeChange("Scale Control Points");
+    const bool isScaling = !editing.isEmpty() && !(sx == 1.0 && sy == 1.0);
+    if (isScaling) {
+        const SelectionState state = selectionState();
+        if (hasKeys(editingType()) && state.any) {
+            for (SplineCurveGraph* graph : editableGraphs()) {
+                scaleKeys(graph->selection(), state.many, sx, sy);
+            }
+        }
+        updateCanvas();
+    }
+    commitChangeCommand();
+}
+
+void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
+{
+    endGestures();
+    beginMoveCommand();
+    const bool isPanning = !editing.isEmpty() && !(dx == 0.0 && dy == 0.0);
+    if (isPanning && hasKeys(editingType())) {
+        for (SplineCurveGraph* graph : editableGraphs()) {
+            ControlSplineNode& selection = graph->selection();
+            if (!selection.hasSelection()) {
+                continue;
+            }
+            // Each curve by its own number of keys, where scaling asks the whole set.
+            if (selection.selectedPoints.size() > 1) {
+                shiftKeys(*selection.spline(), selection.selectedPoints, QPointF(dx, dy));
+                selection.setCurrentPoint(selection.selectedPoints.last());
+            } else {
+                selection.offsetPoint(dx, dy);
+            }
+        }
+        updateCanvas();
+    }
+    commitMoveCommand();
 }

@@ -1,6 +1,8 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasBackground.h"
+#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SelectedKeys.h"
@@ -84,14 +86,18 @@ void CanvasFunctionBase::paint(QPainter* painter)
     } else if (!editing.isEmpty()) {
         paintSelectionSpan(painter, *view, editing, selectionColor);
     }
-    if (showMark) {
-        paintCrossHair(painter, *view, view->pixelX(lastWorldX), view->pixelY(lastWorldY));
+    if (gesture->showMark) {
+        const QPointF mark = gesture->lastWorld;
+        paintCrossHair(painter, *view, view->pixelX(mark.x()), view->pixelY(mark.y()));
     }
     if (view->canvasDirty) {
         grid->update(*view);
     }
     grid->draw(painter);
-    for (CurveNode* top : tops) {
+    // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
+    const CanvasVisit visit(this);
+    const QList<CurveNode*> drawn = tops;
+    for (CurveNode* top : drawn) {
         top->draw(view, painter);
     }
 }

@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/CanvasGesture.h"
 #include "canvas/MousePixel.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
@@ -11,17 +12,15 @@
 bool CanvasFunctionBase::press(QMouseEvent* event)
 {
     using Mode = CurveEditor::curveEditorModes;
+    if (ignoresPress(event->button())) {
+        return true;
+    }
+    endLostGesture(event);
+    endGestures();
     const Mode mode = editor->getCurrentMode();
     const QPoint pixel = mousePixel(event->position());
     const bool isLeft = event->button() == Qt::LeftButton;
-    worldAt(pixel, lastWorldX, lastWorldY);
-
-    if (!isLeft && (pendingMove || pendingSelect)) {
-        return true;
-    }
-    dropPendingCommands();
-    rubberSelect = false;
-    dragging = false;
+    gesture->press(event->button(), worldAt(pixel));
     if (editing.isEmpty()) {
         return isLeft;
     }
@@ -51,7 +50,7 @@ bool CanvasFunctionBase::press(QMouseEvent* event)
     switch (mode) {
     case Mode::ADD:
         if (editing.size() == 1) {
-            addKey(editing.first(), lastWorldX, lastWorldY);
+            addKey(editing.first(), gesture->lastWorld.x(), gesture->lastWorld.y());
         }
         return true;
     case Mode::ADD2SEL:
@@ -62,10 +61,10 @@ bool CanvasFunctionBase::press(QMouseEvent* event)
         }
         return true;
     case Mode::SELECT:
-        beginRubberSelection(Mode::SELECTING);
+        gesture->beginRubberBand(Mode::SELECTING);
         return false;
     case Mode::MOVE:
-        startMove(pixel, manySelected);
+        gesture->beginKeyDrag(!manySelected);
         return true;
     case Mode::DEFAULT:
         return pressDefault(event, outside, hitUnselected, manySelected, hits);
@@ -106,7 +105,7 @@ bool CanvasFunctionBase::pressDefault(QMouseEvent* event, const bool& outside,
     }
     if (outside) {
         if (isLeft) {
-            beginRubberSelection(CurveEditor::SELECTING);
+            gesture->beginRubberBand(CurveEditor::SELECTING);
         }
         return false;
     }
@@ -116,7 +115,7 @@ bool CanvasFunctionBase::pressDefault(QMouseEvent* event, const bool& outside,
         commitSelectCommand();
     }
     // manySelected speaks of the moment before this press, on purpose.
-    startMove(mousePixel(event->position()), manySelected);
+    gesture->beginKeyDrag(!manySelected);
     return true;
 }
 
@@ -132,7 +131,7 @@ bool CanvasFunctionBase::pressAddToSelection(const bool& outside, const bool& ke
     if (!outside) {
         return true;
     }
-    beginRubberSelection(CurveEditor::ADDING2SEL);
+    gesture->beginRubberBand(CurveEditor::ADDING2SEL);
     return false;
 }
 
@@ -143,21 +142,4 @@ void CanvasFunctionBase::pressDelete(const QList<PointInfo*>& hits)
     toggleHits(hits);
     commitSelectCommand();
     deleteKeys();
-}
-
-void CanvasFunctionBase::beginRubberSelection(const int& mode)
-{
-    beginSelectCommand();
-    rubberSelect = true;
-    editor->setCurrentMode(static_cast<CurveEditor::curveEditorModes>(mode));
-}
-
-void CanvasFunctionBase::startMove(const QPoint& pixel, const bool& manySelected)
-{
-    beginMove(pixel);
-    if (!manySelected) {
-        beginChangeCommand();
-    }
-    editor->setCurrentMode(CurveEditor::MOVING);
-    dragging = true;
 }

@@ -2,12 +2,11 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
-#include "commands/CommandChangePoints.h"
-#include "commands/CommandMovePoints.h"
-#include "commands/CommandSelectPoints.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
 
@@ -33,6 +32,7 @@ CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEdit
     , editor(dialog)
     , view(functionEditor)
     , grid(std::make_unique<FrameGrid>(functionEditor))
+    , gesture(std::make_unique<CanvasGesture>(*this, dialog, functionEditor))
 {}
 
 CanvasFunctionBase::~CanvasFunctionBase()
@@ -40,7 +40,8 @@ CanvasFunctionBase::~CanvasFunctionBase()
     grid.reset();
     background.reset();
     clearCurves();
-    // What commands had unlinked. A group takes its children along, so the roots are enough.
+    // What is unlinked and named still, or never was linked. A group takes its children along, so
+    // the roots are enough.
     QList<CurveNode*> roots;
     for (CurveNode* node : std::as_const(nodes)) {
         if (!node->parentNode()) {
@@ -77,8 +78,14 @@ void CanvasFunctionBase::nodeRenamed(CurveNode* node, const QString& oldDotName)
     nodesByName.insert(node->dotName(), node);
 }
 
+void CanvasFunctionBase::nodeReleased(CurveNode* node)
+{
+    unlinked.nameDropped(node);
+}
+
 void CanvasFunctionBase::nodeDestroyed(CurveNode* node)
 {
+    unlinked.giveBack(node);
     nodes.remove(node);
     nodesByName.remove(node->dotName(), node);
     editing.removeAll(node);
@@ -88,7 +95,7 @@ void CanvasFunctionBase::nodeDestroyed(CurveNode* node)
 void CanvasFunctionBase::discardUnlinked(CurveNode* node)
 {
     if (nodes.contains(node) && !node->parentNode() && !tops.contains(node)) {
-        delete node;
+        unlinked.take(node);
     }
 }
 
@@ -99,6 +106,14 @@ bool CanvasFunctionBase::isLinked(const CurveNode* node) const
         root = root->parentNode();
     }
     return std::find(tops.begin(), tops.end(), root) != tops.end();
+}
+
+/// Several nodes may share a name: below each top one.
+QList<CurveNode*> CanvasFunctionBase::linkedNodes(const QString& dotName) const
+{
+    QList<CurveNode*> linked = nodesByName.values(dotName);
+    linked.removeIf([this](const CurveNode* node) { return !isLinked(node); });
+    return linked;
 }
 
 /// The first one that a walk of the tree meets. Only where several nodes share the name does it
@@ -160,6 +175,7 @@ CurveNode* CanvasFunctionBase::ensurePath(const QString& dotName)
 /// Under a group, or on top where that is null.
 void CanvasFunctionBase::link(CurveNode* node, CurveNode* group)
 {
+    unlinked.giveBack(node);
     if (group) {
         group->addChild(node);
     } else {
@@ -190,7 +206,7 @@ CurveNode* CanvasFunctionBase::addCanvasCurve(const QString& dotName, const QCol
 
 CurveNode* CanvasFunctionBase::attachCanvasCurve(CurveNode* curve)
 {
-    if (!curve) {
+    if (!nodes.contains(curve)) {
         return nullptr;
     }
     if (CurveNode* found = findCurve(curve->dotName())) {
@@ -205,22 +221,34 @@ CurveNode* CanvasFunctionBase::attachCanvasCurve(CurveNode* curve)
 
 void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
 {
-    CurveNode* node = findCurve(dotName);
+    const QString name = dotName; // perhaps the node's own
+    endGestureOn(name);
+    CurveNode* node = findCurve(name);
     if (!node) {
         return;
     }
+    const CanvasVisit visit(this);
+    const QList<CurveNode*> leaving = linkedNodes(name);
     tops.removeAll(node);
     for (CurveNode* top : std::as_const(tops)) {
-        top->removeNode(dotName);
+        top->removeNode(name);
     }
     editing.removeAll(node);
     // Only curves of the editing set are drawn, also when an undo puts this one back.
     node->setActive(false);
+    for (CurveNode* left : leaving) {
+        discardUnlinked(left);
+    }
 }
 
 void CanvasFunctionBase::clearCurves()
 {
+    endGestures();
     editing.clear();
-    qDeleteAll(std::exchange(tops, {}));
+    const QList<CurveNode*> leaving = std::exchange(tops, {});
+    for (CurveNode* top : leaving) {
+        top->setActive(false);
+        unlinked.take(top);
+    }
     selectCurves({});
 }

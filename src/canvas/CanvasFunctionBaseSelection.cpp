@@ -1,5 +1,6 @@
 #include "canvas/CanvasFunctionBase.h"
 
+#include "canvas/CanvasGesture.h"
 #include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
@@ -19,12 +20,7 @@ QList<SplineCurveGraph*> CanvasFunctionBase::editableGraphs() const
     return graphs;
 }
 
-bool CanvasFunctionBase::hasEditableKeys() const
-{
-    return hasKeys(editingType());
-}
-
-CanvasFunctionBase::SelectionState CanvasFunctionBase::selectionState() const
+SelectionState CanvasFunctionBase::selectionState() const
 {
     SelectionState state;
     for (SplineCurveGraph* graph : editableGraphs()) {
@@ -64,7 +60,8 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
     const SelectionState state = selectionState();
     anySelected = state.any;
     manySelected = state.many;
-    const bool isInSpan = !(lastWorldX < spanMin) && !(lastWorldX > spanMax);
+    const double time = gesture->lastWorld.x();
+    const bool isInSpan = !(time < spanMin) && !(time > spanMax);
     return !hitSelected && !hitUnselected && !isInSpan;
 }
 
@@ -110,6 +107,7 @@ void CanvasFunctionBase::selectInRect(const bool& add)
 
 void CanvasFunctionBase::selectAllKeys()
 {
+    endGestures();
     beginSelectCommand();
     for (CurveNode* curve : qAsConst(editing)) {
         SplineBase* spline = curve->spline();
@@ -124,6 +122,7 @@ void CanvasFunctionBase::selectAllKeys()
 
 void CanvasFunctionBase::deselectAllKeys()
 {
+    endGestures();
     beginSelectCommand();
     clearSelection();
     commitSelectCommand();
@@ -131,6 +130,7 @@ void CanvasFunctionBase::deselectAllKeys()
 
 void CanvasFunctionBase::walkSelection(const bool& forward)
 {
+    endGestures();
     // The first curve's keys lead, whichever curve's selection walks.
     SplineBase* leading = firstSpline();
     if (!leading) {

@@ -1,6 +1,7 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "commands/CommandPasteCurve.h"
@@ -89,6 +90,7 @@ double CanvasFunctionBase::offsetToTimeline() const
 
 void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOnly)
 {
+    endGestures();
     if (!editing.isEmpty() && clipboard) {
         editor->getCmdManager()->doCommand(
             new CommandPasteCurve(editor, clipboard->curve(), offset, keysOnly));
@@ -97,6 +99,7 @@ void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOn
 
 void CanvasFunctionBase::resetEditingCurves()
 {
+    endGestures();
     if (!editing.isEmpty()) {
         editor->getCmdManager()->doCommand(
             new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing)));
@@ -105,9 +108,11 @@ void CanvasFunctionBase::resetEditingCurves()
 
 void CanvasFunctionBase::resetAllCurves()
 {
+    endGestures();
     if (tops.isEmpty()) {
         return;
     }
+    const CanvasVisit visit(this);
     const QList<CurveNode*> former = editing;
     QList<CurveNode*> all;
     for (CurveNode* top : std::as_const(tops)) {

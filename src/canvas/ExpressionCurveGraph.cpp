@@ -15,6 +15,13 @@ void ExpressionCurveGraph::setPolyline(const QPolygon& points)
     pixelsAreOld = false;
 }
 
+void ExpressionCurveGraph::dropPixels()
+{
+    polyline = QPolygon();
+    bounds = QPolygon();
+    pixelsAreOld = true;
+}
+
 void ExpressionCurveGraph::setColors(const QColor& color, const QColor& midColor)
 {
     // Made from the colour alone, a pen is a hairline.

@@ -14,6 +14,8 @@ public:
     /// Keeps the polyline and works out the bounding polygon: the corners of the points'
     /// bounding box grown by 1 on every side.
     void setPolyline(const QPolygon& points);
+    /// Frees the polyline, which is then old.
+    void dropPixels();
     void setColors(const QColor& color, const QColor& midColor);
     void draw(QPainter* painter) const;
 

@@ -132,7 +132,7 @@ void FrameGrid::update(const ViewPort& view)
     const int width = owner->width();
     const int height = owner->height();
     lines.clear();
-    lines.reserve(2 * (countX + countY));
+    lines.reserve(qsizetype{2} * (countX + countY));
     for (int i = 0; i < countX; ++i) {
         const int x = truncateToPixel(across.at(i) * width / across.span);
         lines << QPoint(x, 0) << QPoint(x, height);
@@ -165,14 +165,14 @@ void FrameGrid::drawLabels(QPainter* painter) const
     painter->setBackgroundMode(Qt::TransparentMode);
     const int lineCount = static_cast<int>(lines.size() / 2);
     for (int i = 0; i < std::min(countX, lineCount); ++i) {
-        const int x = lines.at(2 * i).x() + labelGap;
+        const int x = lines.at(qsizetype{2} * i).x() + labelGap;
         if (x > leftmostTimeLabel) {
             painter->drawText(x, owner->height() - labelBorderGap,
                               labelText(i, zeroIndexX, i * stepX + firstX));
         }
     }
     for (int j = 0; j < std::min(countY, lineCount - countX); ++j) {
-        painter->drawText(labelBorderGap, lines.at(2 * (countX + j)).y() - labelGap,
+        painter->drawText(labelBorderGap, lines.at(qsizetype{2} * (countX + j)).y() - labelGap,
                           labelText(j, zeroIndexY, j * stepY + firstY));
     }
     painter->setBackgroundMode(Qt::OpaqueMode);

@@ -1,5 +1,6 @@
 #include "canvas/FunctionEditor.h"
 
+#include "canvas/CanvasVisit.h"
 #include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
@@ -10,6 +11,25 @@
 #include <QPalette>
 #include <QPointer>
 #include <QWheelEvent>
+
+namespace {
+
+/// From here on the release may go to somebody else.
+bool losesMouse(const QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Hide:
+    case QEvent::WindowBlocked:
+    case QEvent::WindowDeactivate:
+        return true;
+    case QEvent::FocusOut:
+        return static_cast<const QFocusEvent*>(event)->reason() == Qt::PopupFocusReason;
+    default:
+        return false;
+    }
+}
+
+} // namespace
 
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent)
@@ -70,22 +90,31 @@ void FunctionEditor::reportCursor(QMouseEvent* event)
 
 bool FunctionEditor::event(QEvent* event)
 {
-    if (CanvasFunctionBase::carriesModifiers(event)) {
+    const bool isInput = CanvasFunctionBase::carriesModifiers(event);
+    // A gesture may go on with its curves after it has reported to the host.
+    const CanvasVisit visit(isInput ? &logic : nullptr);
+    if (isInput) {
         logic.watchModifiers(static_cast<QInputEvent*>(event));
+    }
+    if (losesMouse(event)) {
+        logic.endGesture();
     }
     return QWidget::event(event);
 }
 
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
-    clearDrags();
     const QPointer<FunctionEditor> self(this);
-    const bool isConsumed = logic.press(event);
-    if (!self) {
-        return; // the host deleted the editor while the menu of a right press was open
-    }
-    if (!isConsumed) {
-        viewPress(event);
+    if (!logic.ignoresPress(event->button())) {
+        logic.endLostGesture(event);
+        clearDrags();
+        const bool isConsumed = logic.press(event);
+        if (!self) {
+            return; // the host deleted the editor while the menu of a right press was open
+        }
+        if (!isConsumed) {
+            viewPress(event);
+        }
     }
     if (logic.isEditing()) {
         refreshKeysDialog();
@@ -101,6 +130,8 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
         viewMove(event);
         showSelectedKeys(false); // a drag opens and closes no field
         logic.updateCanvas();
+    } else {
+        logic.endLostGesture(event);
     }
     logic.watchModifiers(event);
     reportCursor(event);
@@ -108,12 +139,14 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 
 void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (rubberDrag && viewDrag) {
-        applyRect(true);
+    if (!logic.ignoresRelease(event->button())) {
+        if (rubberDrag && viewDrag) {
+            applyRect(true);
+        }
+        clearDrags();
+        zoomMode = false;
+        logic.release(event);
     }
-    clearDrags();
-    zoomMode = false;
-    logic.release(event);
     if (logic.isEditing()) {
         refreshKeysDialog();
     }
@@ -125,7 +158,10 @@ void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
     if (!logic.isEditing()) {
         return;
     }
-    logic.doubleClick(event);
+    if (!logic.ignoresPress(event->button())) {
+        logic.endLostGesture(event);
+        logic.doubleClick(event);
+    }
     refreshKeysDialog();
     logic.updateCanvas();
 }

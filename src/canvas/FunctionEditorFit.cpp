@@ -31,6 +31,7 @@ void widenUp(ViewPort& view)
 
 void FunctionEditor::completeH()
 {
+    logic.endGesture(); // whose rectangle this would use
     if (logic.editingCurves().isEmpty()) {
         return;
     }
@@ -45,6 +46,7 @@ void FunctionEditor::completeH()
 
 void FunctionEditor::completeV()
 {
+    logic.endGesture(); // whose rectangle this would use
     if (logic.editingCurves().isEmpty()) {
         return;
     }
@@ -59,6 +61,7 @@ void FunctionEditor::completeV()
 
 void FunctionEditor::completeSelH()
 {
+    logic.endGesture(); // whose rectangle this would use
     if (logic.editingCurves().isEmpty()) {
         return;
     }
@@ -72,6 +75,7 @@ void FunctionEditor::completeSelH()
 
 void FunctionEditor::completeSelV()
 {
+    logic.endGesture(); // whose rectangle this would use
     if (logic.editingCurves().isEmpty()) {
         return;
     }

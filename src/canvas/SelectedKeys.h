@@ -6,6 +6,13 @@ class ControlSplineNode;
 class CurveNode;
 struct PointInfo;
 
+/// How many keys are selected over the curves being edited that have keys.
+struct SelectionState
+{
+    bool any = false;  ///< some curve has a current key and a selected one
+    bool many = false; ///< more than one key, on one curve or several
+};
+
 /// Reads the times and values of selected keys. A selection names keys that its spline may no
 /// longer hold, for another editor can take a key out and free it; and a step of the arrow keys
 /// can select a key of the leading curve in the selection of another curve.

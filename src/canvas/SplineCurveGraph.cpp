@@ -65,6 +65,14 @@ bool SplineCurveGraph::arePixelsOld() const
     return pixelsAreOld;
 }
 
+void SplineCurveGraph::dropPixels()
+{
+    for (QPolygon* const pixels : {&keyPixels, &curvePixels, &tailPixels, &rawPixels}) {
+        *pixels = QPolygon(); // where clear would keep the memory
+    }
+    pixelsAreOld = true;
+}
+
 void SplineCurveGraph::rebuildKeyPixels()
 {
     keyPixels.clear();

@@ -37,6 +37,8 @@ public:
     /// Notes that the samples are old while they were not worth making.
     void markPixelsOld();
     bool arePixelsOld() const;
+    /// Frees all pixels; the next rebuild makes them anew.
+    void dropPixels();
 
     void drawCurve(QPainter* painter);
     void drawKeys(QPainter* painter);

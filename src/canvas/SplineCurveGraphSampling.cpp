@@ -3,6 +3,7 @@
 #include "core/EvaluationTime.h"
 #include "core/Truncate.h"
 #include "curves/CurveEvaluation.h"
+#include "curves/EvaluatedCurve.h"
 
 #include <algorithm>
 #include <cmath>
@@ -169,10 +170,12 @@ void SplineCurveGraph::rebuildSplineWithExpression(ViewPort* newView, const floa
     EvaluationTime moment;
     const auto limited = [&](const double& time, const double&) {
         moment.set(time, fps);
+        const curve_editor::EvaluatedCurve asked(&spline, expression);
         const double value = clampToLimits(spline(time, expression, fps), minValue, maxValue);
         return std::isfinite(value) ? value : static_cast<double>(maxValue);
     };
     const auto tail = [&](const double& time) {
+        const curve_editor::EvaluatedCurve asked(&spline, expression);
         return clampToLimits(spline(time, expression, fps), minValue, maxValue);
     };
     sample(*this, *view, spline, limited, tail);

@@ -153,7 +153,11 @@ void ViewPort::wheelTurn(const int& delta, const QPoint& cursor)
     anchorY = lastY = cursor.y();
     const int steps = delta / wheelNotch;
     if (steps != 0) {
+        const ViewPort former = *this;
         zoomBy(pixelsPerNotch * steps, -pixelsPerNotch * steps);
+        if (rubberDrag) { // whose corners the zoom has used
+            keepCandidateOf(former);
+        }
     }
     canvasDirty = true;
 }
@@ -201,6 +205,15 @@ void ViewPort::viewMove(QMouseEvent* event)
     }
     lastX = pixel.x();
     lastY = pixel.y();
+}
+
+void ViewPort::keepCandidateOf(const ViewPort& former)
+{
+    newMinX = former.newMinX;
+    newMaxY = former.newMaxY;
+    newMaxX = former.newMaxX;
+    newMinY = former.newMinY;
+    validateRect(true);
 }
 
 void ViewPort::candidateFromView()

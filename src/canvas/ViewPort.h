@@ -62,7 +62,8 @@ public:
 
     /// Clears the five drag flags rubberDrag, panDrag, zoomDrag, viewDrag and selectDrag.
     void clearDrags();
-    /// One notch or more of the mouse wheel at a pixel.
+    /// One notch or more of the mouse wheel at a pixel. A rectangle being dragged keeps its
+    /// corners.
     void wheelTurn(const int& delta, const QPoint& cursor);
     void viewPress(QMouseEvent* event);
     void viewMove(QMouseEvent* event);
@@ -73,4 +74,7 @@ public:
     void centerTimeline();
     /// Back to the initial view, in frames mode. fps, time line and size are kept.
     void resetView();
+
+private:
+    void keepCandidateOf(const ViewPort& former);
 };

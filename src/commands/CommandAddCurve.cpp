@@ -3,6 +3,7 @@
 #include "canvas/FunctionEditor.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
+#include "curves/DottedName.h"
 #include "editor/CurveEditor.h"
 
 namespace curve_editor {
@@ -26,20 +27,12 @@ CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, 
     , selectByDefault(select)
 {}
 
-CommandAddCurve::~CommandAddCurve()
-{
-    if (!isAdded && isNewRecord && curve) {
-        editor->getFunctionEditor()->canvas().discardUnlinked(curve);
-    }
-}
-
 bool CommandAddCurve::execute()
 {
-    const QString name = nodeName + QLatin1Char('.') + curveName;
+    const QString name = DottedName(nodeName, curveName).text();
     isNewRecord = !editor->searchAllNodeList(name);
-    curve = editor->getFunctionEditor()->canvas().findLeaf(name);
-    if (curve) {
-        isAdded = true;
+    curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
+    if (curve.get()) {
         if (selectByDefault) {
             editor->setDefaultSelected(nodeName, curveName);
         }
@@ -49,8 +42,7 @@ bool CommandAddCurve::execute()
     if (wantsSelection()) {
         editor->setDefaultSelected(nodeName, curveName);
     }
-    curve = editor->getFunctionEditor()->canvas().findLeaf(name);
-    isAdded = true;
+    curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
     editor->emitSignalCurvesHaveChanged();
     return true;
 }
@@ -60,21 +52,19 @@ void CommandAddCurve::undo()
     if (isNewRecord) {
         editor->removeCurve(nodeName, curveName);
     } else {
-        editor->removeCurveFromEditing(nodeName + QLatin1Char('.') + curveName);
+        editor->removeCurveFromEditing(DottedName(nodeName, curveName).text());
     }
     editor->selectNodes(previousSelection);
     editor->emitSignalCurvesHaveChanged();
-    isAdded = false;
 }
 
 void CommandAddCurve::redo()
 {
     addToCatalogue();
     if (wantsSelection()) {
-        editor->setDefaultSelected(nodeName, curveName, curve);
+        editor->setDefaultSelected(nodeName, curveName, curve.get());
     }
     editor->emitSignalCurvesHaveChanged();
-    isAdded = true;
 }
 
 ZK_String CommandAddCurve::getDescription()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "commands/CurveCommand.h"
+#include "curves/CurveHold.h"
 
 #include <QColor>
 #include <QString>
@@ -9,7 +10,6 @@
 #include <memory>
 
 class CurveEditor;
-class CurveNode;
 class FunctionFloatBase;
 class SplineBase;
 
@@ -24,7 +24,6 @@ public:
                     const QColor& color, float curveValue, SplineBase* spline,
                     FunctionFloatBase** function, float minValue, float maxValue,
                     const bool& selectByDefault, const bool& notifyHost);
-    ~CommandAddCurve() override;
 
     bool execute() override;
     void undo() override;
@@ -48,8 +47,7 @@ private:
     float minValue;
     float maxValue;
     QStringList previousSelection;
-    CurveNode* curve = nullptr; ///< the canvas's; freed here while neither linked nor wanted
-    bool isAdded = false;
+    CurveHold curve; ///< the canvas's; for redo to put it back
     bool isNewRecord = true;
     bool notifyHost;
     bool selectByDefault;

@@ -26,7 +26,7 @@ public:
 private:
     struct Curve
     {
-        NodeStruct* node; ///< not owned, never freed
+        NodeStruct* node; ///< not owned: the catalogue's
         bool oldAddFunc;
     };
 

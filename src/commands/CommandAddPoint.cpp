@@ -58,7 +58,7 @@ void CommandAddPoint::undo()
         }
         pointInSpline = false;
     }
-    if (findCurveOf(editor, node)) {
+    if (node && findCurveOf(editor, node)) {
         selectList(editor, node, previousSelection);
         report();
     }

@@ -29,7 +29,7 @@ private:
     void report();
 
     CurveEditor* editor; ///< not owned
-    NodeStruct* node;    ///< not owned, never freed
+    NodeStruct* node;    ///< not owned: the catalogue's
     double time;
     double value;
     PointInfo* point = nullptr;          ///< owned while pointInSpline is false, else the spline's;

@@ -24,6 +24,7 @@ CommandDelCurves::CommandDelCurves(const CommandDelCurves& other)
     : CommandDelCurves(other.editor, other.nodes)
 {}
 
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the list bears its own assignment
 CommandDelCurves& CommandDelCurves::operator=(const CommandDelCurves& other)
 {
     editor = other.editor;

@@ -50,7 +50,7 @@ private:
     };
 
     CurveEditor* editor;                                ///< not owned
-    QList<NodeStruct*> nodes;                           ///< not owned, never freed
+    QList<NodeStruct*> nodes;                           ///< not owned: the catalogue's
     std::vector<Parts> parts;                           ///< one entry an execution
     std::unique_ptr<CommandSelectPoints> selectCommand; ///< null until the first execution
 };

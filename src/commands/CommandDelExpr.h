@@ -31,7 +31,7 @@ public:
 private:
     struct Curve
     {
-        NodeStruct* node;               ///< not owned, never freed
+        NodeStruct* node;               ///< not owned: the catalogue's
         std::optional<QString> oldText; ///< none where it had no expression
         bool oldAddFunc;                ///< the spline was added to that expression
     };

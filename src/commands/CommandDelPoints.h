@@ -31,7 +31,7 @@ private:
     void putBack(const qsizetype& node);
 
     CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed
+    QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     /// One list a node. Owned while pointsInSpline is false, else their splines'. Keys that the
     /// command lost to somebody else, or that went with a destroyed spline, leave the list.
     QList<QList<PointInfo*>> deleted;

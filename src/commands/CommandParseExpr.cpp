@@ -42,7 +42,7 @@ bool CommandParseExpr::execute()
             return false;
         }
         // Decided here: what the message says later of a cycle is told, not refused.
-        applied = expression && message.errorKind == 0;
+        applied = expression && message.errorKind == ParseMessage::noError;
         if (applied) {
             names.append(editor->dotName(curve.node));
             giveExpression(editor, curve.node, expression.release(), message);

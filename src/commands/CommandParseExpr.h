@@ -33,7 +33,7 @@ public:
 private:
     struct Curve
     {
-        NodeStruct* node;               ///< not owned, never freed
+        NodeStruct* node;               ///< not owned: the catalogue's
         std::optional<QString> oldText; ///< none where it had no expression
     };
 

@@ -37,7 +37,7 @@ private:
     bool placePasted();
 
     CurveEditor* editor;                ///< not owned
-    QList<NodeStruct*> targets;         ///< not owned, never freed
+    QList<NodeStruct*> targets;         ///< not owned: the catalogue's
     std::unique_ptr<SplineBase> source; ///< the keys to paste; null once they are pasted
     CurveContents contents;
     QList<QList<PointInfo*>> pastedPoints; ///< one list an entry of contents; keys not owned

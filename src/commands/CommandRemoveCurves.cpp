@@ -28,8 +28,11 @@ CommandRemoveCurves::CommandRemoveCurves(CurveEditor* curveEditor, const QString
 bool CommandRemoveCurves::execute()
 {
     const QStringList leaving = names;
+    const bool isFirst = curves.empty();
     for (const QString& name : leaving) {
-        curves.append(editor->curveFromDotName(name));
+        if (isFirst) {
+            curves.emplace_back(editor->curveFromDotName(name));
+        }
         editor->removeCurveFromEditing(name);
     }
     editor->emitSignalCurvesHaveChanged();
@@ -39,11 +42,11 @@ bool CommandRemoveCurves::execute()
 void CommandRemoveCurves::undo()
 {
     const QStringList returning = names;
-    const qsizetype count = qMin(returning.size(), curves.size());
+    const qsizetype count = qMin(returning.size(), static_cast<qsizetype>(curves.size()));
     for (qsizetype i = 0; i < count; ++i) {
-        NodeStruct* const record = editor->searchAllNodeList(returning[i]);
-        if (record) {
-            editor->setCurveEditableOn(record, fits(curves[i], record) ? curves[i] : nullptr);
+        CurveNode* const curve = curves[static_cast<std::size_t>(i)].get();
+        if (NodeStruct* const record = editor->searchAllNodeList(returning[i])) {
+            editor->setCurveEditableOn(record, fits(curve, record) ? curve : nullptr);
         }
     }
     editor->selectNodes(previousSelection);
@@ -51,7 +54,6 @@ void CommandRemoveCurves::undo()
     editor->emitSignalCurvesHaveChanged();
 }
 
-/// Appends to the curves again; what undo puts back stays what the first execute took out.
 void CommandRemoveCurves::redo()
 {
     execute();

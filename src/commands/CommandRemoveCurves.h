@@ -1,12 +1,13 @@
 #pragma once
 
 #include "commands/CurveCommand.h"
+#include "curves/CurveHold.h"
 
-#include <QList>
 #include <QStringList>
 
+#include <vector>
+
 class CurveEditor;
-class CurveNode;
 
 namespace curve_editor {
 
@@ -26,9 +27,9 @@ private:
     CurveEditor* editor; ///< not owned
     QStringList previousSelection;
     QStringList names;
-    /// The canvas's, which unlinks but does not free them; an entry may be null. One entry a name
-    /// from execute, which undo reads, and as many more from each redo.
-    QList<CurveNode*> curves;
+    /// One a name: what the first execute took out, for undo to put it back. A redo adds none.
+    /// Any may be null.
+    std::vector<CurveHold> curves;
 };
 
 } // namespace curve_editor

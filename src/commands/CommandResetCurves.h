@@ -33,7 +33,7 @@ private:
     /// What a spline held: the same keys, not copies of them. Two records may share the spline.
     struct SavedSpline
     {
-        NodeStruct* node = nullptr; ///< not owned, never freed
+        NodeStruct* node = nullptr; ///< not owned: the catalogue's
         /// The spline's keys while they are not in place; else what undo found in their place.
         std::unique_ptr<SplineBase> content;
         bool contentInPlace = true;
@@ -42,7 +42,7 @@ private:
     void takeContents();
 
     CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed; none of them null
+    QList<NodeStruct*> nodes; ///< not owned: the catalogue's; none of them null
     std::vector<SavedSpline> saved;
     std::unique_ptr<CommandSelectPoints> selectCommand; ///< null until the first execute
 };

@@ -30,7 +30,7 @@ private:
     void apply(const QList<QList<PointInfo*>>& lists);
 
     CurveEditor* editor;             ///< not owned
-    QList<NodeStruct*> nodes;        ///< not owned, never freed
+    QList<NodeStruct*> nodes;        ///< not owned: the catalogue's
     QList<QList<PointInfo*>> before; ///< one list a node; keys not owned
     QList<QList<PointInfo*>> after;  ///< one list a node; keys not owned
 };

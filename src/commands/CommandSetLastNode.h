@@ -26,7 +26,7 @@ public:
 
 private:
     CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed
+    QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     SplineBase::nodeType newType;
     QList<SplineBase::nodeType> oldTypes; ///< one a node
     bool sameType = true;                 ///< every curve has the behaviour already

@@ -25,7 +25,7 @@ public:
 
 private:
     CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed
+    QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     zk_spline::interpolationType newType;
     QList<QList<zk_spline::interpolationType>> oldTypes; ///< one list a node
     QList<QList<PointInfo*>> points;                     ///< one list a node; not owned

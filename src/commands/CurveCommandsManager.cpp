@@ -38,10 +38,15 @@ bool CurveCommandsManager::doCommand(CurveCommand* const command)
     if (!command) {
         return false;
     }
+    const QPointer<CurveCommandsManager> self(this);
+    endGesturesBefore(command);
+    if (!self) {
+        delete command;
+        return false;
+    }
     if (running) {
         return executeNested(command);
     }
-    const QPointer<CurveCommandsManager> self(this);
     running = true;
     const bool executed = command->execute();
     if (!self) { // a box of the command runs an event loop, in which the host may do anything
@@ -61,12 +66,20 @@ bool CurveCommandsManager::doCommand(CurveCommand* const command)
 
 CurveCommand* CurveCommandsManager::undo()
 {
-    return move(undoStack, redoStack, &CurveCommand::undo);
+    const QPointer<CurveCommandsManager> self(this);
+    if (!running) {
+        endGestures();
+    }
+    return self ? move(undoStack, redoStack, &CurveCommand::undo) : nullptr;
 }
 
 CurveCommand* CurveCommandsManager::redo()
 {
-    return move(redoStack, undoStack, &CurveCommand::redo);
+    const QPointer<CurveCommandsManager> self(this);
+    if (!running) {
+        endGestures();
+    }
+    return self ? move(redoStack, undoStack, &CurveCommand::redo) : nullptr;
 }
 
 CurveCommand* CurveCommandsManager::nextUndo() const
@@ -83,6 +96,25 @@ void CurveCommandsManager::clear()
 {
     clearUndoStack();
     clearRedoStack();
+}
+
+void CurveCommandsManager::setGestureEnd(const GestureEnd& end)
+{
+    gestureEnd = end;
+}
+
+void CurveCommandsManager::endGestures()
+{
+    endGesturesBefore(nullptr);
+}
+
+/// By a copy, which lasts if a listener sets another one.
+void CurveCommandsManager::endGesturesBefore(const CurveCommand* next)
+{
+    const GestureEnd end = gestureEnd;
+    if (end) {
+        end(next);
+    }
 }
 
 void CurveCommandsManager::setMaxStackSize(unsigned int size)

@@ -4,6 +4,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <list>
 #include <vector>
 
@@ -20,6 +21,9 @@ class CurveCommand;
 /// or deletes it. While a command runs (its execute, undo or redo may call the host), undo and redo
 /// do nothing, and a further doCommand runs its command at once, which takes its place on the stack
 /// right after the running one has taken its own.
+///
+/// A gesture edits first and becomes a command at its end. It is ended before a command runs, is
+/// undone or redone: no two steps overlap.
 class ZK_CURVE_EDITOR_EXPORT CurveCommandsManager : public QObject
 {
     Q_OBJECT
@@ -54,8 +58,18 @@ public:
     CurveCommand* nextUndo() const;
     CurveCommand* nextRedo() const;
 
-    /// Frees the commands on both stacks. A command that is running is on neither.
+    /// Frees the commands on both stacks. A command that is running is on neither, and a gesture
+    /// goes on.
     void clear();
+
+    /// Ends a gesture that is under way, as a step; gets the command that is to run, perhaps the
+    /// gesture's own, or null.
+    using GestureEnd = std::function<void(const CurveCommand* next)>;
+    /// What endGestures calls from now on; an empty one ends the calls.
+    void setGestureEnd(const GestureEnd& end);
+    /// Ends what gestures are under way. Called by whoever builds a command that notes the present
+    /// state; the manager calls it in doCommand, undo and redo.
+    void endGestures();
 
     /// The limit of each stack. A lower one frees the oldest commands that can be undone and those
     /// farthest from the present that can be redone. With 0 no command is kept.
@@ -92,6 +106,9 @@ private:
     bool emitExecuted(const int& times);
     void destroy(CurveCommand* const command);
 
+    void endGesturesBefore(const CurveCommand* next);
+
+    GestureEnd gestureEnd;
     unsigned int maxStackSize = 0;
     /// Owned; front is the newest.
     Stack undoStack;

@@ -66,7 +66,7 @@ public:
 private:
     struct Entry
     {
-        NodeStruct* node = nullptr;            ///< not owned, never freed
+        NodeStruct* node = nullptr;            ///< not owned: the catalogue's
         std::unique_ptr<SplineBase> otherKeys; ///< the version not in place; null where shared
         std::optional<QString> oldText;        ///< of the expression
         std::optional<QString> newText;

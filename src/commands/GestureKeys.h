@@ -45,7 +45,7 @@ private:
     void apply(const PointLists& states, const Writer& write);
 
     CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned, never freed
+    QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     PointLists points;        ///< the live keys, not owned
     PointLists before;        ///< owned copies
     PointLists after;         ///< owned copies; empty until the capture

@@ -3,6 +3,7 @@
 #include "core/FunctionParserBase.h"
 #include "core/KeyValue.h"
 #include "core/ParserKeyEntry.h"
+#include "core/RoundingNoise.h"
 
 #include <cstring>
 
@@ -27,6 +28,7 @@ const TimeKeys& timeKeys()
 // By bits, so that not a number is the same moment as itself.
 bool sameBits(const double& a, const double& b)
 {
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
@@ -61,7 +63,7 @@ EvaluationTime::EvaluationTime()
 EvaluationTime::EvaluationTime(const double& time, const double& fps)
     : EvaluationTime()
 {
-    if (writeMoment(time, time * fps, fps)) {
+    if (writeMoment(time, frameAt(time, fps), fps)) {
         ++currentEpoch;
     }
 }
@@ -76,7 +78,7 @@ EvaluationTime::~EvaluationTime()
 
 void EvaluationTime::set(const double& time, const double& fps)
 {
-    if (writeMoment(time, time * fps, fps) || livingObjects == 1) {
+    if (writeMoment(time, frameAt(time, fps), fps) || livingObjects == 1) {
         ++currentEpoch;
     }
 }
@@ -84,6 +86,13 @@ void EvaluationTime::set(const double& time, const double& fps)
 void EvaluationTime::keep()
 {
     restores = false;
+}
+
+std::array<double, 3> EvaluationTime::now()
+{
+    const TimeKeys& keys = timeKeys();
+    return {ParserKeyEntry::stored(keys.time), ParserKeyEntry::stored(keys.frame),
+            ParserKeyEntry::stored(keys.fps)};
 }
 
 unsigned long long EvaluationTime::epoch()

@@ -2,6 +2,8 @@
 
 #include "zk_curve_core_export.h"
 
+#include <array>
+
 /// Puts "t", "f" and "fps" to a moment for as long as it lives and restores them afterwards.
 ///
 ///     EvaluationTime moment(2.5, 24.0); // t = 2.5, f = 60, fps = 24
@@ -13,8 +15,9 @@ class ZK_CURVE_CORE_EXPORT EvaluationTime
 public:
     /// Keeps the present values and writes nothing yet.
     EvaluationTime();
-    /// Keeps the present values and writes the moment: f is time * fps. Time in seconds, fps in
-    /// frames per second; any number will do.
+    /// Keeps the present values and writes the moment: f is time * fps, and a whole number where
+    /// nothing but rounding parts it from one. Time in seconds, fps in frames per second; any
+    /// number will do.
     EvaluationTime(const double& time, const double& fps);
     ~EvaluationTime();
     EvaluationTime(const EvaluationTime&) = delete;
@@ -25,6 +28,9 @@ public:
 
     /// Leaves "t", "f" and "fps" as they are now: nothing is restored.
     void keep();
+
+    /// What "t", "f" and "fps" hold, in this order.
+    static std::array<double, 3> now();
 
     /// Grows with each moment that an outermost evaluation is made for, and whenever an evaluation
     /// inside of it goes to another moment or comes back from it. A value worked out under the

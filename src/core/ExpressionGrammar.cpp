@@ -137,7 +137,7 @@ ExpressionGrammar::Tree ExpressionGrammar::readVariable(const Token& name)
     std::shared_ptr<ParserKeyEntry> entry =
         lookUp(std::string(text.substr(name.start, name.length)));
     if (!entry) {
-        return fail(unknownName, name);
+        return fail(ParseMessage::unknownName, name);
     }
     switch (entry->key->kind) {
     case 0:
@@ -206,7 +206,7 @@ void ExpressionGrammar::advance()
 bool ExpressionGrammar::nest()
 {
     if (nesting == deepestNesting) {
-        fail(other, token);
+        fail(ParseMessage::otherError, token);
         return false;
     }
     ++nesting;
@@ -235,7 +235,8 @@ bool ExpressionGrammar::closeGroup()
     return true;
 }
 
-ExpressionGrammar::Tree ExpressionGrammar::fail(const errorKind& kind, const Token& place)
+ExpressionGrammar::Tree ExpressionGrammar::fail(const ParseMessage::errorKinds& kind,
+                                                const Token& place)
 {
     firstError = {kind, place.start, std::max<std::size_t>(place.length, 1)};
     return nullptr;
@@ -246,7 +247,8 @@ ExpressionGrammar::Tree ExpressionGrammar::fail(const errorKind& kind, const Tok
 ExpressionGrammar::Tree ExpressionGrammar::failHere()
 {
     if (token.kind != ExpressionLexer::end) {
-        return fail(other, token);
+        return fail(ParseMessage::otherError, token);
     }
-    return openGroups.empty() ? fail(other, previous) : fail(openParenthesis, openGroups.back());
+    return openGroups.empty() ? fail(ParseMessage::otherError, previous)
+                              : fail(ParseMessage::openParenthesis, openGroups.back());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/ExpressionLexer.h"
+#include "core/ParseMessage.h"
 
 #include <functional>
 #include <memory>
@@ -21,18 +22,10 @@ struct BinaryOperation;
 class ExpressionGrammar
 {
 public:
-    enum errorKind : int
-    {
-        none = 0,
-        unknownName = 1,
-        openParenthesis = 3,
-        other = 4
-    };
-
     /// What is wrong, and where; the span is at least 1 long.
     struct Error
     {
-        errorKind kind = none;
+        ParseMessage::errorKinds kind = ParseMessage::noError;
         std::size_t start = 0;
         std::size_t length = 0;
     };
@@ -70,7 +63,7 @@ private:
     bool nest();
     bool openGroup();
     bool closeGroup();
-    Tree fail(const errorKind& kind, const Token& place);
+    Tree fail(const ParseMessage::errorKinds& kind, const Token& place);
     Tree failHere();
 
     ExpressionLexer lexer;

@@ -108,8 +108,10 @@ const FunctionFloatBinary* FunctionFloatBinary::getBinaryRef() const
 
 double FunctionFloatBinary::value() const
 {
+    // From left to right, whatever the compiler does with arguments: variables may depend on it.
     const FunctionFloatBinary* node = spineEnd;
-    double result = node->applied->compute(node->leftOperand.value(), node->rightOperand.value());
+    const double first = node->leftOperand.value();
+    double result = node->applied->compute(first, node->rightOperand.value());
     while (node != this) {
         node = node->above;
         result = node->applied->compute(result, node->rightOperand.value());

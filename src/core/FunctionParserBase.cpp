@@ -67,7 +67,7 @@ FunctionParserBase* FunctionParserBase::instance()
 FunctionParserBase::FunctionParserBase()
 {
     for (BuiltInVariable& variable : builtInVariables) {
-        entryOf(variable.name).add(3, &variable.value, RefreshFunction());
+        entryOf(variable.name).add({3, &variable.value, RefreshFunction(), false});
     }
     livingParsers().push_back(this);
 }
@@ -104,7 +104,7 @@ FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, Pars
     message = ParseMessage();
     message.expressionText = source;
     if (source.size() > longestText) {
-        writeError(message, {ExpressionGrammar::other, longestText, 1});
+        writeError(message, {ParseMessage::otherError, longestText, 1});
         return nullptr;
     }
     ExpressionGrammar grammar(source,
@@ -116,7 +116,7 @@ FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, Pars
     }
     tree->text = tree->getString();
     if (tree->text.size() > longestText) {
-        writeError(message, {ExpressionGrammar::other, 0, source.size()});
+        writeError(message, {ParseMessage::otherError, 0, source.size()});
         return nullptr;
     }
     return tree.release();
@@ -146,8 +146,20 @@ void FunctionParserBase::setVarMapper(const ParserVarMapper* mapper)
 void FunctionParserBase::registerKey(const std::string& name, const int& kind, void* address,
                                      RefreshFunction refresh)
 {
+    add(name, kind, address, std::move(refresh), false);
+}
+
+void FunctionParserBase::registerGuardedKey(const std::string& name, const int& kind, void* address,
+                                            RefreshFunction refresh)
+{
+    add(name, kind, address, std::move(refresh), true);
+}
+
+void FunctionParserBase::add(const std::string& name, const int& kind, void* address,
+                             RefreshFunction refresh, const bool& guardsItself)
+{
     if (address && !isBuiltIn(address)) {
-        entryOf(name).add(kind, address, std::move(refresh));
+        entryOf(name).add({kind, address, std::move(refresh), guardsItself});
     }
 }
 

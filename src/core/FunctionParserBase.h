@@ -37,8 +37,15 @@ public:
                                ///< null while nobody has the name registered
     };
 
-    /// Called before the value of a key is read, so that its owner can bring it up to date.
+    /// Called before the value of a key is read, so that its owner can bring it up to date; once or
+    /// several times. It may evaluate expressions, and so run the refresh functions of others. What
+    /// it throws reaches whoever evaluates, and leaves the parser as it was.
     using RefreshFunction = std::function<void()>;
+
+    /// So many refresh functions run inside one another at most. A key that is mentioned deeper
+    /// down, like one whose own refresh function is running, is read as it stands: the stack must
+    /// bear any chain of variables.
+    static constexpr int deepestRefresh = 50;
 
     /// With the keys "t" (seconds), "f" (frame) and "fps" (10 at the start), all double. Lives as
     /// long as the process.
@@ -79,6 +86,11 @@ public:
     void registerKey(const std::string& name, const int& kind, void* address,
                      RefreshFunction refresh = RefreshFunction());
 
+    /// The same for a refresh function that sees to its end by itself: it is called at every read,
+    /// also from inside of itself, and however deep refresh functions nest.
+    void registerGuardedKey(const std::string& name, const int& kind, void* address,
+                            RefreshFunction refresh);
+
     /// To be called before the value at the address is destroyed. Unknown names and addresses, and
     /// those of "t", "f" and "fps", do nothing.
     void unregisterKey(const std::string& name, const void* address);
@@ -92,6 +104,8 @@ private:
 
     FunctionParserBase();
 
+    void add(const std::string& name, const int& kind, void* address, RefreshFunction refresh,
+             const bool& guardsItself);
     ParserKeyEntry& entryOf(const std::string& name);
     Entry livingEntry(const std::string& name) const;
     Entry findVariable(const std::string& name) const;

@@ -13,6 +13,7 @@ public:
     LifeToken(const LifeToken&)
         : LifeToken()
     {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is assigned
     LifeToken& operator=(const LifeToken&) { return *this; }
     ~LifeToken() = default;
 

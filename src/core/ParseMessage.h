@@ -10,6 +10,16 @@
 class ZK_CURVE_CORE_EXPORT ParseMessage
 {
 public:
+    /// What kept a text from becoming an expression, or the expression from being sound.
+    enum errorKinds : int
+    {
+        noError = 0,
+        unknownName = 1,      ///< the span is the name
+        cyclicDependency = 2, ///< not the parser's: whoever sets the expression finds it
+        openParenthesis = 3,
+        otherError = 4
+    };
+
     ParseMessage();
     ParseMessage(const ParseMessage& other);
     ParseMessage& operator=(const ParseMessage& other);
@@ -17,8 +27,8 @@ public:
     ParseMessage& operator=(ParseMessage&& other) noexcept;
     ~ParseMessage();
 
-    bool ok = true;    ///< the text was parsed into an expression
-    int errorKind = 0; ///< 0 none, 1 unknown name, 2 cyclic dependency, 3 open parenthesis, 4 other
+    bool ok = true;                              ///< the text was parsed into an expression
+    int errorKind = noError;                     ///< see errorKinds
     int errorDetail = 0;                         ///< the byte where the error stands; 0 without one
     std::string expressionText;                  ///< the text that was parsed
     std::vector<std::pair<int, int>> errorSpans; ///< (start, length) in bytes of expressionText

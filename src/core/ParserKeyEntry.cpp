@@ -3,6 +3,34 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+int nesting = 0; ///< of refresh functions that do not guard themselves
+
+/// Marks a refresh function as running, until it returns or throws.
+class Nested
+{
+public:
+    explicit Nested(bool& runningMark)
+        : mark(runningMark)
+    {
+        mark = true;
+        ++nesting;
+    }
+    ~Nested()
+    {
+        mark = false;
+        --nesting;
+    }
+    Nested(const Nested&) = delete;
+    Nested& operator=(const Nested&) = delete;
+
+private:
+    bool& mark;
+};
+
+} // namespace
+
 ParserKeyEntry::ParserKeyEntry(std::string keyName, keyStruct* namedKey)
     : name(std::move(keyName))
     , key(namedKey)
@@ -10,22 +38,24 @@ ParserKeyEntry::ParserKeyEntry(std::string keyName, keyStruct* namedKey)
 
 void ParserKeyEntry::refresh()
 {
-    if (refreshing || !hasRefresh) {
+    if (!hasRefresh) {
         return;
     }
     const std::shared_ptr<const Registration> answering = registrations.front();
-    refreshing = true;
-    answering->refresh();
-    refreshing = false;
+    if (answering->guardsItself) {
+        answering->refresh();
+    } else if (!refreshing && nesting < FunctionParserBase::deepestRefresh) {
+        const Nested nested(refreshing);
+        answering->refresh();
+    }
 }
 
-void ParserKeyEntry::add(const int& kind, void* address,
-                         FunctionParserBase::RefreshFunction refreshFunction)
+void ParserKeyEntry::add(const Registration& registration)
 {
-    const auto added = std::make_shared<const Registration>(
-        Registration{kind, address, std::move(refreshFunction)});
-    const auto known = std::find_if(registrations.begin(), registrations.end(),
-                                    [&](const auto& one) { return one->address == address; });
+    const auto added = std::make_shared<const Registration>(registration);
+    const auto known =
+        std::find_if(registrations.begin(), registrations.end(),
+                     [&](const auto& one) { return one->address == registration.address; });
     if (known != registrations.end()) {
         *known = added;
     } else {

@@ -18,6 +18,7 @@ public:
         int kind;
         void* address; // the host's
         FunctionParserBase::RefreshFunction refresh;
+        bool guardsItself; ///< refresh may be called from inside of itself, and however deep
     };
 
     ParserKeyEntry(std::string keyName, keyStruct* namedKey);
@@ -30,12 +31,13 @@ public:
         return isPlain ? *static_cast<const double*>(key->value) : refreshAndRead();
     }
 
-    /// Calls the answering registration's refresh function, but not from inside of itself: a
-    /// variable that depends on itself then reads its last value.
+    /// Calls the answering registration's refresh function. One that does not guard itself is not
+    /// called from inside of itself, nor where refresh functions nest too deep: the variable then
+    /// reads its last value.
     void refresh();
 
     /// A registration that knows the address already is replaced where it stands.
-    void add(const int& kind, void* address, FunctionParserBase::RefreshFunction refreshFunction);
+    void add(const Registration& registration);
     void remove(const void* address);
     void takeRegistrationsOf(const ParserKeyEntry& other);
 

@@ -39,9 +39,11 @@ public:
     {
         zero = 0,         ///< the value 0
         constant = 1,     ///< the value of the end key
-        loop = 2,         ///< the keys over and over again
+        loop = 2,         ///< the keys over and over again; a time that rounding alone parts
+                          ///< from a key, or from the start of a cycle, is that moment
         loopOffset = 3,   ///< the same, each period raised by last value minus first value
-        followTangent = 4 ///< a straight line with the slope in which the keys end
+        followTangent = 4 ///< a straight line with the slope in which the keys end, ease
+                          ///< included; level where that is no finite number
     };
 
     /// No key, both behaviours constant, default value 0, no expression added, changed.
@@ -129,11 +131,14 @@ public:
     /// Frees all keys.
     void removeAllControlPoints();
 
-    /// The value at a time in seconds, the behaviours applied outside the keys. Without keys the
+    /// The value at a time in seconds, the behaviours applied outside the keys. At a key's time it
+    /// is the key's value, of several keys at that time the last one's. Between keys of finite
+    /// values it is finite: a slope that is no finite number counts as level. Without keys the
     /// default value; at a time of NaN, NaN.
     double operator()(const double& time) const;
-    /// The same with the value of the expression added, which sees "t" as time, "f" as time * fps
-    /// and "fps"; all three are restored afterwards. A null expression adds nothing.
+    /// The same with the value of the expression added, which sees "t" as time, "f" as the frame,
+    /// see EvaluationTime, and "fps"; all three are restored afterwards. A null expression adds
+    /// nothing.
     double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
     /// The slope (value per second) with which the curve comes into the key at the index, 0 to
     /// the number of keys minus one; 0 at any other index. A linear key answers with its chord, a
@@ -193,13 +198,21 @@ private:
     double valueWithin(double time) const;
     bool isCurvedSegment(std::size_t index) const;
     double valueInSegment(std::size_t index, double time) const;
+    double valueBeyondRange(std::size_t index, double time) const;
+    std::size_t guessedSegmentAt(double time) const;
     double valueOutside(const double& time, const nodeType& behaviour, const bool& before) const;
     double valueLooped(const double& time, const PointInfo& end, const bool& withOffset) const;
-    double endSlope(const bool& before) const;
-    double chord(std::size_t index) const;
-    double incomingSlope(std::size_t index) const;
-    double outgoingSlope(std::size_t index) const;
-    double tcbSlope(std::size_t index, double factor0, double factor1) const;
+    double noiseInCycle(const double& time, const double& rounds) const;
+    double valueNear(double time, double noise) const;
+    double valueOnTangent(const double& time, const PointInfo& end, const bool& before) const;
+    double endSlope(const bool& before, double scale) const;
+    double chord(std::size_t index, double scale) const;
+    double incomingSlope(std::size_t index, double scale) const;
+    double outgoingSlope(std::size_t index, double scale) const;
+    double tcbSlope(std::size_t index, double factor0, double factor1, double scale) const;
+
+    /// For sums of values that would leave the range of numbers; a power of two.
+    static constexpr double smallScale = 0x1p-64;
     double handleSlope(std::size_t index, const bool& outgoing, double& len) const;
 
     // The tangent coefficients of a TCB key: Kochanek and Bartels, "Interpolating splines with

@@ -1,3 +1,5 @@
+// Writing the fields of a key.
+
 #include "core/SplineBase.h"
 
 namespace {

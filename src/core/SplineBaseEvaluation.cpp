@@ -1,6 +1,10 @@
+// The value within the keys.
+
+#include "core/Ease.h"
 #include "core/SplineBase.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 // All that an evaluation within the keys runs through stands in this one file, for the compiler
@@ -11,10 +15,12 @@ namespace {
 // With more keys than these a search waits for memory.
 constexpr std::size_t keysInReach = 2000;
 
+constexpr double highest = std::numeric_limits<double>::max();
+
 /// Rise over run; 0 where the run is no positive number.
 double slopeOf(double rise, double run)
 {
-    return run > 0.0 && run <= std::numeric_limits<double>::max() ? rise / run : 0.0;
+    return run > 0.0 && run <= highest ? rise / run : 0.0;
 }
 
 bool isCurved(const PointInfo& key)
@@ -22,35 +28,14 @@ bool isCurved(const PointInfo& key)
     return key.type == zk_spline::bezier || key.type == zk_spline::tcb;
 }
 
-/// Ease held to 0..1; NaN counts as 0.
-double heldEase(double ease)
+bool isFinite(double number)
 {
-    return ease > 0.0 ? std::min(ease, 1.0) : 0.0;
+    return std::abs(number) <= highest;
 }
 
-/// The parameter of a segment slowed down at its two ends: speed grows evenly over the first `a`
-/// of the way, falls evenly over the last `b`, and stays even between.
-double eased(double u, double easeFrom, double easeTo)
+double finiteOrLevel(double slope)
 {
-    double a = heldEase(easeFrom);
-    double b = heldEase(easeTo);
-    const double sum = a + b;
-    if (sum == 0.0 || u <= 0.0 || u >= 1.0) {
-        return u;
-    }
-    if (sum > 1.0) {
-        a /= sum;
-        b /= sum;
-    }
-    const double speed = 1.0 / (2.0 - a - b);
-    if (u < a) {
-        return speed * u * (u / a);
-    }
-    if (u < 1.0 - b) {
-        return speed * (2.0 * u - a);
-    }
-    // b is not 0 here: u is below 1.
-    return 1.0 - speed * (1.0 - u) * ((1.0 - u) / b);
+    return isFinite(slope) ? slope : 0.0;
 }
 
 } // namespace
@@ -79,18 +64,19 @@ double SplineBase::getFactorR1(const PointInfo* point) const
     return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 - data.bias);
 }
 
-/// The slope of the straight line from the key at the index to the next one.
-double SplineBase::chord(std::size_t index) const
+/// The slope of the straight line from the key at the index to the next one. As with all slopes
+/// here, values are taken times `scale`.
+double SplineBase::chord(std::size_t index, double scale) const
 {
     const PointInfo& left = *controlPoints[index];
     const PointInfo& right = *controlPoints[index + 1];
-    return slopeOf(right.value - left.value, right.time - left.time);
+    return slopeOf(scale * right.value - scale * left.value, right.time - left.time);
 }
 
 /// Kochanek-Bartels over uneven gaps: the published weights hold for gaps of one length, so the
 /// weighted rise is taken over the mean of the two gaps. At an end the one gap stands for both,
 /// which keeps keys on a straight line on that line.
-double SplineBase::tcbSlope(std::size_t index, double factor0, double factor1) const
+double SplineBase::tcbSlope(std::size_t index, double factor0, double factor1, double scale) const
 {
     const std::size_t last = controlPoints.size() - 1;
     if (last == 0) {
@@ -98,27 +84,31 @@ double SplineBase::tcbSlope(std::size_t index, double factor0, double factor1) c
     }
     const std::size_t before = std::max<std::size_t>(index, 1) - 1;
     const std::size_t after = std::min(index, last - 1);
-    const double rise0 = controlPoints[before + 1]->value - controlPoints[before]->value;
-    const double rise1 = controlPoints[after + 1]->value - controlPoints[after]->value;
+    const double rise0 =
+        scale * controlPoints[before + 1]->value - scale * controlPoints[before]->value;
+    const double rise1 =
+        scale * controlPoints[after + 1]->value - scale * controlPoints[after]->value;
     const double run0 = controlPoints[before + 1]->time - controlPoints[before]->time;
     const double run1 = controlPoints[after + 1]->time - controlPoints[after]->time;
     return slopeOf(2.0 * (factor0 * rise0 + factor1 * rise1), run0 + run1);
 }
 
 /// The slope with which a Bezier or TCB key takes the curve in.
-double SplineBase::incomingSlope(std::size_t index) const
+double SplineBase::incomingSlope(std::size_t index, double scale) const
 {
     const PointInfo* const key = controlPoints[index];
-    return key->type == zk_spline::bezier ? key->bezier.tangentLeft
-                                          : tcbSlope(index, getFactorR0(key), getFactorR1(key));
+    return key->type == zk_spline::bezier
+               ? scale * key->bezier.tangentLeft
+               : tcbSlope(index, getFactorR0(key), getFactorR1(key), scale);
 }
 
 /// The slope with which a Bezier or TCB key sends the curve on.
-double SplineBase::outgoingSlope(std::size_t index) const
+double SplineBase::outgoingSlope(std::size_t index, double scale) const
 {
     const PointInfo* const key = controlPoints[index];
-    return key->type == zk_spline::bezier ? key->bezier.tangentRight
-                                          : tcbSlope(index, getFactorL0(key), getFactorL1(key));
+    return key->type == zk_spline::bezier
+               ? scale * key->bezier.tangentRight
+               : tcbSlope(index, getFactorL0(key), getFactorL1(key), scale);
 }
 
 /// The last key at or before the time, which must not lie before the first key. The choice is
@@ -141,6 +131,19 @@ std::size_t SplineBase::segmentAt(double time) const
         base = (*middle)->time <= time ? middle : base;
     }
     return static_cast<std::size_t>(base - points);
+}
+
+/// The same; whoever walks through a loop asks for the same segment again, or for the next one.
+std::size_t SplineBase::guessedSegmentAt(double time) const
+{
+    const std::size_t guess = lastSegment.load(std::memory_order_relaxed);
+    for (std::size_t index = guess; index < guess + 2 && index + 1 < controlPoints.size();
+         ++index) {
+        if (controlPoints[index]->time <= time && time < controlPoints[index + 1]->time) {
+            return index;
+        }
+    }
+    return segmentAt(time);
 }
 
 double SplineBase::valueWithin(double time) const
@@ -171,14 +174,14 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
     const PointInfo& left = *controlPoints[index];
     const PointInfo& right = *controlPoints[index + 1];
     const double run = right.time - left.time;
-    if (left.type == zk_spline::stepped || !(run > 0.0) ||
-        !(run <= std::numeric_limits<double>::max())) {
+    if (left.type == zk_spline::stepped || !(run > 0.0) || !(run <= highest)) {
         return left.value;
     }
-    const double u = eased((time - left.time) / run, left.tcb.easeFrom, right.tcb.easeTo);
+    const double u = Ease(left.tcb.easeFrom, right.tcb.easeTo).way((time - left.time) / run);
     const double rise = right.value - left.value;
     if (!isCurvedSegment(index)) {
-        return left.value + u * rise;
+        const double value = left.value + u * rise;
+        return isFinite(value) ? value : valueBeyondRange(index, time);
     }
     const bool isInner = index > 0 && index + 2 < controlPoints.size();
     double out = 0.0;
@@ -196,10 +199,38 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
                      run + (after.time - right.time)) *
              run;
     } else {
-        out = outgoingSlope(index) * run;
-        in = incomingSlope(index + 1) * run;
+        out = outgoingSlope(index, 1.0) * run;
+        in = incomingSlope(index + 1, 1.0) * run;
     }
-    return left.value + u * (out + u * (3.0 * rise - 2.0 * out - in + u * (out + in - 2.0 * rise)));
+    const double value =
+        left.value + u * (out + u * (3.0 * rise - 2.0 * out - in + u * (out + in - 2.0 * rise)));
+    return isFinite(value) ? value : valueBeyondRange(index, time);
+}
+
+/// The value where the quick way to it has left the range of numbers: worked out at a smaller
+/// scale. A slope that is no number there either counts as level, so that finite keys have finite
+/// values between them.
+[[gnu::noinline, gnu::cold]] double SplineBase::valueBeyondRange(std::size_t index,
+                                                                 double time) const
+{
+    const PointInfo& left = *controlPoints[index];
+    const PointInfo& right = *controlPoints[index + 1];
+    if (!(time > left.time)) {
+        return left.value;
+    }
+    const double run = right.time - left.time;
+    const double u = Ease(left.tcb.easeFrom, right.tcb.easeTo).way((time - left.time) / run);
+    const double straight = (1.0 - u) * left.value + u * right.value;
+    if (!isCurvedSegment(index) || !isFinite(straight)) {
+        return straight;
+    }
+    const double out = finiteOrLevel(outgoingSlope(index, smallScale)) * run;
+    const double in = finiteOrLevel(incomingSlope(index + 1, smallScale)) * run;
+    const double rise = smallScale * right.value - smallScale * left.value;
+    const double rest = 1.0 - u;
+    const double value = smallScale * left.value + u * u * (1.0 + 2.0 * rest) * rise +
+                         (u * rest * rest * out - u * u * rest * in);
+    return std::isnan(value) ? straight : std::clamp(value / smallScale, -highest, highest);
 }
 
 double SplineBase::operator()(const double& time) const

@@ -1,3 +1,5 @@
+// The text of a spline in the older curve file.
+
 #include "core/SplineBase.h"
 
 #include <array>

@@ -1,3 +1,5 @@
+// The slopes that handles show.
+
 #include "core/SplineBase.h"
 
 #include <algorithm>
@@ -43,13 +45,13 @@ double SplineBase::handleSlope(std::size_t index, const bool& outgoing, double& 
         return 0.0;
     case zk_spline::bezier:
     case zk_spline::tcb:
-        return outgoing ? outgoingSlope(index) : incomingSlope(index);
+        return outgoing ? outgoingSlope(index, 1.0) : incomingSlope(index, 1.0);
     default: {
         if (count < 2) {
             return 0.0;
         }
         const std::size_t segment = outgoing ? index : std::max<std::size_t>(index, 1) - 1;
-        return chord(std::min(segment, count - 2));
+        return chord(std::min(segment, count - 2), 1.0);
     }
     }
 }

@@ -56,8 +56,9 @@ public:
     void selectedTimeRange(double& first, double& last) const;
 
     /// Moves what keyPart names to a time in seconds and a value: the key itself, or a handle,
-    /// whose slope then points there. A handle on the key itself gets not a number. This and the
-    /// next two work on the current point, and do nothing while several keys are selected.
+    /// whose slope then points there. Dropped on the key itself, where no slope is a finite number,
+    /// a handle leaves the slopes as they are. This and the next two work on the current point, and
+    /// do nothing while several keys are selected.
     void movePoint(const double& x, const double& y);
     /// Multiplies time and value.
     void scalePoint(const double& sx, const double& sy);

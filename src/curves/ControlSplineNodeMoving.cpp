@@ -53,6 +53,9 @@ void ControlSplineNode::moveHandle(const double& x, const double& y)
     // Keeps the slope finite straight above the key, and away from the other side of it.
     const double nudge = 0.001 * std::sqrt(dx * dx + dy * dy);
     const double slope = dy / (dx + (dx >= 0.0 ? nudge : -nudge));
+    if (!std::isfinite(slope)) {
+        return; // exactly on the key there is no direction: the tangents stay
+    }
     if (keyPart == leftHandle || keyPart == handleLine) {
         spline()->setTanLeft(currentPoint, slope);
     }

@@ -38,12 +38,12 @@ bool parseExpression(ReadCurve& curve, QString& error)
     }
     ParseMessage message;
     curve.expression = curve.content.parseExpression(*FunctionParserBase::instance(), message);
-    if (message.errorKind != 0) {
+    if (message.errorKind != ParseMessage::noError) {
         constexpr qsizetype longest = 200; // no box can lay out a text of some megabytes
         error = tr("The expression cannot be parsed: %1")
                     .arg(curve.content.expressionText.left(longest));
     }
-    return message.errorKind == 0;
+    return message.errorKind == ParseMessage::noError;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "curves/CurveNode.h"
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "core/SplineBase.h"
 #include "curves/CurveType.h"
 
@@ -25,6 +26,9 @@ CurveNode::CurveNode(CanvasFunctionBase* owner, const QString& name, const QStri
 
 CurveNode::~CurveNode()
 {
+    if (tag) {
+        *tag = nullptr;
+    }
     unlink();
     if (childList) {
         const QList<CurveNode*> doomed = *childList;
@@ -54,7 +58,9 @@ void CurveNode::setColor(const QColor& color, const QColor& background)
 
 void CurveNode::updateGraph(ViewPort* viewport)
 {
-    for (CurveNode* child : *childList) {
+    const CanvasVisit visit(canvas);
+    const QList<CurveNode*> all = *childList;
+    for (CurveNode* child : all) {
         child->updateGraph(viewport);
     }
 }
@@ -116,7 +122,10 @@ FunctionFloatBase** CurveNode::expressionSlot()
 
 void CurveNode::draw(ViewPort* viewport, QPainter* painter)
 {
-    for (CurveNode* child : *childList) {
+    // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
+    const CanvasVisit visit(canvas);
+    const QList<CurveNode*> all = *childList;
+    for (CurveNode* child : all) {
         child->draw(viewport, painter);
     }
 }
@@ -196,7 +205,8 @@ void CurveNode::setAddFunc(const bool& add)
 
 void CurveNode::reset()
 {
-    // A copy: each reset is reported to the host, who may take curves away.
+    // A copy: each reset is reported to the host, who may take curves away, and this group.
+    const CanvasVisit visit(canvas);
     const QList<CurveNode*> all = *childList;
     for (CurveNode* child : all) {
         if (childList->contains(child)) {
@@ -218,6 +228,26 @@ void CurveNode::setNotifiesHost(const bool& notifies)
 CurveNode* CurveNode::parentNode() const
 {
     return parent;
+}
+
+std::shared_ptr<CurveNode*> CurveNode::holdTag()
+{
+    if (!tag) {
+        tag = std::make_shared<CurveNode*>(this);
+    }
+    return tag;
+}
+
+bool CurveNode::isHeld() const
+{
+    return tag.use_count() > 1;
+}
+
+void CurveNode::holdEnded()
+{
+    if (canvas) {
+        canvas->nodeReleased(this);
+    }
 }
 
 void CurveNode::unlink()

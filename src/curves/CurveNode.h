@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+#include <memory>
+
 class CanvasFunctionBase;
 class FunctionFloatBase;
 class ParseMessage;
@@ -86,6 +88,15 @@ public:
     /// Takes the node out of its group, if it stands in one, without deleting it.
     void unlink();
 
+    /// @name For CurveHold
+    /// @{
+    /// What holds share with the node. It points to the node, and to null after the node's end.
+    std::shared_ptr<CurveNode*> holdTag();
+    bool isHeld() const;
+    /// To be called when the last hold has ended. An unlinked node may be gone afterwards.
+    void holdEnded();
+    /// @}
+
 protected:
     bool isNamed(const QString& dotName) const;
     /// Writes both parts of the dotted name, of which the canvas keeps an index.
@@ -107,5 +118,6 @@ private:
     void renameChildren(const QString& oldDotName);
     QString pathUnder(const QString& oldDotName, const QString& childPath) const;
 
-    CurveNode* parent = nullptr; ///< not owned
+    CurveNode* parent = nullptr;     ///< not owned
+    std::shared_ptr<CurveNode*> tag; ///< null until the first hold
 };

@@ -1,6 +1,7 @@
 #include "curves/CurveNodeBase.h"
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/ExpressionCurveGraph.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
@@ -9,8 +10,12 @@
 #include "core/SplineBase.h"
 #include "curves/CurveEvaluation.h"
 #include "curves/CurveType.h"
+#include "curves/DottedName.h"
+#include "curves/EvaluatedCurve.h"
 
 #include <QPointer>
+
+using curve_editor::DottedName;
 
 namespace {
 
@@ -156,10 +161,9 @@ void CurveNodeBase::reset()
     if (SplineBase* keys = spline()) {
         keys->reset();
     }
-    QString nodeName = dotName().section(QLatin1Char('.'), 0, 0);
-    QString curveName = dotName().mid(nodeName.length() + 1);
+    DottedName name = DottedName::fromText(dotName());
     const QPointer<CurveNodeBase> self(this);
-    emit curveHasChanged(nodeName, curveName);
+    emit curveHasChanged(name.node, name.curve);
     if (self) {
         changed = true;
     }
@@ -167,6 +171,7 @@ void CurveNodeBase::reset()
 
 double CurveNodeBase::evaluate(const double& time)
 {
+    const CanvasVisit visit(canvas); // a refresh function may take this curve off the canvas
     const int type = curveType();
     SplineBase* keys = spline();
     if (type == splineCurve) {
@@ -182,6 +187,7 @@ double CurveNodeBase::evaluate(const double& time)
         moment.keep();
         return 0.0;
     }
+    const curve_editor::EvaluatedCurve asked(keys, function);
     if (type == expressionCurve) {
         return clampToLimits(function->value(), minimum, maximum);
     }

@@ -79,6 +79,8 @@ public:
 
     /// Screen data must be rebuilt.
     bool hasChanged() const;
+    /// Frees the screen data of a curve that is not to be drawn for some time.
+    void dropPixels();
 
     /// @name The XML curve file
     /// @{

@@ -1,6 +1,7 @@
 // How a curve keeps its pixels up to date and draws them.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasVisit.h"
 #include "canvas/ExpressionCurveGraph.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
@@ -10,6 +11,7 @@
 #include "core/Truncate.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/EvaluatedCurve.h"
 #include "editor/CurveEditor.h"
 
 #include <QPainter>
@@ -70,11 +72,18 @@ void CurveNodeBase::postponeUpdate()
     clearChangedFlags();
 }
 
+void CurveNodeBase::dropPixels()
+{
+    keysGraph->dropPixels();
+    expressionGraph->dropPixels();
+}
+
 void CurveNodeBase::updateGraph(ViewPort* viewport)
 {
     if (!viewport) {
         return;
     }
+    const CanvasVisit visit(canvas);
     const int type = curveType();
     const bool pixelsAreOld =
         type == expressionCurve ? expressionGraph->pixelsAreOld : keysGraph->arePixelsOld();
@@ -101,6 +110,7 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
     EvaluationTime moment;
     for (int i = 0; i < expressionSamples; ++i) {
         moment.set(i * step + viewport.minX, viewport.fps);
+        const curve_editor::EvaluatedCurve asked(spline(), function);
         const double value = drawnValue(function->value(), lowest, highest);
         const double column = static_cast<double>(i) * viewport.viewWidth * 0.0002;
         points.setPoint(i, truncateToPixel(column), drawnRow(viewport, value));
@@ -113,6 +123,7 @@ void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
     if (!viewport || !painter) {
         return;
     }
+    const CanvasVisit visit(canvas);
     const int type = curveType();
     if (isActive(type)) {
         updateGraph(viewport);

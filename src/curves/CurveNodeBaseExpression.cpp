@@ -14,8 +14,6 @@
 
 namespace {
 
-const int cyclicDependency = 2;
-
 /// Marks every place where the message's text names the variable, overlapping ones included.
 void markVariable(const QString& parserName, ParseMessage& message)
 {
@@ -27,7 +25,7 @@ void markVariable(const QString& parserName, ParseMessage& message)
     }
     for (std::size_t at = text.find(name); at != std::string::npos; at = text.find(name, at + 1)) {
         message.errorSpans.emplace_back(static_cast<int>(at), static_cast<int>(name.size()));
-        message.errorKind = cyclicDependency;
+        message.errorKind = ParseMessage::cyclicDependency;
     }
 }
 

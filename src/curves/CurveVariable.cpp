@@ -3,13 +3,12 @@
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
-#include "core/KeyValue.h"
 #include "core/SplineBase.h"
 #include "curves/CurveEvaluation.h"
+#include "curves/CurveTurns.h"
 #include "curves/CurveType.h"
 #include "curves/NodeStruct.h"
 
-#include <cstring>
 #include <unordered_map>
 
 namespace curve_editor {
@@ -18,10 +17,20 @@ namespace {
 
 const int doubleKind = 3;
 
-/// How many curves may be evaluated from inside of one another before their dependencies are
-/// worked out from a list: the stack must bear any chain of curves.
+/// How many curves may be evaluated from inside of one another before they take turns: the stack
+/// must bear any chain of curves.
 const int deepestNesting = 50;
 int nesting = 0;
+
+/// One more curve inside of others, until it is evaluated or something is thrown.
+class Nested
+{
+public:
+    Nested() { ++nesting; }
+    ~Nested() { --nesting; }
+    Nested(const Nested&) = delete;
+    Nested& operator=(const Nested&) = delete;
+};
 
 /// The variables of the process by the address of their value, which the parser's keys carry.
 using Variables = std::unordered_map<const void*, CurveVariable*>;
@@ -32,117 +41,94 @@ Variables& variables()
     return *all;
 }
 
-double keyValue(const char* name)
-{
-    return readKeyValue(FunctionParserBase::instance()->getKey(name));
-}
-
 } // namespace
 
 CurveVariable::CurveVariable(const NodeStruct* curve)
     : record(curve)
 {
-    variables().emplace(&value, this);
+    variables().emplace(&value.number, this);
     registerName();
 }
 
 CurveVariable::~CurveVariable()
 {
-    FunctionParserBase::instance()->unregisterKey(registeredName, &value);
-    variables().erase(&value);
+    FunctionParserBase::instance()->unregisterKey(registeredName, &value.number);
+    variables().erase(&value.number);
+    EvaluatedCurve::forget(value);
 }
 
 void CurveVariable::rename()
 {
-    FunctionParserBase::instance()->unregisterKey(registeredName, &value);
+    FunctionParserBase::instance()->unregisterKey(registeredName, &value.number);
     registerName();
 }
 
 void CurveVariable::registerName()
 {
     registeredName = parserForm(record->dotName).toLocal8Bit().toStdString();
-    FunctionParserBase::instance()->registerKey(registeredName, doubleKind, &value,
-                                                [this] { refresh(); });
+    FunctionParserBase::instance()->registerGuardedKey(registeredName, doubleKind, &value.number,
+                                                       [this] { refresh(); });
 }
 
 void CurveVariable::refresh()
 {
+    if (CurveTurns::isInterrupted()) {
+        return; // whatever is read, the curve will have another turn
+    }
     const EvaluationTime evaluation; // so that there is one around, and an epoch
-    const Moment moment = {keyValue("t"), keyValue("f"), keyValue("fps")};
-    if (isEvaluating || isUpToDate(moment)) {
-        return;
-    }
-    if (nesting < deepestNesting) {
-        isEvaluating = true;
-        evaluate(moment);
-    } else {
-        evaluateWithDependencies(moment);
+    const Moment now = EvaluationTime::now();
+    if (const unsigned long long closing = closingEvaluation()) {
+        EvaluatedCurve::dependOn(closing);
+        value.number = 0.0;
+    } else if (CurveTurns::answers(*this, now)) {
+        return; // as in an earlier turn
+    } else if (const CurveValue::Known* known = EvaluatedCurve::known(value, now)) {
+        read(*known);
+        CurveTurns::remember(*this, *known);
+    } else if (nesting < deepestNesting) {
+        EvaluatedCurve curve(value, now);
+        curve.finish(computed(now));
+    } else if (!CurveTurns::waitsFor(*this, now)) {
+        CurveTurns().evaluate(*this, now);
     }
 }
 
-/// Compares bits, so that not a number is the same time as itself.
-bool CurveVariable::isUpToDate(const Moment& moment) const
+void CurveVariable::read(const CurveValue::Known& known)
 {
-    return epochOfValue != 0 && epochOfValue == EvaluationTime::epoch() &&
-           std::memcmp(moment.data(), momentOfValue.data(), sizeof(Moment)) == 0;
+    EvaluatedCurve::dependOn(known.until);
+    value.number = known.number;
 }
 
-/// Ends what the caller began by setting isEvaluating.
-void CurveVariable::evaluate(const Moment& moment)
+unsigned long long CurveVariable::closingEvaluation() const
 {
-    ++nesting;
+    return EvaluatedCurve::closing(value, record->livingSpline(), record->livingExpression());
+}
+
+double CurveVariable::computed(const Moment& now) const
+{
+    const Nested nested;
     const SplineBase* spline = record->livingSpline();
     const FunctionFloatBase* expression = record->livingExpression();
     const int type = typeOfCurve(spline, expression);
     double sum = 0.0;
     if (spline && hasKeys(type)) {
-        sum += (*spline)(moment[0]);
+        sum += (*spline)(now[0]);
     }
     if (expression && type != splineCurve) {
         sum += expression->value();
     }
-    value = clampToLimits(sum, record->minValue, record->maxValue);
-    epochOfValue = EvaluationTime::epoch();
-    momentOfValue = moment;
-    isEvaluating = false;
-    --nesting;
+    return clampToLimits(sum, record->minValue, record->maxValue);
 }
 
-/// Walks what this variable depends on in post order, with a stack of its own, so that each curve
-/// finds all that it reads evaluated.
-void CurveVariable::evaluateWithDependencies(const Moment& moment)
-{
-    struct Step
-    {
-        CurveVariable* variable;
-        std::vector<CurveVariable*> coming;
-    };
-    std::vector<Step> steps;
-    const auto enter = [&](CurveVariable* variable) {
-        if (!variable->isEvaluating && !variable->isUpToDate(moment)) {
-            variable->isEvaluating = true;
-            steps.push_back({variable, variable->dependencies()});
-        }
-    };
-    enter(this);
-    while (!steps.empty()) {
-        std::vector<CurveVariable*>& coming = steps.back().coming;
-        if (coming.empty()) {
-            steps.back().variable->evaluate(moment);
-            steps.pop_back();
-        } else {
-            CurveVariable* next = coming.back();
-            coming.pop_back();
-            enter(next);
-        }
-    }
-}
-
-/// The curves that the record's expression reads.
+/// The curves that the record's expression is certain to read, in this order. Of one with a choice
+/// in it none are: it may read them or not.
 std::vector<CurveVariable*> CurveVariable::dependencies() const
 {
     std::vector<CurveVariable*> found;
     const FunctionFloatBase* expression = record->livingExpression();
+    if (!expression || expression->getString().find("if(") != std::string::npos) {
+        return found;
+    }
     for (const auto* key : FunctionParserBase::instance()->getAllVars(expression)) {
         const auto known = variables().find(key->value);
         if (known != variables().end()) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "curves/EvaluatedCurve.h"
+
 #include <string>
 #include <vector>
 
@@ -10,7 +11,8 @@ struct NodeStruct;
 
 /// Lets expressions read a curve by its name: registers a record in the parser under its parser
 /// form for as long as it lives. Reading it evaluates the record, on the canvas or not, at the
-/// present "t", "f" and "fps", once within one outer evaluation.
+/// present "t", "f" and "fps", once within one outer evaluation. In a ring of curves the mention
+/// that closes it reads 0, see EvaluatedCurve.
 class CurveVariable
 {
 public:
@@ -24,24 +26,18 @@ public:
     void rename();
 
 private:
-    /// What "t", "f" and "fps" hold, in this order.
-    using Moment = std::array<double, 3>;
+    friend class CurveTurns;
 
     void registerName();
     void refresh();
-    bool isUpToDate(const Moment& moment) const;
-    void evaluate(const Moment& moment);
-    void evaluateWithDependencies(const Moment& moment);
+    void read(const CurveValue::Known& known);
+    unsigned long long closingEvaluation() const;
+    double computed(const Moment& now) const;
     std::vector<CurveVariable*> dependencies() const;
 
     const NodeStruct* record;
     std::string registeredName;
-    double value = 0.0;
-    /// The value is being worked out; whoever asks meanwhile is part of a cycle and gets the last
-    /// one.
-    bool isEvaluating = false;
-    unsigned long long epochOfValue = 0; ///< 0: there is no value yet
-    Moment momentOfValue = {};
+    CurveValue value;
 };
 
 } // namespace curve_editor

@@ -11,6 +11,18 @@
 
 namespace curve_editor {
 
+namespace {
+
+/// The text of the behaviour that counts: what is none of the five counts as constant, and a file
+/// that said "unknown" could not be read back.
+QString behaviourName(const SplineBase::nodeType& type)
+{
+    const bool isKnown = type >= SplineBase::zero && type <= SplineBase::followTangent;
+    return nodeTypeName(isKnown ? type : SplineBase::constant);
+}
+
+} // namespace
+
 CurveXmlWriter::CurveXmlWriter(QXmlStreamWriter& target)
     : stream(target)
 {}
@@ -45,8 +57,8 @@ void CurveXmlWriter::writeSpline(SplineBase* spline)
 {
     SplineBase none;
     SplineBase& keys = spline ? *spline : none;
-    writeText("first-node-type", nodeTypeName(keys.firstNodeType()));
-    writeText("last-node-type", nodeTypeName(keys.lastNodeType()));
+    writeText("first-node-type", behaviourName(keys.firstNodeType()));
+    writeText("last-node-type", behaviourName(keys.lastNodeType()));
     stream.writeStartElement(QStringLiteral("control-points"));
     for (const PointInfo* point : keys.getControlPoints()) {
         writePoint(*point);

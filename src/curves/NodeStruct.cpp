@@ -15,10 +15,14 @@ SplineBase* NodeStruct::livingSpline() const
     return splineLife.expired() ? nullptr : spline;
 }
 
+bool NodeStruct::isSplineLost() const
+{
+    return spline && splineLife.expired();
+}
+
 FunctionFloatBase** NodeStruct::livingSlot() const
 {
-    const bool splineIsLost = spline && splineLife.expired();
-    return splineIsLost ? nullptr : function;
+    return isSplineLost() ? nullptr : function;
 }
 
 FunctionFloatBase* NodeStruct::livingExpression() const

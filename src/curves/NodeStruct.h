@@ -12,8 +12,9 @@ class SplineBase;
 
 namespace curve_editor {
 
-/// One curve that a host has offered for editing. Records are never freed while the process
-/// lives: commands keep pointers to them.
+/// One curve that a host has offered for editing. Records live as long as their editor, also when
+/// the curve was taken off its list, since commands keep pointers to them: whoever else keeps one
+/// forgets it when the editor ends.
 struct ZK_CURVE_EDITOR_EXPORT NodeStruct
 {
     SplineBase* spline = nullptr;           ///< the host's; may be gone, see livingSpline
@@ -38,6 +39,9 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
     /// The spline; null when there is none or its host has destroyed it.
     SplineBase* livingSpline() const;
 
+    /// There was a spline and its host has destroyed it.
+    bool isSplineLost() const;
+
     /// The slot; null when there is none. Once the host has destroyed the spline the slot is
     /// left alone as well: null.
     FunctionFloatBase** livingSlot() const;
@@ -46,7 +50,7 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
     FunctionFloatBase* livingExpression() const;
 };
 
-/// One object of the host, under which its curves stand.
+/// One object of the host, under which its curves stand. It lives as long as its editor.
 struct ZK_CURVE_EDITOR_EXPORT MainNodeStruct
 {
     QString name;

@@ -1,7 +1,9 @@
+// Construction, the parts that others reach, and the events of the window.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
@@ -69,6 +71,7 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
 /// is still there. Before it go the commands, which may name its curves.
 CurveEditor::~CurveEditor()
 {
+    manager.setGestureEnd({});
     disconnect(commandLine, nullptr, this, nullptr);
     disconnect(&functionEditor->canvas(), nullptr, this, nullptr);
     disconnect(functionEditor, nullptr, this, nullptr);
@@ -90,7 +93,7 @@ curve_editor::CurveCommandsManager* CurveEditor::getCmdManager()
     return &manager;
 }
 
-/// Past QDialog.
+/// QDialog's own handling of events is left out.
 bool CurveEditor::event(QEvent* event)
 {
     return QWidget::event(event);
@@ -122,11 +125,13 @@ void CurveEditor::reject() {}
 /// The host decides what becomes of it.
 void CurveEditor::undo()
 {
+    manager.endGestures(); // a host may ask what there is to undo
     emit curveEditorUndo();
 }
 
 void CurveEditor::redo()
 {
+    manager.endGestures(); // a host may ask what there is to redo
     emit curveEditorRedo();
 }
 

@@ -173,7 +173,7 @@ public:
     void addCurve(const QString& node, const QString& curve, const QColor& color, float curveValue,
                   SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue,
                   bool selectByDefault, bool notifyHost);
-    /// The record of a node; records are never freed.
+    /// The record of a node. Records, of nodes and of curves, live as long as the editor.
     MainNodeStruct* searchMainNode(const QString& node) const;
     /// The record of that dotted name. The search ends with null at the first record in the list
     /// whose name is a prefix of the one asked for, or has it as prefix: so a node or group gives
@@ -187,7 +187,8 @@ public:
     /// One entry per curve or name, in order; an entry may be null.
     QList<NodeStruct*> structsFromCurves(const QList<CurveNode*>& curves) const;
     QList<NodeStruct*> structsFromDotNames(const QStringList& dotNames) const;
-    /// The object of that name on the canvas, a curve or a group; owned by the canvas.
+    /// The object of that name on the canvas, a curve or a group; owned by the canvas, which may
+    /// free it once it has left. Not to be kept: ask by name again.
     CurveNode* curveFromDotName(const QString& dotName) const;
     CurveNode* curveFromStruct(NodeStruct const* record) const;
     /// The dotted name; empty for null.

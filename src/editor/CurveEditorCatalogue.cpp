@@ -1,30 +1,20 @@
+// The catalogue of curves: what a host adds, and how a record is found.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandAddCurve.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
-#include "editor/Catalogue.h"
+#include "curves/DottedName.h"
 
 #include <QTreeWidgetItem>
 
 #include <sstream>
 
 using curve_editor::CommandAddCurve;
+using curve_editor::DottedName;
 using curve_editor::parserForm;
-
-namespace {
-
-QString joinedName(const QString& node, const QString& curve)
-{
-    return node + QLatin1Char('.') + curve;
-}
-
-QString withUnderscores(QString name)
-{
-    return name.replace(QLatin1Char(' '), QLatin1Char('_'));
-}
-
-} // namespace
 
 void CurveEditor::addNewMainNode(const QString& node)
 {
@@ -43,8 +33,8 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
     if (!searchMainNode(node)) {
         return;
     }
-    const QString name = joinedName(node, curve);
-    if (searchAllNodeList(name)) {
+    const DottedName name(node, curve);
+    if (searchAllNodeList(name.text())) {
         return;
     }
     NodeStruct content;
@@ -56,8 +46,8 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
     content.maxValue = maxValue;
     content.mainNodeName = node;
     content.curveName = curve;
-    content.dotName = name;
-    content.safeDotName = withUnderscores(name);
+    content.dotName = name.text();
+    content.safeDotName = name.safeText();
     content.isEditing = false;
     content.notifyHost = notifyHost;
     catalogue->addNode(content);
@@ -130,7 +120,7 @@ CurveNode* CurveEditor::curveFromStruct(NodeStruct const* record) const
 
 QString CurveEditor::dotName(NodeStruct const* record) const
 {
-    return record ? joinedName(record->mainNodeName, record->curveName) : QString();
+    return record ? DottedName(record->mainNodeName, record->curveName).text() : QString();
 }
 
 QString CurveEditor::dotName(CurveNode const* curve) const

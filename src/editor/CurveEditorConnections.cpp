@@ -1,3 +1,5 @@
+// What canvas, tree and line tell the dialog.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"

@@ -2,10 +2,12 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
-#include "editor/Catalogue.h"
+#include "curves/DottedName.h"
 #include "widgets/ControlMenu2.h"
 
 #include <QColorDialog>
@@ -13,6 +15,7 @@
 #include <QTreeWidgetItem>
 
 using curve_editor::CommandRemoveCurves;
+using curve_editor::DottedName;
 
 namespace {
 
@@ -81,6 +84,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
     if (!record) {
         return;
     }
+    const CanvasVisit visit(&functionEditor->canvas());
     selectionBusy = true;
     if (!record->isEditing) {
         enterCanvas(record, curve);
@@ -95,9 +99,7 @@ void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
 {
     CanvasFunctionBase& canvas = functionEditor->canvas();
     dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
-    if (curve) {
-        canvas.attachCanvasCurve(curve);
-    } else {
+    if (!canvas.attachCanvasCurve(curve)) {  // none was given, or it has been freed since
         curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
                                       record->livingSpline(), record->livingSlot(),
                                       record->minValue, record->maxValue, record->notifyHost);
@@ -139,6 +141,7 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
     if (!record) {
         return;
     }
+    functionEditor->canvas().endGestureOn(record->dotName);
     selectionBusy = true;
     CanvasFunctionBase& canvas = functionEditor->canvas();
     const QString name = record->dotName;
@@ -158,7 +161,7 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
 
 void CurveEditor::setDefaultSelected(const QString& node, const QString& curve)
 {
-    const QString name = node + QLatin1Char('.') + curve;
+    const QString name = DottedName(node, curve).text();
     NodeStruct* const record = searchAllNodeList(name);
     if (!record) {
         return;
@@ -171,7 +174,7 @@ void CurveEditor::setDefaultSelected(const QString& node, const QString& curve)
 void CurveEditor::setDefaultSelected(const QString& node, const QString& curve,
                                      CurveNode* curveNode)
 {
-    const QString name = node + QLatin1Char('.') + curve;
+    const QString name = DottedName(node, curve).text();
     setCurveEditableOn(searchAllNodeList(name), curveNode);
     selectNodes(QStringList(name));
     update();
@@ -188,11 +191,13 @@ void CurveEditor::cleanSelecteds()
 
 void CurveEditor::slotRemoveFromEditing(QModelIndexList indexes)
 {
+    manager.endGestures();
     manager.doCommand(new CommandRemoveCurves(this, checkListsEditing->treeDotNames(indexes)));
 }
 
 void CurveEditor::removeCurvesFromEditing()
 {
+    manager.endGestures();
     manager.doCommand(new CommandRemoveCurves(this, functionEditor->canvas().editingCurveNames()));
 }
 

@@ -7,7 +7,10 @@
 #include "commands/CommandParseExpr.h"
 #include "commands/EligibleCurves.h"
 #include "core/FunctionFloatBase.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/DependencyWalk.h"
+#include "curves/DottedName.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
@@ -32,6 +35,7 @@ void CurveEditor::executeCommand()
         return;
     }
     const QPointer<CurveEditor> self(this);
+    manager.endGestures();
     manager.doCommand(
         new CommandParseExpr(this, functionEditor, commandLine,
                              recordsOf(this, functionEditor->canvas().editingCurves())));
@@ -42,6 +46,7 @@ void CurveEditor::executeCommand()
 
 void CurveEditor::deleteCurveClicked()
 {
+    manager.endGestures();
     manager.doCommand(
         new CommandDelExpr(this, functionEditor, commandLine,
                            recordsOf(this, functionEditor->canvas().editingCurves())));
@@ -92,9 +97,18 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
         }
         return;
     }
-    const QString name = node + QLatin1Char('.') + curve;
-    if (CurveNode* const found = functionEditor->canvas().findLeaf(name)) {
+    const DottedName name(node, curve);
+    if (CurveNode* const found = functionEditor->canvas().findLeaf(name.text())) {
         found->removeExpression(true);
     }
     refreshCommandLine();
+}
+
+bool CurveEditor::checkDependencies(const QString& variable, const QString& curve, QString& culprit)
+{
+    const NodeStruct* const found = dependencyCulprit(*catalogue, variable, curve);
+    if (found) {
+        culprit = found->dotName;
+    }
+    return found != nullptr;
 }

@@ -33,7 +33,7 @@ QString pathChosenIn(QFileDialog* dialog)
     const QPointer<QFileDialog> living(dialog);
     dialog->setSupportedSchemes({QStringLiteral("file")});
     const bool isAccepted = dialog->exec() == QDialog::Accepted;
-    const QString path = isAccepted && living ? living->selectedFiles().value(0) : QString();
+    QString path = isAccepted && living ? living->selectedFiles().value(0) : QString();
     delete living.data();
     return path;
 }

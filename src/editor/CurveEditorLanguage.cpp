@@ -1,3 +1,5 @@
+// The texts that a change of language renews.
+
 #include "editor/CurveEditor.h"
 #include "editor/MenuTable.h"
 #include "editor/ToolbarTable.h"

@@ -1,3 +1,5 @@
+// The menu bar and the actions of its entries.
+
 #include "editor/CurveEditor.h"
 #include "editor/MenuTable.h"
 
@@ -34,7 +36,7 @@ void CurveEditor::initActions()
             connect(action, SIGNAL(triggered()), this, row.slot);
         }
     }
-    // Required a second time; the second run finds no picture.
+    // The entry is connected twice, so that its slot runs twice; the second run finds no picture.
     connect(plainActions[clearImageAction], SIGNAL(triggered()), this, SLOT(clearImage()));
 }
 

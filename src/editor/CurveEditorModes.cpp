@@ -1,3 +1,5 @@
+// Modes, tools and modifier keys.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
@@ -91,6 +93,9 @@ bool isKeyEvent(const QInputEvent* event)
 
 void CurveEditor::setCurrentMode(curveEditorModes newMode)
 {
+    if (newMode != currentMode) {
+        functionEditor->canvas().endGestureUnlessIn(newMode);
+    }
     if (newMode == currentMode) {
         return;
     }
@@ -136,6 +141,7 @@ void CurveEditor::printMode(curveEditorModes theMode)
 /// A second choice of the same tool puts it away.
 void CurveEditor::toggleTool(const curveEditorModes& tool)
 {
+    functionEditor->canvas().endGesture();
     const curveEditorModes next = userMode == tool ? DEFAULT : tool;
     setUserMode(next);
     setCurrentMode(next);
@@ -168,6 +174,7 @@ void CurveEditor::setZoomMode()
 
 void CurveEditor::setDefaultMode()
 {
+    functionEditor->canvas().endGesture();
     setUserMode(DEFAULT);
     setCurrentMode(DEFAULT);
 }

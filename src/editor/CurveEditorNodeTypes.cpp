@@ -1,3 +1,5 @@
+// The behaviours at the ends, and the types of the selected keys.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
@@ -8,12 +10,14 @@ using namespace curve_editor;
 
 void CurveEditor::doSetLastNode(const int& behaviour, const bool& isFirst)
 {
+    manager.endGestures();
     manager.doCommand(
         new CommandSetLastNode(this, static_cast<SplineBase::nodeType>(behaviour), isFirst));
 }
 
 void CurveEditor::doSetPointsType(const int& interpolation)
 {
+    manager.endGestures();
     if (!functionEditor->canvas().editingCurves().isEmpty()) {
         manager.doCommand(new CommandSetPointsType(
             this, static_cast<zk_spline::interpolationType>(interpolation)));

@@ -1,3 +1,5 @@
+// What a host sets at run time: snapping, labels, new keys, icons, colours.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/CanvasColors.h"

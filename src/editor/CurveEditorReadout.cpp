@@ -1,3 +1,5 @@
+// The axis in frames or seconds, and the read-outs of the cursor.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
@@ -28,11 +30,13 @@ void CurveEditor::setShowTime()
     if (!functionEditor->showFrames) {
         return;
     }
+    keys->endGesture();
     functionEditor->showFrames = false;
     functionEditor->canvasDirty = true;
     keys->posX->setValue(fieldValue(keys->posX) / functionEditor->fps);
     posX->setText(keys->posX->text());
     posX->setToolTip(posX->text());
+    keys->distrustTimes();
     repaintCanvas();
 }
 
@@ -44,11 +48,13 @@ void CurveEditor::setShowFrames()
     if (functionEditor->showFrames) {
         return;
     }
+    keys->endGesture();
     functionEditor->showFrames = true;
     functionEditor->canvasDirty = true;
     keys->posX->setValue(fieldValue(keys->posX) * functionEditor->fps);
     posX->setText(keys->posX->text());
     posY->setToolTip(posY->text());
+    keys->distrustTimes();
     repaintCanvas();
 }
 

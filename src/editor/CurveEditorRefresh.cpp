@@ -1,3 +1,5 @@
+// What is enabled, checked and shown after each change.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
@@ -236,8 +238,8 @@ void CurveEditor::enableBehaviourFields(const bool& on)
 }
 
 /// The action of the present behaviour is toggled, not checked: at each second refresh it stands
-/// unchecked. That is the manner required of it. The combo boxes show the truth; a first behaviour
-/// that they do not offer leaves theirs blank.
+/// unchecked. The combo boxes show the truth; a first behaviour that they do not offer leaves
+/// theirs blank.
 void CurveEditor::refreshBehaviours()
 {
     const SplineBase* const spline = functionEditor->canvas().firstSpline();

@@ -2,14 +2,18 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
-#include "editor/Catalogue.h"
+#include "curves/DottedName.h"
 
 #include <QSet>
 #include <QTreeWidgetItem>
 
 #include <algorithm>
+
+using curve_editor::DottedName;
 
 namespace {
 
@@ -46,7 +50,7 @@ void CurveEditor::removeCurve(const QString& node, const QString& curve)
     if (!searchMainNode(node)) {
         return;
     }
-    if (NodeStruct* const record = catalogue->findExactly(node + QLatin1Char('.') + curve)) {
+    if (NodeStruct* const record = catalogue->findExactly(DottedName(node, curve).text())) {
         setCurveEditableOff(record);
         catalogue->removeNode(record);
     }
@@ -88,12 +92,15 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     if (!searchMainNode(node)) {
         return;
     }
-    const QString oldName = node + QLatin1Char('.') + oldCurve;
-    const QString newName = node + QLatin1Char('.') + newCurve;
+    const QString oldName = DottedName(node, oldCurve).text();
+    const QString newName = DottedName(node, newCurve).text();
+    functionEditor->canvas().endGestureOn(oldName);
     NodeStruct* const record = catalogue->findExactly(oldName);
     if (!record) {
         return;
     }
+    const CanvasVisit visit(
+        &functionEditor->canvas()); // whoever listens to the tree may do anything
     CurveNode* const held = functionEditor->canvas().findLeaf(oldName);
     record->dotName = newName;
     record->curveName = newCurve;
@@ -115,6 +122,7 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     }
     record->isEditing = false;
     setCurveEditableOn(record, held);
+    functionEditor->canvas().discardUnlinked(held); // a group of the new name had its place
     if (newName.contains(oldCurveMarker)) {
         if (QTreeWidgetItem* const renamed = checkListsEditing->findTreeItem(newName)) {
             renamed->setHidden(true);
@@ -149,9 +157,9 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
     for (qsizetype i = 0; i < records.size(); ++i) {
         NodeStruct* const record = records[i];
         record->mainNodeName = newName;
-        record->dotName = newName + QLatin1Char('.') + record->curveName;
-        record->safeDotName = record->dotName;
-        record->safeDotName.replace(QLatin1Char(' '), QLatin1Char('_'));
+        const DottedName renamed(newName, record->curveName);
+        record->dotName = renamed.text();
+        record->safeDotName = renamed.safeText();
         catalogue->nameHasChanged(record);
         if (curves[i] && curves[i]->dotName() != record->dotName) {
             curves[i]->setDotName(record->dotName);

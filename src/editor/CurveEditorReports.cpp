@@ -4,13 +4,16 @@
 
 #include "canvas/FunctionEditor.h"
 #include "curves/CurveNode.h"
+#include "curves/DottedName.h"
 
 #include <utility>
+
+using curve_editor::DottedName;
 
 void CurveEditor::emitSignalCurveHasChanged(QString& nodeName, QString& curveName)
 {
     const CurveNode* const curve =
-        functionEditor->canvas().findCurve(QStringLiteral("%1.%2").arg(nodeName, curveName));
+        functionEditor->canvas().findCurve(DottedName(nodeName, curveName).text());
     if (curve && !curve->notifiesHost()) {
         return;
     }
@@ -25,9 +28,8 @@ void CurveEditor::emitSignalCurvesHaveChanged()
 void CurveEditor::emitSignalCurvesHaveChanged(QStringList dotNames)
 {
     for (const QString& name : std::as_const(dotNames)) {
-        QString nodeName = name.section(QLatin1Char('.'), 0, 0);
-        QString curveName = name.section(QLatin1Char('.'), 1);
-        emitSignalCurveHasChanged(nodeName, curveName);
+        DottedName curve = DottedName::fromText(name);
+        emitSignalCurveHasChanged(curve.node, curve.curve);
     }
     refreshEditor();
 }

@@ -20,6 +20,7 @@ void CurveEditor::selectNodes(QStringList names)
         update();
         return;
     }
+    functionEditor->canvas().endGestureUnlessEditing(names);
     selectionBusy = true;
     const QSet<QString> former(selectedDotNames.cbegin(), selectedDotNames.cend());
     const bool same = names.size() == selectedDotNames.size() &&

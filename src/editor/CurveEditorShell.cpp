@@ -1,9 +1,12 @@
+// The window put together: canvas, tree, read-outs.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
 #include "editor/MenuTable.h"
 #include "widgets/ControlMenu2.h"
+#include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QHBoxLayout>
@@ -98,6 +101,10 @@ QLabel* CurveEditor::newReadout(const char* name, const QString& text)
 void CurveEditor::initCanvas()
 {
     functionEditor = new FunctionEditor(functionView, this);
+    manager.setGestureEnd([this](const curve_editor::CurveCommand* next) {
+        functionEditor->canvas().endGestureBefore(next);
+        functionEditor->keysDialog()->endGesture();
+    });
     auto* const layout = new QHBoxLayout(functionView);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(functionEditor);

@@ -1,3 +1,5 @@
+// The toolbars, their buttons and the drop-downs of these.
+
 #include "editor/CurveEditor.h"
 #include "editor/MenuTable.h"
 #include "editor/ToolbarTable.h"

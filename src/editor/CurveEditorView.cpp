@@ -1,3 +1,5 @@
+// The part of the curves that is in view: time line, rate, ranges, fitting.
+
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
@@ -20,9 +22,14 @@ void CurveEditor::setTimeLine(ZK_INT frame)
 
 void CurveEditor::setFps(ZK_DOUBLE framesPerSecond)
 {
+    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    if (functionEditor->showFrames && framesPerSecond != functionEditor->fps) {
+        keys->endGesture(); // its numbers are frames of the former rate
+    }
     functionEditor->fps = framesPerSecond;
     functionEditor->frameDigits =
         truncateToInt(std::ceil(std::log(framesPerSecond) / std::log(10.0)));
+    keys->renewTimes();
     repaintCanvas();
 }
 
@@ -71,14 +78,22 @@ bool CurveEditor::isModeTime() const
     return !functionEditor->showFrames;
 }
 
+/// The key dialog's label keeps its word, whatever unit the field has from now on.
 void CurveEditor::resetViewport()
 {
+    functionEditor->canvas().endGesture(); // whose rectangle this would use
+    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    if (!functionEditor->showFrames) {
+        keys->endGesture();
+    }
     functionEditor->resetView();
+    keys->renewTimes();
     functionEditor->canvas().updateCanvas();
 }
 
 void CurveEditor::centerTimeline()
 {
+    functionEditor->canvas().endGesture();
     functionEditor->centerTimeline();
     repaintAll();
 }

@@ -4,11 +4,13 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandDelCurves.h"
+#include "curves/DottedName.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
 
 using curve_editor::CommandDelCurves;
+using curve_editor::DottedName;
 
 namespace {
 
@@ -134,7 +136,7 @@ void CurveEditor::resetSelectedF()
 void CurveEditor::deleteCurveAndExp(const QString& node, const QString& curve,
                                     FunctionFloatBase** /*slot*/)
 {
-    NodeStruct* const record = searchAllNodeList(node + QLatin1Char('.') + curve);
+    NodeStruct* const record = searchAllNodeList(DottedName(node, curve).text());
     if (record) {
         manager.doCommand(new CommandDelCurves(this, QList<NodeStruct*>{record}));
     }

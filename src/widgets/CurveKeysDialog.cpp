@@ -50,6 +50,7 @@ void CurveKeysDialog::connectFields()
 
 void CurveKeysDialog::connectLine(CustomEditLine* line, const char* start, const char* end)
 {
+    line->installEventFilter(this);
     connect(line, SIGNAL(mousePressEditLine()), this, start);
     connect(line, SIGNAL(mouseReleaseEditLine()), this, end);
     connect(line, SIGNAL(newValueTyped(ZK_DOUBLE, CustomEditLine*)), this,

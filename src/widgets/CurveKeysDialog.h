@@ -38,6 +38,16 @@ public:
     void showSelection(const QList<SplineCurveGraph*>& graphs, bool enable);
     /// Opens or closes all fields but those of the curve's ends; closing empties the position.
     void enableKeyFields(const bool& on);
+    /// Ends a drag over a field as its release would: what it did becomes a step. Without a drag
+    /// nothing happens. To be called before anything else changes keys, their selection, the
+    /// curves being edited or the history.
+    void endGesture();
+    /// Shows the times of the same keys anew after the axis has taken another unit or rate. A text
+    /// begun in the former unit is dropped.
+    void renewTimes();
+    /// The time fields were converted by what they showed: they are shown anew before their user
+    /// edits them.
+    void distrustTimes();
 
 signals:
     /// The dialog has changed keys or the selection of keys.
@@ -62,6 +72,11 @@ public slots:
     void setPosX(ZK_DOUBLE value);
     void focusInEvent(QFocusEvent* event) override;
 
+protected:
+    /// Renews what a field shows before the user lays hands on it, for a host or another editor
+    /// may have changed the keys without telling.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     // Connections: CurveKeysDialog.cpp
     void connectFields();
@@ -70,7 +85,7 @@ private:
     QList<CustomEditLine*> linesOf(const curve_editor::keyFields& field) const;
     curve_editor::keyFields fieldOf(CustomEditLine* line) const;
 
-    // Showing: CurveKeysDialogShowing.cpp
+    // The keys: CurveKeysDialogKeys.cpp
     /// Those of the shown graphs that are on the canvas still, with keys to edit.
     QList<SplineCurveGraph*> editableGraphs() const;
     /// The current key of a graph, or another selected one where that has left the spline. Null
@@ -78,28 +93,36 @@ private:
     static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
     /// The selected keys of those graphs, as far as their splines hold them.
     QList<const PointInfo*> editableKeys() const;
+    /// A time in seconds is shown multiplied by it: 1, or the rate for frames.
+    double presentUnit() const;
+    /// What there is to show of the graphs shown.
+    curve_editor::ShownKeys selectedKeys() const;
+    /// The open step is one of keys that are not the selected ones any more.
+    bool isGestureOfOtherKeys() const;
+    void renewIfStale(const bool& onlyForOthers);
+
+    // Showing: CurveKeysDialogShowing.cpp
     void enableSeveralKeys(const bool& singleEach);
     void loadKeys(const QList<SplineCurveGraph*>& graphs);
-    void showKeys(const PointInfo& reference, const int& index,
-                  const curve_editor::KeyDifferences& differences);
-    void showPosition(const PointInfo& reference, const curve_editor::KeyDifferences& differences);
+    void beginFieldsAnew(const curve_editor::ShownKeys& now);
+    void showKeys(const curve_editor::ShownKeys& now);
+    void showPosition(const curve_editor::ShownKeys& now);
     void showNumber(CustomEditLine* line, const bool& differs, const double& value);
-    void showText(CustomEditLine* twin, const QString& text);
-    bool isBeingTyped(const CustomEditLine* line) const;
+    void showTwin(const CustomEditLine* line);
+    bool isBeingTyped(CustomEditLine* line) const;
 
     // Changing: CurveKeysDialogChanging.cpp
     void selectNeighbour(const int& step);
-    void splitStepAtNewSelection();
     static void applyToKeys(SplineCurveGraph* graph, const curve_editor::keyFields& field,
                             const PointInfo& record);
 
     CurveEditor* editor; ///< not owned: the parent
     /// The curves whose selected keys are shown; not owned. Any may be gone: see editableGraphs.
     QList<SplineCurveGraph*> shownGraphs;
-    /// The keys shown last; not owned and never read, for they may be gone.
-    QList<const PointInfo*> shownKeys;
-    bool sameKeysShown = false; ///< what is being shown are the keys shown last
-    bool isShowing = false;     ///< a value that a field sends now was not sent by the user
+    curve_editor::ShownKeys shown; ///< at last
+    bool sameKeysShown = false;    ///< those are the keys shown before
+    bool sameUnitShown = false;    ///< and their times have the same unit
+    bool isShowing = false;        ///< a value that a field sends now was not sent by the user
     std::unique_ptr<curve_editor::CommandChangePoints> pendingChange; ///< between press and release
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;     ///< the same, for positions
     /// The keys that the pending one knows; not owned and never read.

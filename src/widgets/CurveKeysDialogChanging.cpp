@@ -2,6 +2,8 @@
 
 #include "widgets/CurveKeysDialog.h"
 
+#include "canvas/CanvasVisit.h"
+#include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
@@ -43,6 +45,7 @@ void CurveKeysDialog::clickedPrev()
 /// Always a step of undo, even from a lonely key to itself.
 void CurveKeysDialog::selectNeighbour(const int& step)
 {
+    editor->getCmdManager()->endGestures();
     const QList<SplineCurveGraph*> graphs = editableGraphs();
     const PointInfo* const key = graphs.isEmpty() ? nullptr : leadingKeyOf(graphs.first());
     if (!key) {
@@ -65,6 +68,7 @@ void CurveKeysDialog::changeNodeType(int index)
     if (!isNodeTypePosition(index)) {
         return;
     }
+    editor->getCmdManager()->endGestures();
     editor->getCmdManager()->doCommand(
         new CommandSetPointsType(editor, nodeTypeOfPosition[static_cast<std::size_t>(index)]));
     loadKeys(QList<SplineCurveGraph*>(shownGraphs));
@@ -78,6 +82,7 @@ void CurveKeysDialog::startChangePoints()
 {
     endMovePoints();
     if (!pendingChange) {
+        editor->getFunctionEditor()->canvas().endGesture();
         pendingChange = std::make_unique<CommandChangePoints>(editor);
         pendingKeys = editableKeys();
     }
@@ -92,6 +97,7 @@ void CurveKeysDialog::startMovePoints()
 {
     endChangePoints();
     if (!pendingMove) {
+        editor->getFunctionEditor()->canvas().endGesture();
         pendingMove = std::make_unique<CommandMovePoints>(editor);
         pendingKeys = editableKeys();
     }
@@ -102,20 +108,17 @@ void CurveKeysDialog::endMovePoints()
     end(pendingMove, editor);
 }
 
-/// A step knows the keys that were selected at its begin. Where others are by now, what follows
-/// is a step of theirs.
-void CurveKeysDialog::splitStepAtNewSelection()
+/// By the fields, so that a button that is held still goes on with nothing. A step that was begun
+/// without a field is ended by itself.
+void CurveKeysDialog::endGesture()
 {
-    if (pendingKeys == editableKeys()) {
-        return;
+    for (int field = 0; field < keyFieldsCount; ++field) {
+        for (CustomEditLine* const line : linesOf(static_cast<keyFields>(field))) {
+            line->endDrag();
+        }
     }
-    if (pendingMove) {
-        endMovePoints();
-        startMovePoints();
-    } else {
-        endChangePoints();
-        startChangePoints();
-    }
+    endChangePoints();
+    endMovePoints();
 }
 
 void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
@@ -123,9 +126,12 @@ void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
     if (isShowing) {
         return; // a field that is being closed sends what was typed for keys no longer shown
     }
+    if (isGestureOfOtherKeys()) {
+        endGesture();
+    }
     startChangePoints();
     valueChanged(value, line);
-    endChangePoints();
+    endGesture();
 }
 
 void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
@@ -134,27 +140,34 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
         valueChangedTyped(value, line); // a step of the wheel
         return;
     }
-    splitStepAtNewSelection();
+    if (isGestureOfOtherKeys()) {
+        endGesture(); // the value is not meant for these
+        return;
+    }
+    // Whoever hears of a twin's new text may take curves off the canvas.
+    const CanvasVisit visit(&editor->getFunctionEditor()->canvas());
     const keyFields field = fieldOf(line);
-    const bool isFrame = field == timeField && editor->isModeFrames();
-    const double number = isFrame ? value / editor->getFps() : value;
+    const double unit = field == timeField ? presentUnit() : 1.0;
+    const double number = value / unit;
     const QList<SplineCurveGraph*> graphs = editableGraphs();
     const PointInfo* key = nullptr;
     for (SplineCurveGraph* const graph : graphs) {
         key = key ? key : leadingKeyOf(graph);
     }
-    if (!key || field == noField || !std::isfinite(number)) {
-        return; // no key selected, or a time at a rate of 0 frames
+    if (!key || field == noField || !std::isfinite(number) || !std::isfinite(unit)) {
+        return; // no key selected, or a time at a rate of 0 or endless frames
     }
     PointInfo record = *key;
-    editField(record, field, number);
+    const bool isTaken = editField(record, field, number);
     for (CustomEditLine* const twin : linesOf(field)) {
         if (twin != line) {
-            twin->setText(line->text());
+            twin->showText(line->text());
         }
     }
     for (SplineCurveGraph* const graph : graphs) {
-        applyToKeys(graph, field, record);
+        if (isTaken) {
+            applyToKeys(graph, field, record);
+        }
     }
     tcbCurve->showKey(record);
     emit nodeTcbChanged();

@@ -2,20 +2,12 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "canvas/FunctionEditor.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "commands/EligibleCurves.h"
-#include "core/SplineBase.h"
-#include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 #include "widgets/NodeTypePositions.h"
 
 #include <QScopedValueRollback>
-#include <QSet>
 
-#include <utility>
+#include <limits>
 
 using namespace curve_editor;
 
@@ -24,49 +16,7 @@ namespace {
 /// Stands for several differing values; a field sends nothing when it is left with this text.
 const QLatin1String severalValues("...");
 
-/// How many keys are selected over the graphs.
-struct SelectionCounts
-{
-    bool any = false;
-    bool several = false;
-    bool singleEach = true; ///< no graph has more than one
-
-    SelectionCounts(const QList<SplineCurveGraph*>& graphs, const SelectedKeys& selected)
-    {
-        for (const SplineCurveGraph* const graph : graphs) {
-            if (!graph || !graph->selection().hasSelection() ||
-                selected.readable(graph->selection()).isEmpty()) {
-                continue;
-            }
-            singleEach = graph->selection().selectedPoints.size() == 1;
-            several = any || !singleEach;
-            any = true;
-            if (!singleEach) {
-                break;
-            }
-        }
-    }
-};
-
 } // namespace
-
-void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool enable)
-{
-    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
-    const SelectionCounts counts(graphs, SelectedKeys(curves));
-    if (!counts.any) {
-        enableKeyFields(false);
-        return;
-    }
-    if (enable) {
-        if (!counts.several && graphs.size() == 1) {
-            enableKeyFields(true);
-        } else {
-            enableSeveralKeys(counts.singleEach);
-        }
-    }
-    loadKeys(graphs);
-}
 
 void CurveKeysDialog::enableKeyFields(const bool& on)
 {
@@ -79,13 +29,16 @@ void CurveKeysDialog::enableKeyFields(const bool& on)
         const bool isPosition = field == timeField || field == valueField;
         for (CustomEditLine* const line : linesOf(static_cast<keyFields>(field))) {
             line->setEnabled(on);
+            if (!on) {
+                line->beginAnew();
+            }
             if (!on && isPosition) {
                 line->clear();
             }
         }
     }
     if (!on) {
-        shownKeys.clear();
+        shown = ShownKeys();
     }
 }
 
@@ -103,99 +56,43 @@ void CurveKeysDialog::enableSeveralKeys(const bool& singleEach)
     }
 }
 
-/// A curve may have left the canvas, and its graph be gone with it, since the graphs were shown.
-QList<SplineCurveGraph*> CurveKeysDialog::editableGraphs() const
-{
-    QSet<SplineCurveGraph*> present;
-    for (CurveNode* const curve : editor->getFunctionEditor()->canvas().editingCurves()) {
-        if (hasKeys(curve->curveType())) {
-            present.insert(curve->splineGraph());
-        }
-    }
-    present.remove(nullptr);
-    QList<SplineCurveGraph*> graphs;
-    for (SplineCurveGraph* const graph : shownGraphs) {
-        if (present.contains(graph)) {
-            graphs.append(graph);
-        }
-    }
-    return graphs;
-}
-
-PointInfo* CurveKeysDialog::leadingKeyOf(SplineCurveGraph* graph)
-{
-    const ControlSplineNode& selection = graph->selection();
-    if (!selection.hasSelection()) {
-        return nullptr;
-    }
-    const QList<PointInfo*> keys = membersOf(selection.spline(), selection.selectedPoints);
-    if (keys.contains(selection.currentPoint)) {
-        return selection.currentPoint;
-    }
-    return keys.isEmpty() ? nullptr : keys.first();
-}
-
-QList<const PointInfo*> CurveKeysDialog::editableKeys() const
-{
-    QList<const PointInfo*> keys;
-    for (SplineCurveGraph* const graph : editableGraphs()) {
-        const ControlSplineNode& selection = graph->selection();
-        for (const PointInfo* const key : membersOf(selection.spline(), selection.selectedPoints)) {
-            keys.append(key);
-        }
-    }
-    return keys;
-}
-
 void CurveKeysDialog::loadKeys(const QList<SplineCurveGraph*>& graphs)
 {
     const QScopedValueRollback<bool> guard(isShowing, true);
     shownGraphs = graphs;
-    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
-    const SelectedKeys selected(curves);
-    const PointInfo* reference = nullptr;
-    int index = -1;
-    KeyDifferences differences;
-    QList<const PointInfo*> keys;
-    for (SplineCurveGraph* const graph : editableGraphs()) {
-        const ControlSplineNode& selection = graph->selection();
-        const PointInfo* const leading = leadingKeyOf(graph);
-        if (!reference && leading) {
-            reference = leading;
-            index = selection.spline()->findIndex(leading);
-        } else if (reference && selection.hasSelection()) {
-            differences.index = true;
-        } else {
-            continue;
-        }
-        if (selection.selectedPoints.size() > 1) {
-            differences.index = true;
-            differences.fields[timeField] = true;
-        }
-        for (const PointInfo* const key : selected.readable(selection)) {
-            differences.add(*reference, *key);
-            keys.append(key);
-        }
-    }
-    if (reference) {
-        sameKeysShown = keys == shownKeys;
-        shownKeys = keys;
-        // A copy: closing a field ends the drag over it, and the host hears of that.
-        showKeys(PointInfo(*reference), index, differences);
+    const ShownKeys now = selectedKeys();
+    if (!now.keys.isEmpty()) {
+        beginFieldsAnew(now);
+        sameKeysShown = now.keys == shown.keys;
+        sameUnitShown = now.unit == shown.unit;
+        shown = now;
+        showKeys(now);
     }
 }
 
-void CurveKeysDialog::showKeys(const PointInfo& reference, const int& index,
-                               const KeyDifferences& differences)
+/// Of the fields that come to stand for numbers of other keys, or for times in another unit.
+void CurveKeysDialog::beginFieldsAnew(const ShownKeys& now)
 {
-    node->setText(differences.index ? QStringLiteral("#") : QString::number(index));
-    showPosition(reference, differences);
+    const bool areOthers = now.keys != shown.keys;
+    for (int field = 0; field < keyFieldsCount; ++field) {
+        if (areOthers || (field == timeField && now.unit != shown.unit)) {
+            for (CustomEditLine* const line : linesOf(static_cast<keyFields>(field))) {
+                line->beginAnew();
+            }
+        }
+    }
+}
+
+void CurveKeysDialog::showKeys(const ShownKeys& now)
+{
+    node->setText(now.differences.index ? QStringLiteral("#") : QString::number(now.index));
+    showPosition(now);
     for (int field = tensionField; field < keyFieldsCount; ++field) {
         const auto which = static_cast<keyFields>(field);
-        showNumber(linesOf(which).first(), differences.fields[static_cast<std::size_t>(field)],
-                   readField(reference, which));
+        showNumber(linesOf(which).first(), now.differences.fields[static_cast<std::size_t>(field)],
+                   readField(now.reference, which));
     }
-    if (differences.bezierMix) {
+    if (now.differences.bezierMix) {
         for (CustomEditLine* const line : {tension, continuity, bias, incoming, outgoing}) {
             line->setEnabled(false);
         }
@@ -206,27 +103,28 @@ void CurveKeysDialog::showKeys(const PointInfo& reference, const int& index,
     for (CustomEditLine* const line : {easeFrom, easeTo}) {
         line->setBounds(0.0, 1.0);
     }
-    nodeTypeCombo->setCurrentIndex(positionOfNodeType(reference.type));
-    nodeTypeWidgetStack->setCurrentWidget(reference.type == zk_spline::bezier ? ioPage : tcbPage);
-    tcbCurve->showKey(reference);
+    nodeTypeCombo->setCurrentIndex(positionOfNodeType(now.reference.type));
+    nodeTypeWidgetStack->setCurrentWidget(now.reference.type == zk_spline::bezier ? ioPage
+                                                                                  : tcbPage);
+    tcbCurve->showKey(now.reference);
 }
 
-void CurveKeysDialog::showPosition(const PointInfo& reference, const KeyDifferences& differences)
+void CurveKeysDialog::showPosition(const ShownKeys& now)
 {
-    if (differences.fields[timeField]) {
+    if (now.differences.fields[timeField]) {
         showNumber(posX, true, 0.0);
-        showText(editor->positionX(), posX->text());
+        showTwin(posX);
     } else {
-        setPosX(reference.time);
+        setPosX(now.reference.time);
     }
-    showNumber(posY, differences.fields[valueField], reference.value);
-    showText(editor->positionY(), posY->text());
+    showNumber(posY, now.differences.fields[valueField], now.reference.value);
+    showTwin(posY);
 }
 
 void CurveKeysDialog::setPosX(ZK_DOUBLE value)
 {
-    showNumber(posX, false, editor->isModeFrames() ? value * editor->getFps() : value);
-    showText(editor->positionX(), posX->text());
+    showNumber(posX, false, value * presentUnit());
+    showTwin(posX);
 }
 
 void CurveKeysDialog::showNumber(CustomEditLine* line, const bool& differs, const double& value)
@@ -235,23 +133,39 @@ void CurveKeysDialog::showNumber(CustomEditLine* line, const bool& differs, cons
         return;
     }
     if (differs) {
-        line->setText(severalValues);
+        line->showText(severalValues);
         line->setToolTip(QString());
     } else {
         line->setValue(value);
     }
 }
 
-void CurveKeysDialog::showText(CustomEditLine* twin, const QString& text)
+/// What the field of the dialog shows, on the menu bar.
+void CurveKeysDialog::showTwin(const CustomEditLine* line)
 {
+    CustomEditLine* const twin = line == posX ? editor->positionX() : editor->positionY();
     if (!isBeingTyped(twin)) {
-        twin->setText(text);
+        twin->showText(line->text());
     }
 }
 
-/// A text that the user has begun stays, as long as the same keys are shown: a mere press of Shift
-/// in a field of the menu bar climbs to the canvas, which shows the selection anew.
-bool CurveKeysDialog::isBeingTyped(const CustomEditLine* line) const
+/// A text that the user has begun stays, as long as the same keys are shown in the same unit: a
+/// mere press of Shift in a field of the menu bar climbs to the canvas, which shows the selection
+/// anew.
+bool CurveKeysDialog::isBeingTyped(CustomEditLine* line) const
 {
-    return sameKeysShown && line->hasFocus() && line->isModified();
+    const bool means = sameKeysShown && (sameUnitShown || fieldOf(line) != timeField);
+    return means && line->hasFocus() && line->isModified();
+}
+
+void CurveKeysDialog::renewTimes()
+{
+    if (!shown.keys.isEmpty() && presentUnit() != shown.unit) {
+        loadKeys(QList<SplineCurveGraph*>(shownGraphs));
+    }
+}
+
+void CurveKeysDialog::distrustTimes()
+{
+    shown.unit = std::numeric_limits<double>::quiet_NaN();
 }

@@ -16,6 +16,8 @@ namespace {
 
 constexpr int longestText = 15;
 constexpr float stepPerPixel = 0.005F;
+/// Stands for several differing values.
+const QLatin1String severalValues("...");
 
 /// The text as a number that is finite: what is too large for a double gives the largest one, and
 /// "nan" and "inf" are words like any other.
@@ -40,11 +42,13 @@ float magnitudeOf(const double& value)
                                                          : static_cast<float>(magnitude);
 }
 
-/// Away from the user is positive. With Alt held some platforms deliver the turn as a sideways one.
+/// Away from the user is positive; a sideways turn is none. With Alt held some platforms deliver
+/// every turn as a sideways one.
 int turnOf(const QWheelEvent& event)
 {
     const QPoint turn = event.angleDelta();
-    return turn.y() != 0 ? turn.y() : turn.x();
+    const bool isTurnedRound = event.modifiers().testFlag(Qt::AltModifier) && turn.y() == 0;
+    return isTurnedRound ? turn.x() : turn.y();
 }
 
 } // namespace
@@ -60,8 +64,20 @@ CustomEditLine::CustomEditLine(QWidget* parent)
 
 void CustomEditLine::setValue(const double& value)
 {
-    setText(QString::number(value, 'f', decimals));
+    showText(QString::number(value, 'f', decimals));
     setToolTip(text());
+}
+
+void CustomEditLine::showText(const QString& newText)
+{
+    if (newText == text() && !isModified()) {
+        return;
+    }
+    const bool isAllSelected = hasFocus() && hasSelectedText() && selectedText() == text();
+    setText(newText);
+    if (isAllSelected) {
+        selectAll();
+    }
 }
 
 void CustomEditLine::setDecimals(const int& number)
@@ -82,7 +98,7 @@ void CustomEditLine::checkTextBounds()
     if (leaving && !isModified()) {
         return;
     }
-    if (text() == QLatin1String("...")) {
+    if (text() == severalValues) {
         return;
     }
     const double value = held(textValue());
@@ -92,8 +108,10 @@ void CustomEditLine::checkTextBounds()
 
 void CustomEditLine::keyPressEvent(QKeyEvent* event)
 {
+    returning = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     QLineEdit::keyPressEvent(event);
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (returning) {
+        returning = false;
         emit newValueTyped(held(textValue()), this);
     }
 }
@@ -105,6 +123,8 @@ void CustomEditLine::mousePressEvent(QMouseEvent* event)
         return;
     }
     dragging = true;
+    moved = false;
+    pressedOnce = true;
     dragStartY = truncateToPixel(event->globalPosition().y());
     dragStartValue = textValue();
     emit mousePressEditLine();
@@ -116,7 +136,15 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
     if (event->button() == Qt::RightButton || !dragging) {
         return;
     }
+    if ((event->buttons() & ~Qt::MouseButtons(Qt::RightButton)) == Qt::NoButton) {
+        endDrag();
+        return;
+    }
     const int delta = truncateToPixel(event->globalPosition().y()) - dragStartY;
+    moved = moved || delta != 0;
+    if (!moved) {
+        return; // a click with an unsteady hand must not round the value to the decimals shown
+    }
     if (delta == 0) {
         setByMouse(dragStartValue); // an infinite magnitude times zero would be no number
         return;
@@ -127,9 +155,14 @@ void CustomEditLine::mouseMoveEvent(QMouseEvent* event)
 
 void CustomEditLine::mouseReleaseEvent(QMouseEvent* event)
 {
+    const bool wasDrag = dragging && moved;
+    const QString shown = text();
     QLineEdit::mouseReleaseEvent(event);
     if (event->button() == Qt::RightButton) {
         return;
+    }
+    if (wasDrag) {
+        showText(shown); // some platforms paste at the release of the middle button
     }
     dragging = false;
     if (!selectedOnce) {
@@ -150,8 +183,14 @@ void CustomEditLine::focusOutEvent(QFocusEvent* event)
 
 bool CustomEditLine::event(QEvent* event)
 {
-    if (event->type() == QEvent::ContextMenu || event->type() == QEvent::WindowBlocked) {
-        breakOffDrag();
+    switch (event->type()) {
+    case QEvent::ContextMenu:
+    case QEvent::WindowBlocked:
+    case QEvent::WindowDeactivate:
+        endDrag();
+        break;
+    default:
+        break;
     }
     return QLineEdit::event(event);
 }
@@ -160,24 +199,25 @@ void CustomEditLine::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled()) {
-        breakOffDrag();
+        endDrag();
     }
 }
 
 void CustomEditLine::hideEvent(QHideEvent* event)
 {
     QLineEdit::hideEvent(event);
-    breakOffDrag();
+    endDrag();
 }
 
 void CustomEditLine::wheelEvent(QWheelEvent* event)
 {
     const int turn = turnOf(*event);
-    if (turn == 0) {
-        return; // the mark of a gesture's begin or end
+    if (turn == 0 || text().isEmpty() || text() == severalValues) {
+        return; // the mark of a gesture's begin or end, or no value to start from
     }
+    const double base = pressedOnce ? dragStartValue : textValue();
     const double step = turn > 0 ? stepPerPixel : -stepPerPixel;
-    setByMouse(dragStartValue - (std::fabs(dragStartValue) + 1.0) * step);
+    setByMouse(base - (std::fabs(base) + 1.0) * step);
 }
 
 double CustomEditLine::held(const double& value) const
@@ -203,10 +243,17 @@ void CustomEditLine::setByMouse(const double& value)
 /// A field that is disabled or hidden, or from which a menu or a modal dialog takes the mouse,
 /// never hears of the release. Later moves of the mouse, which it is told of without a press, would
 /// go on with the drag.
-void CustomEditLine::breakOffDrag()
+void CustomEditLine::endDrag()
 {
     if (dragging) {
         dragging = false;
         emit mouseReleaseEditLine();
     }
+}
+
+void CustomEditLine::beginAnew()
+{
+    pressedOnce = false;
+    returning = false;
+    endDrag();
 }

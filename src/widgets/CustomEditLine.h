@@ -29,6 +29,16 @@ public:
     void setDecimals(const int& number);
     /// Bounds of what typing, dragging and the wheel give. The text stays.
     void setBounds(const double& minimum, const double& maximum);
+    /// Shows a text as it is; the tool tip stays. A field that shows it already keeps its cursor,
+    /// and one whose whole text is selected goes on so: what is typed next replaces all of it.
+    void showText(const QString& text);
+
+    /// Ends a drag as its release would, though the button may be held still.
+    void endDrag();
+    /// From now on the field stands for another number, that of another key or in another unit. A
+    /// drag ends, a press on the former number is no base of the wheel any more, and a Return that
+    /// is just being handled sends nothing more.
+    void beginAnew();
 
 public slots:
     /// Brings the text into the bounds, shows it as a number and sends newValueTyped. Text that is
@@ -36,14 +46,15 @@ public slots:
     void checkTextBounds();
 
 signals:
-    /// A drag or a step of the wheel gave this value.
+    /// A drag or a step of the wheel gave this value. A press is no drag before the mouse has moved
+    /// up or down, and the wheel does nothing over an empty field and over the text "...".
     void newValueSet(ZK_DOUBLE value, CustomEditLine* field);
     /// A typed value was accepted.
     void newValueTyped(ZK_DOUBLE value, CustomEditLine* field);
     /// A press with a button other than the right one began.
     void mousePressEditLine();
-    /// That press ended, or the field was disabled or hidden under it, or a menu or a modal dialog
-    /// took the mouse.
+    /// That press ended, or the field was disabled or hidden under it, its window left, or a menu
+    /// or a modal dialog took the mouse; or a move without a button tells of a lost release.
     void mouseReleaseEditLine();
 
 protected:
@@ -61,14 +72,17 @@ private:
     double held(const double& value) const;
     double textValue() const;
     void setByMouse(const double& value);
-    void breakOffDrag();
 
     /// Global y of the last press, in pixels.
     int dragStartY = 0;
     /// The value at the last press; the base of every step of the wheel until the next press.
     double dragStartValue = 0.0;
+    /// There is such a press. Before it each step of the wheel starts from the text.
+    bool pressedOnce = false;
     /// A press is held.
     bool dragging = false;
+    /// The mouse has moved up or down since that press.
+    bool moved = false;
     /// The field has selected its text since it last lost focus.
     bool selectedOnce = false;
     double maxValue = 100000000.0;
@@ -76,4 +90,6 @@ private:
     int decimals = 2;
     /// The base class is handling a loss of focus.
     bool leaving = false;
+    /// A Return is being handled whose second value is still to be sent.
+    bool returning = false;
 };

@@ -41,18 +41,19 @@ double readField(const PointInfo& key, const keyFields& field)
     return number ? *number : 0.0;
 }
 
-void editField(PointInfo& record, const keyFields& field, const double& number)
+bool editField(PointInfo& record, const keyFields& field, const double& number)
 {
     double* const target = numberOf(record, field);
     const bool isLocked = field == continuityField && record.unifiedTangents;
     if (!target || isLocked) {
-        return;
+        return false;
     }
     *target = number;
     const bool isSlope = field == incomingField || field == outgoingField;
     if (isSlope && record.unifiedTangents) {
         record.bezier = {number, number};
     }
+    return true;
 }
 
 void copyField(SplineBase& spline, PointInfo* key, const keyFields& field, const PointInfo& record)
@@ -96,6 +97,21 @@ void KeyDifferences::add(const PointInfo& reference, const PointInfo& key)
     }
     const bool isBezier = key.type == zk_spline::bezier;
     bezierMix = bezierMix || isBezier != (reference.type == zk_spline::bezier);
+}
+
+bool ShownKeys::showsTheSameAs(const ShownKeys& other) const
+{
+    for (int field = 0; field < keyFieldsCount; ++field) {
+        const auto which = static_cast<keyFields>(field);
+        if (readField(reference, which) != readField(other.reference, which)) {
+            return false;
+        }
+    }
+    return keys == other.keys && index == other.index && unit == other.unit &&
+           differences.index == other.differences.index &&
+           differences.fields == other.differences.fields &&
+           differences.bezierMix == other.differences.bezierMix &&
+           reference.type == other.reference.type;
 }
 
 } // namespace curve_editor

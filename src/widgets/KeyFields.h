@@ -2,6 +2,8 @@
 
 #include "core/PointInfo.h"
 
+#include <QList>
+
 #include <array>
 
 class SplineBase;
@@ -28,8 +30,9 @@ enum keyFields : int
 double readField(const PointInfo& key, const keyFields& field);
 
 /// What an edit of one key makes of a record: on unified tangents a slope is that of both sides,
-/// and continuity stays as it is. `number` is in seconds for the time.
-void editField(PointInfo& record, const keyFields& field, const double& number);
+/// and continuity stays as it is. `number` is in seconds for the time. Returns false where the
+/// record does not take the number.
+bool editField(PointInfo& record, const keyFields& field, const double& number);
 
 /// Copies one number of a record, but never the time, to a key of the spline. The other numbers of
 /// the key stay, save that unified tangents remain equal, and their continuity 0.
@@ -44,6 +47,20 @@ struct KeyDifferences
 
     /// Numbers are compared exactly; a NaN differs from everything, itself included.
     void add(const PointInfo& reference, const PointInfo& key);
+};
+
+/// All that the fields of keys show.
+struct ShownKeys
+{
+    /// Not owned and never read, for they may be gone. None: nothing is shown.
+    QList<const PointInfo*> keys;
+    PointInfo reference; ///< a copy of the first of them
+    int index = -1;      ///< of the reference in its spline
+    KeyDifferences differences;
+    double unit = 1.0; ///< what times in seconds are multiplied by; NaN: none that is known
+
+    /// A NaN differs from everything, itself included.
+    bool showsTheSameAs(const ShownKeys& other) const;
 };
 
 } // namespace curve_editor

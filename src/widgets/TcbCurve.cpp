@@ -46,7 +46,7 @@ void TcbCurve::showKey(const PointInfo& key)
 }
 
 /// The mark stands at the middle key, although it is the last one that takes on the shown data,
-/// and no line leads to it. Both are so on purpose, as is the time that grows by adding.
+/// and no line leads to it. The time grows by adding a step, rounding and all.
 void TcbCurve::paintEvent(QPaintEvent* event)
 {
     {

@@ -1,3 +1,4 @@
+#include "curves/CurveHold.h"
 #include "support/BoxCatcher.h"
 #include "support/CanvasTest.h"
 
@@ -103,6 +104,7 @@ void TestCanvasEditingSet::aDeselectedCurveLosesItsSelectionOfKeys()
     QVERIFY(b->splineGraph()->selection().hasSelection());
     canvas->updateCanvas();
     QVERIFY(b->splineGraph()->selection().hasSelection());
+    const CurveHold kept(b);
     canvas->removeCanvasCurve("n.b"); // an undo may put it back as it was
     QVERIFY(b->splineGraph()->selection().hasSelection());
 }

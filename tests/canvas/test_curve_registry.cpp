@@ -1,3 +1,4 @@
+#include "curves/CurveHold.h"
 #include "support/CanvasTest.h"
 
 #include <QPointer>
@@ -27,7 +28,7 @@ private slots:
     void aCurveOfOneElementStandsOnTop();
     void emptyElementsAreKept();
 
-    void removingUnlinksWithoutFreeing();
+    void removingUnlinks();
     void removingAnUnknownNameDoesNothing();
     void removingTakesTheCurveOutOfTheEditingSet();
     void removingATopCurveUnlinksIt();
@@ -113,6 +114,7 @@ void TestCurveRegistry::ensuringAPathStopsAtAnElementThatEqualsTheLastOne()
 void TestCurveRegistry::aNameThatRepeatsAnElementLiesHigherAndReportsItsWholeName()
 {
     CurveNode* curve = add("a.b.b");
+    const CurveHold kept(curve);
     QCOMPARE(curve->parentNode()->dotName(), QString("a"));
     QCOMPARE(curve->dotName(), QString("a.b.b"));
     QCOMPARE(canvas->findCurve("a.b.b"), curve);
@@ -164,9 +166,10 @@ void TestCurveRegistry::emptyElementsAreKept()
     QCOMPARE(canvas->findCurve("m."), nameless);
 }
 
-void TestCurveRegistry::removingUnlinksWithoutFreeing()
+void TestCurveRegistry::removingUnlinks()
 {
     CurveNode* curve = add("n.a");
+    const CurveHold kept(curve);
     canvas->removeCanvasCurve("n.a");
     QVERIFY(!canvas->findCurve("n.a"));
     QVERIFY(canvas->findCurve("n"));
@@ -186,6 +189,7 @@ void TestCurveRegistry::removingAnUnknownNameDoesNothing()
 void TestCurveRegistry::removingTakesTheCurveOutOfTheEditingSet()
 {
     CurveNode* curve = add("n.a");
+    const CurveHold kept(curve);
     CurveNode* other = add("n.b");
     canvas->selectCurves({"n.a", "n.b"});
     canvas->removeCanvasCurve("n.a");
@@ -196,6 +200,7 @@ void TestCurveRegistry::removingTakesTheCurveOutOfTheEditingSet()
 void TestCurveRegistry::removingATopCurveUnlinksIt()
 {
     CurveNode* curve = add("body.body");
+    const CurveHold kept(curve);
     canvas->removeCanvasCurve("body.body");
     QVERIFY(canvas->topNodes().isEmpty());
     QCOMPARE(canvas->attachCanvasCurve(curve), curve);
@@ -205,6 +210,7 @@ void TestCurveRegistry::removingATopCurveUnlinksIt()
 void TestCurveRegistry::attachingPutsTheSameObjectBack()
 {
     CurveNode* curve = add("n.a.b");
+    const CurveHold kept(curve);
     canvas->removeCanvasCurve("n.a.b");
     canvas->removeCanvasCurve("n.a");
     canvas->removeCanvasCurve("n");
@@ -218,6 +224,7 @@ void TestCurveRegistry::attachingPutsTheSameObjectBack()
 void TestCurveRegistry::attachingUnderATakenNameLeavesTheCurveUnattached()
 {
     CurveNode* curve = add("n.a");
+    const CurveHold kept(curve);
     canvas->removeCanvasCurve("n.a");
     CurveNode* other = add("n.a");
     QVERIFY(other != curve);
@@ -235,6 +242,8 @@ void TestCurveRegistry::attachingACurveFromAnUnlinkedGroupTakesItOutOfThere()
     CurveNode* curve = add("n.a");
     CurveNode* top = add("body.body");
     CurveNode* group = canvas->findCurve("n");
+    const CurveHold keptGroup(group);
+    const CurveHold keptTop(top);
     canvas->removeCanvasCurve("n");
     canvas->attachCanvasCurve(curve);
     QVERIFY(group->children()->isEmpty());
@@ -252,6 +261,7 @@ void TestCurveRegistry::attachingACurveFromAnUnlinkedGroupTakesItOutOfThere()
 void TestCurveRegistry::aCurvePutBackIsNotDrawnBeforeItIsSelected()
 {
     CurveNode* curve = add("n.a");
+    const CurveHold kept(curve);
     canvas->selectCurves({"n.a"});
     canvas->removeCanvasCurve("n.a");
     canvas->attachCanvasCurve(curve);
@@ -268,7 +278,8 @@ void TestCurveRegistry::discardingFreesOnlyWhatIsUnlinked()
     QVERIFY(curve);
     canvas->discardUnlinked(canvas->findCurve("n"));
     QVERIFY(canvas->findCurve("n"));
-    canvas->removeCanvasCurve("n.a");
+    node->unlink(); // whoever calls this owns it
+    QVERIFY(curve);
     canvas->discardUnlinked(node);
     QVERIFY(!curve);
     canvas->discardUnlinked(node); // known by its address alone
@@ -279,6 +290,7 @@ void TestCurveRegistry::clearingDeletesTheTreeAndEmptiesTheEditingSetFirst()
 {
     QPointer<CurveNodeBase> curve = dynamic_cast<CurveNodeBase*>(add("n.a"));
     QPointer<CurveNodeBase> unlinked = dynamic_cast<CurveNodeBase*>(add("n.b"));
+    const CurveHold kept(unlinked);
     canvas->selectCurves({"n.a"});
     canvas->removeCanvasCurve("n.b");
     connect(curve, &QObject::destroyed, this, [this] { QVERIFY(!canvas->isEditing()); });
@@ -296,11 +308,14 @@ void TestCurveRegistry::unlinkedNodesDieWithTheCanvas()
 {
     QPointer<CurveNodeBase> curve = dynamic_cast<CurveNodeBase*>(add("n.a"));
     QPointer<CurveNodeBase> inGroup = dynamic_cast<CurveNodeBase*>(add("m.a"));
+    const CurveHold kept(curve);
+    const CurveHold keptInGroup(inGroup);
     canvas->removeCanvasCurve("n.a");
     canvas->removeCanvasCurve("m");
     widget.reset();
     QVERIFY(!curve);
     QVERIFY(!inGroup);
+    QVERIFY(!kept.get());
 }
 
 void TestCurveRegistry::deletingANodeDropsItFromEverywhere()

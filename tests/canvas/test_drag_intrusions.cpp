@@ -1,102 +1,30 @@
-#include "support/EditorFixture.h"
+#include "canvas/DragIntrusions.h"
+#include "canvas/DraggedCurve.h"
+#include "canvas/StepLabels.h"
 #include "support/FailOnWarning.h"
-#include "support/SplineState.h"
 
-#include <functional>
+#include <QSignalSpy>
+
+#include <optional>
 
 using Mode = CurveEditor::curveEditorModes;
 
 namespace {
 
-using Intrusion = std::function<void(EditorFixture&)>;
-
-SplineBase* splineOf(EditorFixture& fixture)
+int redoSteps(EditorFixture& fixture, const qsizetype& count)
 {
-    const auto found = fixture.curves.find("n.a");
-    return found == fixture.curves.end() ? nullptr : &found->second->spline;
-}
-
-void freeAKey(EditorFixture& fixture)
-{
-    SplineBase* const spline = splineOf(fixture);
-    if (spline && spline->getControlPointsNumber() > 1) {
-        const std::unique_ptr<PointInfo> taken(spline->at(1));
-        spline->remove(taken.get());
+    int done = 0;
+    while (done < count && fixture.editor.getCmdManager()->redo()) {
+        ++done;
     }
-}
-
-void freeAllKeys(EditorFixture& fixture)
-{
-    if (SplineBase* const spline = splineOf(fixture)) {
-        spline->removeAllControlPoints();
-    }
-}
-
-void addAKey(EditorFixture& fixture)
-{
-    fixture.logic().addKey(fixture.logic().findCurve("n.a"), 21.0, 21.0);
-}
-
-void undoAndAdd(EditorFixture& fixture)
-{
-    fixture.editor.getCmdManager()->undo();
-    addAKey(fixture);
-}
-
-struct IntrusionRow
-{
-    const char* name;
-    Intrusion intrude;
-};
-
-const std::vector<IntrusionRow>& intrusions()
-{
-    static const std::vector<IntrusionRow> rows{
-        {"the host frees a key", freeAKey},
-        {"the host frees all keys", freeAllKeys},
-        {"the host destroys the spline", [](EditorFixture& f) { f.curves.erase("n.a"); }},
-        {"the curve is removed", [](EditorFixture& f) { f.editor.removeCurve("n", "a"); }},
-        {"the curve leaves the canvas",
-         [](EditorFixture& f) { f.editor.removeCurveFromEditing("n.a"); }},
-        {"another curve is chosen",
-         [](EditorFixture& f) { f.editor.selectNodes(QStringList("n.b")); }},
-        {"both curves are chosen",
-         [](EditorFixture& f) {
-             f.editor.selectNodes({"n.a", "n.b"});
-         }},
-        {"undo", [](EditorFixture& f) { f.editor.getCmdManager()->undo(); }},
-        {"undo and a new key", undoAndAdd},
-        {"a new key", addAKey},
-        {"all keys are selected", [](EditorFixture& f) { f.editor.selectAllKeys(); }},
-        {"no key is selected", [](EditorFixture& f) { f.editor.selectNoneKeys(); }},
-        {"the selection is deleted", [](EditorFixture& f) { f.editor.deleteSelectedKeys(); }},
-        {"the history is cleared", [](EditorFixture& f) { f.editor.clearStack(); }},
-        {"no history is kept", [](EditorFixture& f) { f.editor.setUndoLevels(0); }},
-        {"the keys are flattened", [](EditorFixture& f) { f.editor.flatTangents(); }},
-        {"another tool", [](EditorFixture& f) { f.editor.setDeleteKeyMode(); }},
-        {"the editor is closed", [](EditorFixture& f) { f.editor.close(); }},
-        {"delete key", [](EditorFixture& f) { f.typeKey(Qt::Key_Delete); }},
-        {"ctrl z", [](EditorFixture& f) { f.typeKey(Qt::Key_Z, Qt::ControlModifier); }},
-        {"ctrl y", [](EditorFixture& f) { f.typeKey(Qt::Key_Y, Qt::ControlModifier); }},
-        {"an arrow", [](EditorFixture& f) { f.typeKey(Qt::Key_Right); }},
-        {"a second button",
-         [](EditorFixture& f) {
-             // Where the gesture is over already, the menu opens.
-             f.closesMenuOf([&f] {
-                 f.send(QEvent::MouseButtonPress, QPoint(60, 60), Qt::RightButton,
-                        Qt::LeftButton | Qt::RightButton);
-             });
-         }},
-        {"a second left press", [](EditorFixture& f) { f.press(f.pixel(30, 10)); }},
-        {"a release", [](EditorFixture& f) { f.release(f.pixel(30, 10)); }},
-    };
-    return rows;
+    return done;
 }
 
 } // namespace
 
 /// What user and host do in the middle of a drag, between two steps of it or inside the host's
-/// slot. Whatever it is, no key is lost or freed twice, and the history leads back to the start.
+/// slot. Whatever it is, no key is lost or freed twice, and the history leads back to the start and
+/// forth to the end.
 class TestDragIntrusions : public QObject
 {
     Q_OBJECT
@@ -113,8 +41,11 @@ private slots:
         {
             const char* moment;
             bool several;
-        } cases[] = {
-            {"between the steps", true}, {"in the slot", false}, {"in the last slot", true}};
+        } cases[] = {{"between the steps", true},
+                     {"between the steps of one key", false},
+                     {"in the slot", false},
+                     {"in the last slot", true},
+                     {"in the last slot of one key", false}};
         for (std::size_t i = 0; i < intrusions().size(); ++i) {
             for (const auto& [moment, several] : cases) {
                 QTest::addRow("%s %s", intrusions()[i].name, moment)
@@ -128,21 +59,25 @@ private slots:
         QFETCH(int, intrusion);
         QFETCH(QString, moment);
         QFETCH(bool, several);
+        const Intrusion& broken = intrusions()[static_cast<std::size_t>(intrusion)];
+        const bool isByCommands = broken.kind == byCommands || broken.kind == undoing;
         EditorFixture fixture;
         LentCurve& other = fixture.addCurve("n.b", {{12, 30}, {22, 35}});
         const SplineState otherBefore(other.spline);
-        fixture.editCurve("n.a", {{10, 10}, {20, 20}, {30, 10}, {40, 5}});
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10, zk_spline::bezier},
+                                                     {20, 20, zk_spline::bezier},
+                                                     {30, 10, zk_spline::bezier},
+                                                     {40, 5, zk_spline::bezier}});
+        fixture.editor.setUndoLevels(100);
         if (several) {
             fixture.selectKeys("n.a", {0, 1, 2});
         }
         fixture.paint();
-        const auto intrude = [&] {
-            intrusions()[static_cast<std::size_t>(intrusion)].intrude(fixture);
-        };
+        const DraggedCurve first(curve.spline);
         bool isDue = false;
         connect(&fixture.editor, &CurveEditor::curveHasChanged, this, [&](QString&, QString&) {
             if (std::exchange(isDue, false)) {
-                intrude();
+                broken.intrude(fixture);
             }
         });
 
@@ -150,60 +85,185 @@ private slots:
         fixture.moveTo(fixture.pixel(21, 22));
         isDue = moment == "in the slot";
         fixture.moveTo(fixture.pixel(33, 24));
-        if (moment == "between the steps") {
-            intrude();
+        if (moment.startsWith("between the steps")) {
+            broken.intrude(fixture);
         }
         fixture.moveTo(fixture.pixel(35, 25));
         fixture.paint();
-        isDue = moment == "in the last slot";
+        isDue = moment.startsWith("in the last slot");
         fixture.release(fixture.pixel(35, 25));
         isDue = false;
+        fixture.release(fixture.pixel(35, 25)); // of a press in the slot
+        fixture.canvas().keysDialog()->endMovePoints();
 
         QVERIFY(fixture.editor.getCurrentMode() != Mode::MOVING);
-        while (fixture.editor.getCmdManager()->undo()) {
+        QVERIFY(!fixture.canvas().rectActive);
+        std::optional<DraggedCurve> last;
+        if (draggedSpline(fixture)) {
+            last.emplace(curve.spline);
         }
-        while (fixture.editor.getCmdManager()->redo()) {
+        const qsizetype steps = fixture.undoAll().size();
+        if (last) {
+            const DraggedCurve undone(curve.spline);
+            QVERIFY(undone.agreesWith(broken.kind == forgetting ? *last : first));
+            QVERIFY(undone == first || !isByCommands);
+            QVERIFY(steps > 0 || broken.kind != byCommands);
+            QVERIFY(steps == 0 || broken.kind != forgetting);
         }
+        QCOMPARE(redoSteps(fixture, steps), steps);
+        // Of the two steps of one key's drag the second alone was undone; redone, the first moves
+        // the key.
+        const bool isHalfUndone = broken.kind == undoing && !several;
+        if (last && !isHalfUndone) {
+            QVERIFY(DraggedCurve(curve.spline) == *last);
+        }
+        redoSteps(fixture, 1000);
         fixture.undoAll();
-        QVERIFY(SplineState(other.spline) == otherBefore);
-        if (SplineBase* const spline = splineOf(fixture)) {
-            for (unsigned i = 1; i < spline->getControlPointsNumber(); ++i) {
-                QVERIFY(spline->at(i - 1)->time <= spline->at(i)->time);
-            }
+        if (last) {
+            QVERIFY(DraggedCurve(curve.spline) == first || !isByCommands);
         }
+        QVERIFY(SplineState(other.spline) == otherBefore);
         // The next gesture starts anew.
         fixture.click(fixture.pixel(45, 38));
         fixture.paint();
     }
 
-    void undoInMidDragLeavesTheSelectionOfBefore()
+    void undoInMidDragTakesTheDragBack()
     {
         EditorFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
         fixture.selectKeys("n.a", {0});
         fixture.paint();
+        const DraggedCurve first(curve.spline);
         fixture.press(fixture.pixel(20, 20)); // selects the second key: a step
         fixture.moveTo(fixture.pixel(22, 22));
+        const DraggedCurve dragged(curve.spline);
         fixture.typeKey(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(DraggedCurve(curve.spline) == first);
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(1));
+        fixture.moveTo(fixture.pixel(25, 25)); // with the button still held
+        fixture.release(fixture.pixel(25, 25));
+        QVERIFY(DraggedCurve(curve.spline) == first);
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::DEFAULT);
+        fixture.typeKey(Qt::Key_Y, Qt::ControlModifier);
+        QVERIFY(DraggedCurve(curve.spline) == dragged);
+        QCOMPARE(fixture.undoAll(), (QStringList{changeLabel, moveLabel, selectLabel}));
         QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(0));
-        fixture.release(fixture.pixel(22, 22));
-        QCOMPARE(fixture.undoAll().size(), 2); // the way so far is a step of the dragged key
-        QCOMPARE(curve.spline.at(1)->time, 20.0);
-        QCOMPARE(curve.spline.at(0)->time, 10.0);
+    }
+
+    /// A host that looks for a step before it undoes finds that of the drag.
+    void theHostThatIsAskedToUndoInMidDragFindsAStep()
+    {
+        EditorFixture fixture;
+        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.editor.clearStack();
+        fixture.selectKeys("n.a", {1});
+        fixture.paint();
+        bool hadStep = false;
+        connect(&fixture.editor, &CurveEditor::curveEditorRedo, this,
+                [&] { hadStep = fixture.editor.getCmdManager()->nextUndo(); });
+        fixture.press(fixture.pixel(20, 20));
+        fixture.moveTo(fixture.pixel(22, 22));
+        fixture.editor.redo();
+        QVERIFY(hadStep);
+    }
+
+    void deleteInMidDrag_data()
+    {
+        QTest::addColumn<bool>("two");
+        QTest::newRow("one key") << false;
+        QTest::newRow("two keys") << true;
+    }
+
+    void deleteInMidDrag()
+    {
+        QFETCH(bool, two);
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {25, 5}, {40, 10}});
+        if (two) {
+            fixture.selectKeys("n.a", {0, 1});
+        }
+        fixture.paint();
+        const DraggedCurve first(curve.spline);
+        fixture.press(fixture.pixel(25, 5));
+        fixture.moveTo(fixture.pixel(30, 3));
+        fixture.typeKey(Qt::Key_Delete);
+        QCOMPARE(curve.spline.getControlPointsNumber(), two ? 1u : 2u);
+        fixture.release(fixture.pixel(30, 3));
+        fixture.undoAll();
+        QVERIFY(DraggedCurve(curve.spline) == first);
+    }
+
+    void anArrowInMidDragDragsNoOtherKey()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {25, 5}, {40, 10}});
+        fixture.paint();
+        const DraggedCurve first(curve.spline);
+        fixture.press(fixture.pixel(25, 5));
+        fixture.moveTo(fixture.pixel(30, 3));
+        fixture.typeKey(Qt::Key_Right);
+        QCOMPARE(fixture.selectionOf("n.a").currentPoint, curve.spline.at(2));
+        fixture.moveTo(fixture.pixel(35, 20));
+        fixture.release(fixture.pixel(35, 20));
+        QCOMPARE(curve.spline.at(1)->time, 30.0);
+        QCOMPARE(curve.spline.at(2)->time, 40.0);
+        fixture.undoAll();
+        QVERIFY(DraggedCurve(curve.spline) == first);
+    }
+
+    /// The history has no say in a drag that has not ended.
+    void clearingTheHistoryInMidDragLeavesTheDrag()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        const DraggedCurve first(curve.spline);
+        fixture.press(fixture.pixel(20, 20));
+        fixture.moveTo(fixture.pixel(22, 22));
+        fixture.editor.clearStack();
+        fixture.moveTo(fixture.pixel(24, 24));
+        fixture.release(fixture.pixel(24, 24));
+        QCOMPARE(curve.spline.at(1)->time, 24.0);
+        QCOMPARE(fixture.undoAll(), (QStringList{changeLabel, moveLabel}));
+        QVERIFY(DraggedCurve(curve.spline) == first);
     }
 
     void aCurveRemovedInMidDragEndsItInTheChosenTool()
     {
         EditorFixture fixture;
-        fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.selectKeys("n.a", {0});
         fixture.editor.setMoveMode();
         fixture.paint();
+        const DraggedCurve first(curve.spline);
         fixture.press(fixture.pixel(10, 10));
+        fixture.moveTo(fixture.pixel(11, 11));
         fixture.editor.removeCurve("n", "a");
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::MOVE);
         fixture.moveTo(fixture.pixel(12, 12));
         fixture.release(fixture.pixel(12, 12));
-        QCOMPARE(fixture.editor.getCurrentMode(), Mode::MOVE);
-        QVERIFY(fixture.undoSteps().isEmpty());
+        QCOMPARE(curve.spline.at(0)->time, 11.0);
+        fixture.undoAll();
+        QVERIFY(DraggedCurve(curve.spline) == first);
+    }
+
+    void anotherCurveMayComeAndGoInMidDrag()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {20, 20}});
+        fixture.paint();
+        fixture.press(fixture.pixel(20, 20));
+        fixture.moveTo(fixture.pixel(21, 21));
+        fixture.addCurve("n.b", {{12, 30}});
+        fixture.moveTo(fixture.pixel(22, 22));
+        fixture.editor.setCurveEditableOff(fixture.editor.searchAllNodeList("n.b"));
+        fixture.editor.selectNodes(QStringList("n.a"));
+        QCOMPARE(fixture.editor.getCurrentMode(), Mode::MOVING);
+        fixture.moveTo(fixture.pixel(23, 23));
+        fixture.release(fixture.pixel(23, 23));
+        QCOMPARE(curve.spline.at(1)->time, 23.0);
+        QCOMPARE(fixture.undoAll(), (QStringList{changeLabel, moveLabel, selectLabel}));
     }
 };
 

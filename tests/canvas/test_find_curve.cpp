@@ -1,3 +1,4 @@
+#include "curves/CurveHold.h"
 #include "support/CanvasTest.h"
 
 #include <QRandomGenerator>
@@ -46,6 +47,7 @@ void TestFindCurve::theAnswerIsThatOfTheWalk()
 {
     QRandomGenerator random(7);
     QList<CurveNode*> known;
+    std::vector<CurveHold> kept;
     int shared = 0;
     for (int step = 0; step < 3000; ++step) {
         CurveNode* const any = known.value(random.bounded(int(known.size()) + 1), nullptr);
@@ -54,6 +56,7 @@ void TestFindCurve::theAnswerIsThatOfTheWalk()
             CurveNode* const added = add(randomName(random));
             if (!known.contains(added)) {
                 known.append(added);
+                kept.emplace_back(added);
             }
         } else if (what < 4) {
             canvas->removeCanvasCurve(any->dotName());
@@ -69,6 +72,7 @@ void TestFindCurve::theAnswerIsThatOfTheWalk()
         if (known.size() > 30) {
             canvas->clearCurves();
             known.clear();
+            kept.clear();
         }
         for (int i = 0; i < 10; ++i) {
             const QString name = randomName(random);

@@ -29,6 +29,44 @@ private slots:
         QCOMPARE(undoNames(), QStringList({"outer", "a"}));
     }
 
+    /// With its own command, a gesture is told of that one; it is not asked while undo has to wait.
+    void aGestureIsEndedBeforeACommandRunsIsUndoneOrRedone()
+    {
+        QList<const CurveCommand*> told;
+        manager->setGestureEnd([&](const CurveCommand* next) {
+            told.append(next);
+            journal.append("gesture ends");
+        });
+        Step* const a = step("a");
+        a->onExecute = [&] { QVERIFY(!manager->undo()); };
+        manager->doCommand(a);
+        manager->undo();
+        manager->redo();
+        manager->endGestures();
+        QCOMPARE(told, (QList<const CurveCommand*>{a, nullptr, nullptr, nullptr}));
+        QCOMPARE(journal, QStringList({"gesture ends", "do a", "end a", "gesture ends", "undo a",
+                                       "gesture ends", "redo a", "gesture ends"}));
+        manager->clear(); // leaves it alone, as do limit and switch
+        manager->setMaxStackSize(3);
+        manager->setEnable(false);
+        QCOMPARE(told.size(), qsizetype(4));
+        manager->setGestureEnd({});
+    }
+
+    void aGestureThatIsEndedByUndoIsWhatIsUndone()
+    {
+        run({"a"});
+        bool isPending = true;
+        manager->setGestureEnd([&](const CurveCommand* next) {
+            if (!next && std::exchange(isPending, false)) {
+                manager->doCommand(step("drag"));
+            }
+        });
+        QCOMPARE(nameOf(manager->undo()), QStringLiteral("drag"));
+        QCOMPARE(nameOf(manager->nextUndo()), QStringLiteral("a"));
+        manager->setGestureEnd({});
+    }
+
     void aNestedCommandRunsAtOnceAndTakesItsPlaceAfterTheOuterOne()
     {
         Step* const outer = step("outer");

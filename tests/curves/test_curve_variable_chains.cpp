@@ -23,7 +23,7 @@ class TestCurveVariableChains : public QObject
 private slots:
     void init() { failOnUnexpectedWarning(); }
 
-    void aCycleGivesTheLastValue();
+    void theMentionThatClosesACycleReadsZero();
     void aLongCycleEnds();
     void aCycleReachedFromALongChainEnds();
     void aChainOfTenThousandCurves();
@@ -34,17 +34,17 @@ private slots:
     void aDiamondAtATimeThatIsNotANumber();
 };
 
-void TestCurveVariableChains::aCycleGivesTheLastValue()
+void TestCurveVariableChains::theMentionThatClosesACycleReadsZero()
 {
     CurveWithVariable a("a");
     CurveWithVariable b("b");
     a.setExpression("n.b+1");
     b.setExpression("n.a*10");
     const ParsedExpression reader("n.a");
-    QCOMPARE(reader.tree->value(), 1.0);  // b read 0 of a
-    QCOMPARE(reader.tree->value(), 11.0); // and now 1
+    QCOMPARE(reader.tree->value(), 1.0);
+    QCOMPARE(reader.tree->value(), 1.0);
     a.setExpression("n.a+1");
-    QCOMPARE(reader.tree->value(), 12.0);
+    QCOMPARE(reader.tree->value(), 1.0);
 }
 
 void TestCurveVariableChains::aLongCycleEnds()
@@ -60,7 +60,8 @@ void TestCurveVariableChains::aLongCycleEnds()
     }
     const ParsedExpression reader("n.c0");
     QCOMPARE(reader.tree->value(), double(count));
-    QCOMPARE(reader.tree->value(), 2.0 * count);
+    QCOMPARE(reader.tree->value(), double(count));
+    QCOMPARE(valueOf("n.c777", 0.0), double(count));
 }
 
 void TestCurveVariableChains::aCycleReachedFromALongChainEnds()
@@ -75,7 +76,7 @@ void TestCurveVariableChains::aCycleReachedFromALongChainEnds()
     curves.front().setExpression("n.c1");
     const ParsedExpression reader("n.c499");
     QCOMPARE(reader.tree->value(), 499.0);
-    QCOMPARE(reader.tree->value(), 500.0);
+    QCOMPARE(reader.tree->value(), 499.0);
 }
 
 void TestCurveVariableChains::aChainOfTenThousandCurves()

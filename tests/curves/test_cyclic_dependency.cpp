@@ -7,8 +7,11 @@
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 
+#include <QImage>
+#include <QPainter>
 #include <QTest>
 
+#include <cmath>
 #include <memory>
 
 using Spans = std::vector<std::pair<int, int>>;
@@ -29,7 +32,9 @@ private slots:
     void overlappingOccurrencesAreAllMarked();
     void spansAreCountedInBytes();
     void aCurveMayReadOneThatDependsOnACycle();
-    void aCycleThatIsStoredAlreadyEvaluates();
+    void curvesThatDependOnEachOtherHaveOneValueAtATime();
+    void repaintsOfCurvesThatDependOnEachOtherAreAlike_data();
+    void repaintsOfCurvesThatDependOnEachOtherAreAlike();
 
 private:
     CurveNode* curve(const QString& name) { return fixture->logic().findCurve(name); }
@@ -130,16 +135,59 @@ void TestCyclicDependency::aCurveMayReadOneThatDependsOnACycle()
     QVERIFY(boxes->texts.isEmpty());
 }
 
-void TestCyclicDependency::aCycleThatIsStoredAlreadyEvaluates()
+void TestCyclicDependency::curvesThatDependOnEachOtherHaveOneValueAtATime()
 {
     fixture->addCurve("n.a", {});
     fixture->addCurve("n.b", {});
     setExpression("n.a", "n.b+1");
     setExpression("n.b", "n.a*10");
     QCOMPARE(boxes->texts.size(), 1);
-    auto* leaf = dynamic_cast<CurveNodeBase*>(curve("n.a"));
-    const double first = leaf->evaluate(0.0);
-    QCOMPARE(leaf->evaluate(0.0), first * 10.0 + 1.0);
+    auto* a = dynamic_cast<CurveNodeBase*>(curve("n.a"));
+    auto* b = dynamic_cast<CurveNodeBase*>(curve("n.b"));
+    for (int round = 0; round < 3; ++round) {
+        QCOMPARE(a->evaluate(0.0), 1.0);
+        QCOMPARE(b->evaluate(0.0), 10.0);
+        const EvaluationTime moment(0.0, 10.0);
+        QCOMPARE(ParsedExpression("n.b*100+n.a").tree->value(), 1001.0);
+    }
+}
+
+void TestCyclicDependency::repaintsOfCurvesThatDependOnEachOtherAreAlike_data()
+{
+    QTest::addColumn<bool>("isSum");
+    QTest::newRow("expressions") << false;
+    QTest::newRow("splines plus expressions") << true;
+}
+
+void TestCyclicDependency::repaintsOfCurvesThatDependOnEachOtherAreAlike()
+{
+    QFETCH(bool, isSum);
+    fixture->addCurve("n.a", {{0.0, 1.0}, {3.0, 2.0}});
+    fixture->addCurve("n.b", {{0.0, 1.0}, {3.0, 2.0}});
+    setExpression("n.a", "n.b*0.5+sin(t)");
+    setExpression("n.b", "n.a*0.5+1");
+    curve("n.a")->setAddFunc(isSum);
+    curve("n.b")->setAddFunc(isSum);
+    const auto painted = [&](const char* name) {
+        QImage image(500, 400, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        curve(name)->setActive(true);
+        curve(name)->markChanged();
+        curve(name)->draw(fixture->logic().viewPort(), &painter);
+        return image;
+    };
+    const QImage a = painted("n.a");
+    const QImage b = painted("n.b");
+    QVERIFY(a != b);
+    for (int round = 0; round < 3; ++round) {
+        QCOMPARE(painted("n.a"), a);
+        QCOMPARE(painted("n.b"), b);
+        // What is drawn is what is read: half of b, in which a reads 0, and the wave.
+        const double half = 0.5 * (1.0 + (isSum ? 1.5 : 0.0));
+        QCOMPARE(dynamic_cast<CurveNodeBase*>(curve("n.a"))->evaluate(1.5),
+                 half + std::sin(1.5) + (isSum ? 1.5 : 0.0));
+    }
 }
 
 QTEST_MAIN(TestCyclicDependency)

@@ -36,6 +36,8 @@ private slots:
     void everyBitComesBack_data();
     void everyBitComesBack();
 
+    void aNumberThatIsNoBehaviourOrInterpolationComesBack();
+
     void aFileOfTypeOneLeavesTheKeys();
     void aFileOfTypeThreeGivesTheBoxAndLeavesTheCurve();
     void afterASumTheFlagIsSetAndAfterAnExpressionClear();
@@ -152,6 +154,25 @@ void TestOlderCurveFile::everyBitComesBack()
     QCOMPARE(otherExpression ? otherExpression->getString() : std::string(),
              expression ? expression->getString() : std::string());
     delete otherExpression;
+}
+
+void TestOlderCurveFile::aNumberThatIsNoBehaviourOrInterpolationComesBack()
+{
+    PointInfo key = pointOf(static_cast<zk_spline::interpolationType>(-1), false);
+    addKey(key);
+    key.time = 5.0;
+    addKey(key);
+    for (const int number : {-1, 5, std::numeric_limits<int>::min()}) {
+        spline->setFirstNodeType(static_cast<SplineBase::nodeType>(number));
+        spline->setLastNodeType(static_cast<SplineBase::nodeType>(number));
+        const QByteArray text = whole(body());
+        spline->reset();
+        load(text);
+        QCOMPARE(spline->getControlPointsNumber(), 2u);
+        QCOMPARE(int(spline->at(0)->type), -1);
+        QCOMPARE(int(spline->firstNodeType()), number);
+        QCOMPARE(int(spline->lastNodeType()), number);
+    }
 }
 
 void TestOlderCurveFile::aFileOfTypeOneLeavesTheKeys()

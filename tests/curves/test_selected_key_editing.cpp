@@ -2,7 +2,7 @@
 
 #include <QTest>
 
-#include <cmath>
+#include <limits>
 
 class TestSelectedKeyEditing : public ControlSplineNodeTest
 {
@@ -18,7 +18,7 @@ private slots:
     void aHandleStraightAboveTheKeyGetsTheSlope1000();
     void aHandleStraightBelowTheKeyGetsTheSlopeMinus1000();
     void aHandleLeftOfTheKeyKeepsTheSignOfItsDistance();
-    void aHandleExactlyOnTheKeyStoresNotANumber();
+    void aHandleDroppedOnItsKeyLeavesTheTangentsAsTheyAre();
     void scalingMultipliesTimeAndValue();
     void offsetAddsToTimeAndValue();
     void movingMarksTheSplineChangedAndSelectsTheKeyAlone();
@@ -98,12 +98,26 @@ void TestSelectedKeyEditing::aHandleLeftOfTheKeyKeepsTheSignOfItsDistance()
     QCOMPARE(key(1)->bezier.tangentLeft, 4.0 / (-3.0 - 0.001 * 5.0));
 }
 
-void TestSelectedKeyEditing::aHandleExactlyOnTheKeyStoresNotANumber()
+void TestSelectedKeyEditing::aHandleDroppedOnItsKeyLeavesTheTangentsAsTheyAre()
 {
-    node->selectSinglePoint(key(1));
-    node->keyPart = ControlSplineNode::leftHandle;
-    node->movePoint(1.0, 3.0);
-    QVERIFY(std::isnan(key(1)->bezier.tangentLeft));
+    const double nowhere = std::numeric_limits<double>::quiet_NaN();
+    for (const bool isUnified : {false, true}) {
+        for (const int part : {ControlSplineNode::leftHandle, ControlSplineNode::rightHandle,
+                               ControlSplineNode::handleLine}) {
+            key(1)->unifiedTangents = isUnified;
+            spline->setBezier(key(1), {2.5, 2.5});
+            node->selectSinglePoint(key(1));
+            node->keyPart = part;
+            spline->setChanged(false);
+            node->movePoint(1.0, 3.0);
+            node->movePoint(nowhere, 3.0);
+            node->movePoint(1.0, nowhere);
+            QCOMPARE(key(1)->bezier.tangentLeft, 2.5);
+            QCOMPARE(key(1)->bezier.tangentRight, 2.5);
+            QVERIFY(!spline->hasChanged());
+            QCOMPARE(node->currentPoint, key(1));
+        }
+    }
 }
 
 void TestSelectedKeyEditing::scalingMultipliesTimeAndValue()

@@ -1,8 +1,11 @@
 #include "curves/CurveFileTest.h"
 #include "curves/CurveType.h"
+#include "curves/CurveXmlNames.h"
 
 #include <QTest>
 #include <QXmlStreamReader>
+
+#include <limits>
 
 class TestXmlCurveRoundTrip : public CurveFileTest
 {
@@ -25,6 +28,9 @@ private slots:
     void anEmptySplineLoadsWithNoKey();
 
     void aCurveWithoutSplineAndSlotReadsAndWrites();
+    void aFileWithoutNodeTypesIsSavedAsOneThatReads();
+    void aNumberThatIsNoBehaviourIsWrittenAsTheOneThatCounts_data();
+    void aNumberThatIsNoBehaviourIsWrittenAsTheOneThatCounts();
 };
 
 void TestXmlCurveRoundTrip::splinePlusExpressionWithAnEmptySlotIsWrittenAndReadBack()
@@ -160,6 +166,43 @@ void TestXmlCurveRoundTrip::aCurveWithoutSplineAndSlotReadsAndWrites()
     bare.saveXML(path("bare.xml"));
     QVERIFY(curve->LoadXML(path("bare.xml"), FunctionParserBase::instance()));
     QCOMPARE(spline->lastNodeType(), SplineBase::constant);
+}
+
+void TestXmlCurveRoundTrip::aFileWithoutNodeTypesIsSavedAsOneThatReads()
+{
+    QVERIFY(load(splineFile("<point><x>1</x><y>4</y></point><point><x>2</x><y>6</y></point>")));
+    QCOMPARE(int(spline->lastNodeType()), -1);
+    const double before = curve->evaluate(0.0);
+    const double after = curve->evaluate(9.0);
+    const QByteArray text = saved();
+    spline->reset();
+    QVERIFY(load(text));
+    QVERIFY(boxes->texts.isEmpty());
+    QCOMPARE(spline->getControlPointsNumber(), 2u);
+    QCOMPARE(curve->evaluate(0.0), before);
+    QCOMPARE(curve->evaluate(9.0), after);
+}
+
+void TestXmlCurveRoundTrip::aNumberThatIsNoBehaviourIsWrittenAsTheOneThatCounts_data()
+{
+    QTest::addColumn<int>("number");
+    for (const int number : {-1, 5, 1000, std::numeric_limits<int>::min()}) {
+        QTest::addRow("%d", number) << number;
+    }
+}
+
+void TestXmlCurveRoundTrip::aNumberThatIsNoBehaviourIsWrittenAsTheOneThatCounts()
+{
+    QFETCH(int, number);
+    spline->setFirstNodeType(static_cast<SplineBase::nodeType>(number));
+    spline->setLastNodeType(static_cast<SplineBase::nodeType>(number));
+    const QByteArray text = saved();
+    QVERIFY(text.contains("<first-node-type>constant</first-node-type>"));
+    QVERIFY(text.contains("<last-node-type>constant</last-node-type>"));
+    QVERIFY(load(text));
+    QCOMPARE(spline->firstNodeType(), SplineBase::constant);
+    QCOMPARE(spline->lastNodeType(), SplineBase::constant);
+    QCOMPARE(curve_editor::nodeTypeName(number), QString("unknown"));
 }
 
 QTEST_MAIN(TestXmlCurveRoundTrip)

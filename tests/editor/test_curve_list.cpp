@@ -232,16 +232,31 @@ private slots:
         QCOMPARE(curve.spline.getControlPointsNumber(), 1u);
     }
 
-    void recordsOutliveTheirEditor()
+    void recordsOutliveTheirPlaceInTheList()
     {
-        const CurveEditor::NodeStruct* record = nullptr;
-        {
-            EditorFixture fixture;
-            fixture.addCurve("n.a", {{1, 1}});
-            record = fixture.editor.searchAllNodeList("n.a");
-        }
+        EditorFixture fixture;
+        fixture.addCurve("n.a", {{1, 1}});
+        const CurveEditor::NodeStruct* const record = fixture.editor.searchAllNodeList("n.a");
+        fixture.editor.removeNode("n");
+        fixture.curves.clear();
+        QVERIFY(!fixture.editor.searchAllNodeList("n.a"));
         QCOMPARE(record->dotName, QString("n.a"));
         QVERIFY(!record->livingSpline()); // the host's went with the host
+    }
+
+    void aCurveListedAnewFindsItsFormerRecord()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.addCurve("n.a", {{1, 1}});
+        const CurveEditor::NodeStruct* const record = fixture.editor.searchAllNodeList("n.a");
+        fixture.editor.removeCurve("n", "a");
+        fixture.editor.addCurve("n", "a", Qt::blue, 3.0f, &curve.spline, &curve.expression, -2.0f,
+                                2.0f, false, false);
+        QCOMPARE(fixture.editor.searchAllNodeList("n.a"), record);
+        QCOMPARE(record->color, QColor(Qt::blue));
+        QCOMPARE(record->maxValue, 2.0f);
+        QVERIFY(!record->isEditing);
+        QVERIFY(!record->notifyHost);
     }
 
     void updateCurvesAsksForAFreshPicture()

@@ -4,6 +4,7 @@
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 
+#include "curves/CurveHold.h"
 #include "curves/CurveNodeBase.h"
 
 #include <QStyleFactory>
@@ -127,6 +128,7 @@ private slots:
         EditorFixture fixture;
         fixture.addCurve("n.a.b", {{1, 1}});
         CurveNode* const object = fixture.logic().findCurve("n.a.b");
+        const CurveHold kept(object);
         CurveEditor::NodeStruct* const record = fixture.editor.searchAllNodeList("n.a.b");
         fixture.editor.setCurveEditableOff(record);
         fixture.editor.setCurveEditableOn(record, object);

@@ -238,6 +238,36 @@ private slots:
         QCOMPARE(field->text(), QStringLiteral("..."));
     }
 
+    /// A listener has gone on to another key, for which the text now stands.
+    void returnSendsNothingMoreOnceTheFieldStandsForAnotherNumber()
+    {
+        connect(field, &CustomEditLine::newValueTyped, field, [this] {
+            field->setValue(1.24);
+            field->beginAnew();
+        });
+        QTest::keyClicks(field, "1.2367");
+        QTest::keyClick(field, Qt::Key_Return);
+        QCOMPARE(valueTyped->count(), 1);
+    }
+
+    void aNumberShownAnewKeepsWhatIsSelected()
+    {
+        field->setValue(10.0);
+        field->selectAll();
+        field->setValue(20.0);
+        QTest::keyClicks(field, "5");
+        QCOMPARE(field->text(), QString("5"));
+    }
+
+    void theSameNumberShownAnewKeepsTheCursor()
+    {
+        field->setValue(10.0);
+        field->setCursorPosition(1);
+        field->setValue(10.0);
+        QTest::keyClicks(field, "5");
+        QCOMPARE(field->text(), QString("150.00"));
+    }
+
     void aKeyOtherThanReturnAndEnterSendsNothing_data()
     {
         QTest::addColumn<int>("key");

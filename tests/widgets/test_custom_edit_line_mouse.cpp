@@ -1,6 +1,7 @@
 #include "widgets/EditLineFixture.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QMouseEvent>
@@ -63,12 +64,11 @@ private slots:
         QTest::newRow("from 10, 100 up") << "10" << 100.0 << 15.5;
         QTest::newRow("from -10, 100 up") << "-10" << 100.0 << -4.5;
         QTest::newRow("from 10, 100 down") << "10" << -100.0 << 4.5;
-        QTest::newRow("nowhere") << "10" << 0.0 << 10.0;
         QTest::newRow("held to the upper bound") << "10" << 10000.0 << 100.0;
         QTest::newRow("held to the lower bound") << "10" << -10000.0 << -100.0;
         QTest::newRow("from three points") << "..." << 100.0 << 0.5;
         QTest::newRow("from nan") << "nan" << 100.0 << 0.5;
-        QTest::newRow("from what no float holds, nowhere") << "1e300" << 0.0 << 100.0;
+        QTest::newRow("from what no float holds, far down") << "1e300" << -1000.0 << -100.0;
         QTest::newRow("from what no double holds, far down") << "1e400" << -1000.0 << -100.0;
     }
 
@@ -108,6 +108,70 @@ private slots:
         QCOMPARE(valueSet->last().at(0).toDouble(), 15.5);
         moveTo(*field, 500.0);
         QCOMPARE(valueSet->last().at(0).toDouble(), 10.0);
+    }
+
+    /// The value has more decimals than are shown; the dots stand for several.
+    void aClickWithAnUnsteadyHandIsNoDrag()
+    {
+        for (const QString text : {"10", "..."}) {
+            field->setText(text);
+            press(*field, 500.0);
+            sendMouse(*field, QEvent::MouseMove, Qt::NoButton, Qt::LeftButton,
+                      QPointF(103.0, 500.0));
+            release(*field, 500.0);
+            QCOMPARE(field->text(), text);
+        }
+        QCOMPARE(valueSet->count(), 0);
+    }
+
+    void aDragOverAnUnendingNumberComesBackToTheBound()
+    {
+        field->setBounds(-100.0, 100.0);
+        field->setText("1e300");
+        press(*field, 500.0);
+        moveTo(*field, 501.0);
+        moveTo(*field, 500.0);
+        QCOMPARE(valueSet->last().at(0).toDouble(), 100.0);
+    }
+
+    void aMoveWithoutAButtonTellsOfALostRelease()
+    {
+        field->setText("10");
+        press(*field, 500.0);
+        moveTo(*field, 490.0);
+        moveTo(*field, 300.0, Qt::NoButton);
+        QCOMPARE(released->count(), 1);
+        QCOMPARE(field->text(), QString("10.55"));
+        moveTo(*field, 200.0);
+        QCOMPARE(valueSet->count(), 1);
+    }
+
+    void aDragCanBeEndedUnderAHeldButton()
+    {
+        field->setText("10");
+        press(*field, 500.0);
+        moveTo(*field, 490.0);
+        field->endDrag();
+        field->endDrag();
+        QCOMPARE(released->count(), 1);
+        moveTo(*field, 300.0);
+        QCOMPARE(field->text(), QString("10.55"));
+    }
+
+    /// Where the platform has a selection that the middle button pastes.
+    void aDragWithTheMiddleButtonPastesNothing()
+    {
+        QClipboard* const clipboard = QGuiApplication::clipboard();
+        if (!clipboard->supportsSelection()) {
+            QSKIP("no selection to paste on this platform");
+        }
+        clipboard->setText("7", QClipboard::Selection);
+        field->setText("10");
+        press(*field, 500.0, Qt::MiddleButton);
+        moveTo(*field, 400.0, Qt::MiddleButton);
+        release(*field, 400.0, Qt::MiddleButton);
+        QCOMPARE(field->text(), QString("15.50"));
+        QVERIFY(!field->isModified());
     }
 
     void pressAndReleaseAreToldAroundADrag()
@@ -219,14 +283,70 @@ private slots:
         QVERIFY(valueSet->at(3).at(0).toDouble() > 100.0);
     }
 
-    void theWheelStartsFromZeroBeforeTheFirstPressAndHoldsToTheBounds()
+    void beforeTheFirstPressEachStepOfTheWheelStartsFromTheText()
     {
+        const double step = 0.004999999888241291;
         field->setValue(50.0);
+        turnWheel(*field, QPoint(0, 120));
+        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 50.0 - 51.0 * step);
+        field->setValue(20.0);
         turnWheel(*field, QPoint(0, -120));
-        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 0.004999999888241291);
+        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 20.0 + 21.0 * step);
         field->setBounds(1.0, 2.0);
         turnWheel(*field, QPoint(0, -120));
-        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 1.0);
+        QCOMPARE(valueSet->takeFirst().at(0).toDouble(), 2.0);
+    }
+
+    void aFieldThatBeginsAnewHasNotBeenPressed()
+    {
+        field->setText("10");
+        press(*field, 500.0);
+        release(*field, 500.0);
+        field->setText("50");
+        field->beginAnew();
+        turnWheel(*field, QPoint(0, 120));
+        QCOMPARE(field->text(), QString("49.75"));
+    }
+
+    void theWheelChangesNothingWhereNoValueIsShown_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("presses");
+        QTest::newRow("dots") << "..." << false;
+        QTest::newRow("nothing") << "" << false;
+        QTest::newRow("dots, pressed") << "..." << true;
+        QTest::newRow("nothing, pressed") << "" << true;
+    }
+
+    void theWheelChangesNothingWhereNoValueIsShown()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, presses);
+        field->setText(text);
+        if (presses) {
+            press(*field, 500.0);
+            release(*field, 500.0);
+        }
+        turnWheel(*field, QPoint(0, 120));
+        turnWheel(*field, QPoint(0, -120));
+        QCOMPARE(field->text(), text);
+        QCOMPARE(valueSet->count(), 0);
+    }
+
+    void aSidewaysTurnChangesNothing()
+    {
+        field->setText("10");
+        for (const bool presses : {false, true}) {
+            if (presses) {
+                press(*field, 500.0);
+                release(*field, 500.0);
+            }
+            turnWheel(*field, QPoint(120, 0));
+            turnWheel(*field, QPoint(-120, 0));
+            turnWheel(*field, QPoint(120, 0), Qt::ShiftModifier);
+        }
+        QCOMPARE(field->text(), QString("10"));
+        QCOMPARE(valueSet->count(), 0);
     }
 
     void aWheelEventWithoutATurnChangesNothing()

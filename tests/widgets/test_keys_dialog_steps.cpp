@@ -112,39 +112,41 @@ private slots:
         fixture->releaseField(dialog->posY);
     }
 
-    void keysSelectedUnderADragOverAFieldAreAStepOfTheirOwn_data()
+    void keysSelectedUnderADragOverAFieldEndIt_data()
     {
         QTest::addColumn<bool>("isMove");
-        QTest::addColumn<QString>("step");
-        QTest::newRow("tension") << false << changeStep;
-        QTest::newRow("value") << true << moveStep;
+        QTest::addColumn<bool>("refreshes");
+        QTest::newRow("tension") << false << true;
+        QTest::newRow("value") << true << true;
+        QTest::newRow("tension, unnoticed at first") << false << false;
+        QTest::newRow("value, unnoticed at first") << true << false;
     }
 
     /// The host, or the user's other hand, selects while the press is held.
-    void keysSelectedUnderADragOverAFieldAreAStepOfTheirOwn()
+    void keysSelectedUnderADragOverAFieldEndIt()
     {
         QFETCH(bool, isMove);
-        QFETCH(QString, step);
+        QFETCH(bool, refreshes);
         const SplineState before(curve->spline);
         fixture->pick({{10.0, 10.0}});
         CustomEditLine* const line = isMove ? dialog->posY : dialog->tension;
         fixture->pressField(line);
         fixture->dragField(line, 50);
-        const SplineState halfway(curve->spline);
+        const SplineState dragged(curve->spline);
         fixture->selectKeys("n.c", {0, 1});
-        fixture->editor.refreshEditor();
+        if (refreshes) {
+            fixture->editor.refreshEditor();
+        }
         fixture->dragField(line, 80);
         fixture->dragField(line, 100);
         fixture->releaseField(line);
-        const SplineState after(curve->spline);
-        QCOMPARE(fixture->undoSteps(), QStringList({step, step, selectStep}));
-        fixture->editor.getCmdManager()->undo();
-        QVERIFY(SplineState(curve->spline) == halfway);
+        QVERIFY(SplineState(curve->spline) == dragged);
+        QCOMPARE(fixture->undoSteps(), QStringList({isMove ? moveStep : changeStep, selectStep}));
         fixture->undoAll();
         QVERIFY(SplineState(curve->spline) == before);
         while (fixture->editor.getCmdManager()->redo()) {
         }
-        QVERIFY(SplineState(curve->spline) == after);
+        QVERIFY(SplineState(curve->spline) == dragged);
     }
 
     void returnDuringADragEndsTheStepAndTheReleaseAddsNone()
@@ -156,6 +158,20 @@ private slots:
         fixture->dragField(dialog->tension, 100);
         QTest::keyClick(dialog->tension, Qt::Key_Return);
         fixture->releaseField(dialog->tension);
+        QCOMPARE(fixture->undoSteps(), QStringList({changeStep, selectStep}));
+    }
+
+    void whatIsTypedUnderAHeldPressEndsTheDrag()
+    {
+        fixture->pick({{10.0, 10.0}});
+        fixture->pressField(dialog->tension);
+        fixture->dragField(dialog->tension, 100);
+        fixture->write(dialog->tension, "3");
+        QTest::keyClick(dialog->tension, Qt::Key_Return);
+        fixture->dragField(dialog->tension, 200);
+        fixture->dragField(dialog->tension, 300);
+        fixture->releaseField(dialog->tension);
+        QCOMPARE(curve->spline.at(0)->tcb.tension, 3.0);
         QCOMPARE(fixture->undoSteps(), QStringList({changeStep, selectStep}));
     }
 
@@ -196,7 +212,6 @@ private slots:
         fixture->turnWheel(dialog->tension, 120);
         const double lowered = 3.0 - 4.0 * static_cast<double>(0.005F);
         QCOMPARE(curve->spline.at(0)->tcb.tension, lowered);
-        QCOMPARE(fixture->undoSteps(), QStringList({changeStep, selectStep}));
         // Further turns give the same value, hence no further step.
         fixture->turnWheel(dialog->tension, 120);
         QCOMPARE(curve->spline.at(0)->tcb.tension, lowered);

@@ -1,4 +1,4 @@
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
@@ -164,18 +164,75 @@ private slots:
         QVERIFY(!catalogue.findExactly("n.x"));
     }
 
-    void aRemovedRecordIsNotFreed()
+    void aRemovedRecordLivesAsLongAsTheCatalogue()
     {
-        NodeStruct* record = nullptr;
-        {
-            Catalogue catalogue;
-            record = catalogue.addNode(named("n.x"));
-            catalogue.removeNode(record);
-            QVERIFY(catalogue.allNodes().isEmpty());
-            QVERIFY(!catalogue.find("n.x"));
-            catalogue.removeNode(record); // not in the list: passed over
-        }
+        Catalogue catalogue;
+        NodeStruct* const record = catalogue.addNode(named("n.x"));
+        MainNodeStruct* const node = catalogue.addMainNode("n");
+        catalogue.removeNode(record);
+        catalogue.removeMainNode(node);
+        QVERIFY(catalogue.allNodes().isEmpty());
+        QVERIFY(!catalogue.find("n.x"));
+        catalogue.removeNode(record); // not in the list: passed over
+        catalogue.removeMainNode(node);
         QCOMPARE(record->dotName, QString("n.x"));
+        QCOMPARE(node->name, QString("n"));
+    }
+
+    void whatIsListedAnewFindsItsFormerRecord()
+    {
+        SplineBase spline;
+        FunctionFloatBase* slot = nullptr;
+        NodeStruct content = named("n.x");
+        content.setSpline(&spline);
+        content.function = &slot;
+        Catalogue catalogue;
+        NodeStruct* const record = catalogue.addNode(content);
+        NodeStruct* const other = catalogue.addNode(named("n.y"));
+        MainNodeStruct* const node = catalogue.addMainNode("n");
+        catalogue.removeNode(record);
+        catalogue.removeMainNode(node);
+        content.maxValue = 7.0f;
+        QCOMPARE(catalogue.addNode(content), record);
+        QCOMPARE(record->maxValue, 7.0f);
+        QCOMPARE(catalogue.allNodes(), (QList<NodeStruct*>{other, record}));
+        QCOMPARE(catalogue.find("n.x"), record);
+        QCOMPARE(catalogue.addMainNode("n"), node);
+        QVERIFY(catalogue.addNode(content) != record); // which stands in the list
+    }
+
+    void anotherCurveOfTheNameGetsARecordOfItsOwn_data()
+    {
+        QTest::addColumn<bool>("splineEnds");
+        QTest::addColumn<bool>("slotDiffers");
+        QTest::newRow("another slot") << false << true;
+        QTest::newRow("a spline at the place of the one that ended") << true << false;
+    }
+
+    void anotherCurveOfTheNameGetsARecordOfItsOwn()
+    {
+        QFETCH(bool, splineEnds);
+        QFETCH(bool, slotDiffers);
+        alignas(SplineBase) std::array<unsigned char, sizeof(SplineBase)> place;
+        auto* spline = new (place.data()) SplineBase;
+        FunctionFloatBase* slot = nullptr;
+        FunctionFloatBase* otherSlot = nullptr;
+        NodeStruct content = named("n.x");
+        content.setSpline(spline);
+        content.function = &slot;
+        Catalogue catalogue;
+        NodeStruct* const record = catalogue.addNode(content);
+        catalogue.removeNode(record);
+        if (splineEnds) {
+            spline->~SplineBase();
+            spline = new (place.data()) SplineBase;
+            content.setSpline(spline);
+        }
+        content.function = slotDiffers ? &otherSlot : &slot;
+        QVERIFY(catalogue.addNode(content) != record);
+        QCOMPARE(record->function, &slot);
+        QCOMPARE(record->isSplineLost(), splineEnds);
+        spline->~SplineBase();
     }
 
     void mainNodesAreFoundByNameAndKeepTheirOrder()

@@ -1,21 +1,16 @@
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 
 #include "curves/CurveVariable.h"
-
-#include <deque>
 
 namespace curve_editor {
 
 namespace {
 
-/// The store of the process. It is never destroyed, and its static pointer keeps the records
-/// reachable.
-template <class Record>
-Record* store(const Record& content)
+/// A spline destroyed since then, at whose address another one lives, is not the same.
+bool showsTheSame(const NodeStruct& former, const NodeStruct& content)
 {
-    static auto* const records = new std::deque<Record>;
-    records->push_back(content);
-    return &records->back();
+    return former.livingSpline() == content.spline && former.function == content.function &&
+           !former.isSplineLost();
 }
 
 } // namespace
@@ -36,7 +31,7 @@ const QList<NodeStruct*>& Catalogue::allNodes() const
 
 MainNodeStruct* Catalogue::addMainNode(const QString& name)
 {
-    MainNodeStruct* const node = store(MainNodeStruct{name});
+    MainNodeStruct* const node = mainRecordFor(name);
     const Number number = nextNumber++;
     mainList.append(node);
     mainEntries.emplace(node, MainEntry{number, name});
@@ -46,7 +41,7 @@ MainNodeStruct* Catalogue::addMainNode(const QString& name)
 
 NodeStruct* Catalogue::addNode(const NodeStruct& content)
 {
-    NodeStruct* const record = store(content);
+    NodeStruct* const record = recordFor(content);
     Entry entry;
     entry.number = nextNumber++;
     entry.dotName = record->dotName;
@@ -68,6 +63,7 @@ void Catalogue::removeMainNode(MainNodeStruct* node)
     mainNames.remove(found->second.name, found->second.number);
     mainEntries.erase(found);
     mainList.removeAll(node);
+    formerMainNodes.insert(node->name, node);
 }
 
 void Catalogue::removeNode(NodeStruct* record)
@@ -80,6 +76,7 @@ void Catalogue::removeNode(NodeStruct* record)
     parserNames.remove(found->second.parserName, found->second.number);
     entries.erase(found);
     nodeList.removeOne(record);
+    formerNodes.insert(record->dotName, record);
 }
 
 void Catalogue::nameHasChanged(MainNodeStruct* node)
@@ -108,6 +105,30 @@ void Catalogue::nameHasChanged(NodeStruct* record)
     dotNames.add(entry.dotName, entry.number, record);
     parserNames.add(entry.parserName, entry.number, record);
     entry.variable->rename();
+}
+
+MainNodeStruct* Catalogue::mainRecordFor(const QString& name)
+{
+    if (MainNodeStruct* const former = formerMainNodes.take(name)) {
+        return former;
+    }
+    mainRecords.push_back(MainNodeStruct{name});
+    return &mainRecords.back();
+}
+
+NodeStruct* Catalogue::recordFor(const NodeStruct& content)
+{
+    for (auto former = formerNodes.find(content.dotName);
+         former != formerNodes.end() && former.key() == content.dotName; ++former) {
+        NodeStruct* const record = former.value();
+        if (showsTheSame(*record, content)) {
+            formerNodes.erase(former);
+            *record = content;
+            return record;
+        }
+    }
+    records.push_back(content);
+    return &records.back();
 }
 
 MainNodeStruct* Catalogue::findMainNode(const QString& name) const

@@ -1,23 +1,26 @@
-#include "editor/CurveEditor.h"
+#include "curves/DependencyWalk.h"
 
 #include "core/FunctionParserBase.h"
-#include "editor/Catalogue.h"
+#include "curves/Catalogue.h"
 
 #include <QSet>
+#include <QStringList>
 
 #include <vector>
+
+namespace curve_editor {
 
 namespace {
 
 /// A curve on the walk, and what its expression reads.
 struct Step
 {
-    const curve_editor::NodeStruct* record;
+    const NodeStruct* record;
     QStringList variables;
     qsizetype next = 0;
 };
 
-Step stepInto(const curve_editor::NodeStruct* record)
+Step stepInto(const NodeStruct* record)
 {
     Step step{record, {}};
     const FunctionFloatBase* const expression = record->livingExpression();
@@ -33,13 +36,11 @@ Step stepInto(const curve_editor::NodeStruct* record)
     return step;
 }
 
-/// The curve that is named to the user: where the first curve reads a curve that is part of the
-/// way, the second step after the curve asked for; a shorter way ends with its last step.
-const curve_editor::NodeStruct* culpritOf(const std::vector<Step>& way, const QString& variable)
+const NodeStruct* culpritOf(const std::vector<Step>& way, const QString& variable)
 {
-    const curve_editor::NodeStruct* culprit = way.back().record;
+    const NodeStruct* culprit = way.back().record;
     for (std::size_t i = way.size() - 1; i > 0; --i) {
-        if (variable != curve_editor::parserForm(way[i - 1].record->dotName)) {
+        if (variable != parserForm(way[i - 1].record->dotName)) {
             culprit = way[i].record;
         }
     }
@@ -51,11 +52,12 @@ const curve_editor::NodeStruct* culpritOf(const std::vector<Step>& way, const QS
 // A walk in depth over the expressions, in the order in which each reads its variables. A curve
 // once seen is not entered again: it gave no answer, or stands on the way and would only lead
 // round in a circle. The way is kept in a list, for chains may be long.
-bool CurveEditor::checkDependencies(const QString& variable, const QString& curve, QString& culprit)
+const NodeStruct* dependencyCulprit(const Catalogue& catalogue, const QString& variable,
+                                    const QString& curve)
 {
-    const NodeStruct* const start = searchAllNodeListCurveName(curve);
+    const NodeStruct* const start = catalogue.findParserName(curve);
     if (!start) {
-        return false;
+        return nullptr;
     }
     QSet<const NodeStruct*> seen{start};
     std::vector<Step> way{stepInto(start)};
@@ -67,14 +69,15 @@ bool CurveEditor::checkDependencies(const QString& variable, const QString& curv
         }
         const QString name = step.variables[step.next++];
         if (name == variable) {
-            culprit = culpritOf(way, variable)->dotName;
-            return true;
+            return culpritOf(way, variable);
         }
-        const NodeStruct* const read = searchAllNodeListCurveName(name);
+        const NodeStruct* const read = catalogue.findParserName(name);
         if (read && !seen.contains(read)) {
             seen.insert(read);
             way.push_back(stepInto(read));
         }
     }
-    return false;
+    return nullptr;
 }
+
+} // namespace curve_editor

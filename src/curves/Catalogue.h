@@ -1,11 +1,14 @@
 #pragma once
 
+#include "curves/NameIndex.h"
 #include "curves/NodeStruct.h"
-#include "editor/NameIndex.h"
 
+#include <QHash>
 #include <QList>
+#include <QMultiHash>
 #include <QString>
 
+#include <deque>
 #include <memory>
 #include <unordered_map>
 
@@ -21,8 +24,9 @@ class CurveVariable;
 ///     NodeStruct* record = catalogue.addNode(content);
 ///     catalogue.find("body.width") == record;
 ///
-/// Records are never freed: taking one out of its list, or the end of the catalogue, leaves it in
-/// a store of the process, since commands keep pointers to it.
+/// Records live as long as the catalogue, since commands keep pointers to them: taking one out of
+/// its list frees nothing. Listing anew what was taken out finds the former record, so that curves
+/// may come and go for ever.
 class Catalogue
 {
 public:
@@ -34,7 +38,8 @@ public:
     const QList<MainNodeStruct*>& mainNodes() const;
     const QList<NodeStruct*>& allNodes() const;
 
-    /// New records live as long as the process: commands keep pointers to them.
+    /// Records at the end of their list. One of the same name, and of a curve with the same spline
+    /// and slot, that was taken out before is used again.
     MainNodeStruct* addMainNode(const QString& name);
     NodeStruct* addNode(const NodeStruct& content);
 
@@ -76,8 +81,16 @@ private:
         std::unique_ptr<CurveVariable> variable;
     };
 
-    QList<MainNodeStruct*> mainList; ///< not owned: the store's
-    QList<NodeStruct*> nodeList;     ///< not owned: the store's
+    MainNodeStruct* mainRecordFor(const QString& name);
+    NodeStruct* recordFor(const NodeStruct& content);
+
+    // The records outlive the variables, which read them.
+    std::deque<MainNodeStruct> mainRecords;
+    std::deque<NodeStruct> records;
+    QHash<QString, MainNodeStruct*> formerMainNodes; ///< those not in the list, by name
+    QMultiHash<QString, NodeStruct*> formerNodes;    ///< the same, by dotted name
+    QList<MainNodeStruct*> mainList;                 ///< not owned: of mainRecords
+    QList<NodeStruct*> nodeList;                     ///< not owned: of records
     std::unordered_map<const MainNodeStruct*, MainEntry> mainEntries;
     std::unordered_map<const NodeStruct*, Entry> entries;
     NameIndex<MainNodeStruct> mainNames;

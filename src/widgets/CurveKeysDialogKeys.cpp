@@ -1,0 +1,188 @@
+// Which keys the dialog works on, and whether it still shows them.
+
+#include "widgets/CurveKeysDialog.h"
+
+#include "canvas/FunctionEditor.h"
+#include "canvas/SelectedKeys.h"
+#include "canvas/SplineCurveGraph.h"
+#include "commands/EligibleCurves.h"
+#include "core/SplineBase.h"
+#include "curves/CurveNode.h"
+#include "curves/CurveType.h"
+#include "editor/CurveEditor.h"
+
+#include <QEvent>
+#include <QSet>
+
+using namespace curve_editor;
+
+namespace {
+
+/// How many keys are selected over the graphs.
+struct SelectionCounts
+{
+    bool any = false;
+    bool several = false;
+    bool singleEach = true; ///< no graph has more than one
+
+    SelectionCounts(const QList<SplineCurveGraph*>& graphs, const SelectedKeys& selected)
+    {
+        for (const SplineCurveGraph* const graph : graphs) {
+            if (!graph || !graph->selection().hasSelection() ||
+                selected.readable(graph->selection()).isEmpty()) {
+                continue;
+            }
+            singleEach = graph->selection().selectedPoints.size() == 1;
+            several = any || !singleEach;
+            any = true;
+            if (!singleEach) {
+                break;
+            }
+        }
+    }
+};
+
+} // namespace
+
+void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool enable)
+{
+    if (isGestureOfOtherKeys()) {
+        endGesture(); // the host hears of that, and may remove curves
+        showSelection(editor->getFunctionEditor()->canvas().keyContainers(), enable);
+        return;
+    }
+    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
+    const SelectionCounts counts(graphs, SelectedKeys(curves));
+    if (!counts.any) {
+        enableKeyFields(false);
+        return;
+    }
+    if (enable) {
+        if (!counts.several && graphs.size() == 1) {
+            enableKeyFields(true);
+        } else {
+            enableSeveralKeys(counts.singleEach);
+        }
+    }
+    loadKeys(graphs);
+}
+
+/// A curve may have left the canvas, and its graph be gone with it, since the graphs were shown.
+QList<SplineCurveGraph*> CurveKeysDialog::editableGraphs() const
+{
+    QSet<SplineCurveGraph*> present;
+    for (CurveNode* const curve : editor->getFunctionEditor()->canvas().editingCurves()) {
+        if (hasKeys(curve->curveType())) {
+            present.insert(curve->splineGraph());
+        }
+    }
+    present.remove(nullptr);
+    QList<SplineCurveGraph*> graphs;
+    for (SplineCurveGraph* const graph : shownGraphs) {
+        if (present.contains(graph)) {
+            graphs.append(graph);
+        }
+    }
+    return graphs;
+}
+
+PointInfo* CurveKeysDialog::leadingKeyOf(SplineCurveGraph* graph)
+{
+    const ControlSplineNode& selection = graph->selection();
+    if (!selection.hasSelection()) {
+        return nullptr;
+    }
+    const QList<PointInfo*> keys = membersOf(selection.spline(), selection.selectedPoints);
+    if (keys.contains(selection.currentPoint)) {
+        return selection.currentPoint;
+    }
+    return keys.isEmpty() ? nullptr : keys.first();
+}
+
+QList<const PointInfo*> CurveKeysDialog::editableKeys() const
+{
+    QList<const PointInfo*> keys;
+    for (SplineCurveGraph* const graph : editableGraphs()) {
+        const ControlSplineNode& selection = graph->selection();
+        for (const PointInfo* const key : membersOf(selection.spline(), selection.selectedPoints)) {
+            keys.append(key);
+        }
+    }
+    return keys;
+}
+
+double CurveKeysDialog::presentUnit() const
+{
+    return editor->isModeFrames() ? editor->getFps() : 1.0;
+}
+
+ShownKeys CurveKeysDialog::selectedKeys() const
+{
+    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
+    const SelectedKeys selected(curves);
+    ShownKeys now;
+    now.unit = presentUnit();
+    bool hasReference = false;
+    for (SplineCurveGraph* const graph : editableGraphs()) {
+        const ControlSplineNode& selection = graph->selection();
+        const PointInfo* const leading = leadingKeyOf(graph);
+        if (!hasReference && leading) {
+            hasReference = true;
+            now.reference = *leading;
+            now.index = selection.spline()->findIndex(leading);
+        } else if (hasReference && selection.hasSelection()) {
+            now.differences.index = true;
+        } else {
+            continue;
+        }
+        if (selection.selectedPoints.size() > 1) {
+            now.differences.index = true;
+            now.differences.fields[timeField] = true;
+        }
+        for (const PointInfo* const key : selected.readable(selection)) {
+            now.differences.add(now.reference, *key);
+            now.keys.append(key);
+        }
+    }
+    return now;
+}
+
+/// A step knows the keys that were selected at its begin.
+bool CurveKeysDialog::isGestureOfOtherKeys() const
+{
+    return (pendingChange || pendingMove) && pendingKeys != editableKeys();
+}
+
+bool CurveKeysDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::KeyPress:
+    case QEvent::Wheel:
+        renewIfStale(false);
+        break;
+    case QEvent::FocusOut:
+        renewIfStale(true);
+        break;
+    default:
+        break;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+/// What was typed is sent when its field loses the focus. That it stands for the right keys is all
+/// that matters then: their other numbers may be what they like.
+void CurveKeysDialog::renewIfStale(const bool& onlyForOthers)
+{
+    if (isShowing) {
+        return;
+    }
+    const ShownKeys now = selectedKeys();
+    if (now.keys.isEmpty() && shown.keys.isEmpty()) {
+        return;
+    }
+    const bool areOthers = now.keys != shown.keys || now.unit != shown.unit;
+    if (areOthers || (!onlyForOthers && !now.showsTheSameAs(shown))) {
+        editor->getFunctionEditor()->refreshKeysDialog();
+    }
+}
