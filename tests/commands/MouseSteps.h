@@ -115,7 +115,7 @@ public:
 private:
     MouseHand& hand() { return stage.hand; }
 
-    /// Any button there is, mostly the left one; one that is down already moves instead.
+    /// Any button there is, mostly the left one.
     void press(Chance& chance)
     {
         const QPoint pixel = targets.any(chance);
@@ -134,13 +134,17 @@ private:
                                          Qt::BackButton, Qt::ExtraButton24}));
     }
 
+    /// A button that is down already goes on with its gesture.
     void pressOrMove(const QPoint& pixel, const Qt::MouseButton& button)
     {
-        if (hand().isHolding(button)) {
+        if (hand().isHolding(button) && stage.isInGesture()) {
             hand().moveTo(pixel);
-        } else {
-            hand().press(pixel, button);
+            return;
         }
+        if (hand().isHolding(button)) {
+            hand().release(button); // of a gesture that is over
+        }
+        hand().press(pixel, button);
     }
 
     void move(Chance& chance)
