@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <deque>
+#include <set>
 #include <string>
 
 /// What the curves hold below and above each command on the stacks of an editor, as long as
@@ -47,7 +48,10 @@ public:
                 done.pop_front();
             }
             if (limit > 0) {
-                done.push_back({label, below, above, isSecond});
+                done.push_back({label, below, above, isSecond, {}});
+                for (const std::size_t& curve : refilledMeanwhile) {
+                    done.back().forget(curve);
+                }
             }
         }
         now = std::move(above);
@@ -68,6 +72,7 @@ public:
                 }
             }
         }
+        takeAsItIs(actual);
     }
 
     void redid(const State& actual)
@@ -85,7 +90,29 @@ public:
                 }
             }
         }
+        takeAsItIs(actual);
     }
+
+    /// The host has put other keys into a curve, which stand. What was done to it before leads to
+    /// nothing that could be told, and neither does what is under way.
+    void refilled(const std::size_t& curve, const State& actual)
+    {
+        now[curve] = actual[curve];
+        before[curve] = actual[curve];
+        refilledMeanwhile.insert(curve);
+        for (Stack* stack : {&done, &undone}) {
+            for (Step& step : *stack) {
+                step.forget(curve);
+            }
+        }
+    }
+
+    /// What begins from now on begins after all refills so far.
+    void nextStepBegins() { refilledMeanwhile.clear(); }
+
+    /// The curves that were refilled after the next step of undo, or redo, was made.
+    std::set<std::size_t> refilledAfterUndo() const { return refilledAfter(done); }
+    std::set<std::size_t> refilledAfterRedo() const { return refilledAfter(undone); }
 
     void setLimit(const std::size_t& newLimit)
     {
@@ -131,8 +158,36 @@ private:
         State below;
         State above;
         bool isSecondOfDrag;
+        std::set<std::size_t> refilledSince; ///< by number of curve
+
+        void forget(const std::size_t& curve)
+        {
+            below[curve].isKnown = false;
+            above[curve].isKnown = false;
+            refilledSince.insert(curve);
+        }
     };
     using Stack = std::deque<Step>;
+
+    static std::set<std::size_t> refilledAfter(const Stack& stack)
+    {
+        return stack.empty() ? std::set<std::size_t>() : stack.back().refilledSince;
+    }
+
+    /// Where nothing is known the curve stands as it is. What can be redone began from something
+    /// else, perhaps.
+    void takeAsItIs(const State& actual)
+    {
+        for (std::size_t i = 0; i < now.size(); ++i) {
+            if (!now[i].isKnown) {
+                now[i] = actual[i];
+                for (Step& step : undone) {
+                    step.below[i].isKnown = false;
+                    step.above[i].isKnown = false;
+                }
+            }
+        }
+    }
 
     /// The drag of one key makes two steps, for its place and for all of its fields. Both noted it
     /// before the drag, so undoing the second already leads there.
@@ -163,6 +218,7 @@ private:
     State before; ///< what there was after the last step
     Stack done;   ///< what can be undone, the nearest last
     Stack undone; ///< what can be redone, the nearest last
+    std::set<std::size_t> refilledMeanwhile;
     std::size_t limit = 10;
     bool isEnabled = true;
 };

@@ -2,11 +2,11 @@
 
 #include "support/BoxCatcher.h"
 
-#include "commands/CurveEdits.h"
 #include "commands/ExpectedHistory.h"
+#include "commands/HistoryActor.h"
 #include "commands/HistoryCounts.h"
-#include "commands/KeyEdits.h"
 #include "commands/RandomHost.h"
+#include "commands/RefillWatch.h"
 
 /// A session in which anything happens at random, and all that must hold whatever happens.
 class RandomHistory : public QObject
@@ -15,9 +15,10 @@ public:
     /// What else happens beside the commands of the first editor.
     enum kinds : int
     {
-        pure = 0,    ///< nothing that changes a curve: each state is known
-        shared = 1,  ///< a second editor edits the same curves
-        ruthless = 2 ///< the host breaks in as well, also from its slots and while a box is open
+        pure = 0,     ///< nothing that changes a curve: each state is known
+        refilled = 1, ///< the host puts other keys into splines, also from its slots
+        shared = 2,   ///< a second editor edits the same curves
+        ruthless = 3  ///< the host breaks in as well, also from its slots and while a box is open
     };
 
     RandomHistory(const unsigned& seed, const kinds& historyKind, const CurveFiles& files,
@@ -29,9 +30,9 @@ public:
         const int editors = kind == shared || curves.chance(30) ? 2 : 1;
         for (int i = 0; i < editors; ++i) {
             actors.push_back(std::make_unique<Actor>(curves, files));
-            actors.back()->keys.walksOnSeveralCurves = kind != pure;
+            actors.back()->keys.walksOnSeveralCurves = !isTold();
         }
-        host = std::make_unique<RandomHost>(curves, sessions());
+        host = std::make_unique<RandomHost>(curves, sessions(), files);
         expected = std::make_unique<ExpectedHistory>(curves.state());
         for (const auto& actor : actors) {
             connect(&actor->session.manager(),
@@ -39,7 +40,7 @@ public:
                     [this, each = actor.get()] { noteCommand(*each); });
         }
         setLimit(first(), curves.oneOf(QList<int>{3, 10, 40}));
-        if (kind == ruthless) {
+        if (kind == ruthless || kind == refilled) {
             connect(&first().session.editor(), &CurveEditor::curveHasChanged, this,
                     [this] { breakIn(10); });
             boxes.whileOpen = [this] { breakIn(30); };
@@ -60,6 +61,7 @@ public:
     {
         for (int step = 0; step < steps && failure.isEmpty(); ++step) {
             ++counts.steps;
+            expected->nextStepBegins();
             takeStep();
             check("step " + std::to_string(step + 1));
         }
@@ -69,28 +71,13 @@ public:
     }
 
 private:
-    /// An editor, and a user who works in it.
-    struct Actor
-    {
-        Actor(SessionCurves& curves, const CurveFiles& files)
-            : session(curves)
-            , keys(session)
-            , whole(session, files)
-        {}
-
-        SessionEditor session;
-        KeyEdits keys;
-        CurveEdits whole;
-        bool isEnabled = true;
-        int limit = 10;
-    };
+    using Actor = HistoryActor;
 
     Actor& first() { return *actors.front(); }
     Actor& anyActor() { return *actors[static_cast<std::size_t>(curves.below(actors.size()))]; }
-    bool isExpected(const Actor& actor) const
-    {
-        return kind == pure && &actor == actors.front().get();
-    }
+    /// The states that undo and redo of the first editor lead to are known.
+    bool isTold() const { return kind == pure || kind == refilled; }
+    bool isExpected(const Actor& actor) const { return isTold() && &actor == actors.front().get(); }
 
     std::vector<SessionEditor*> sessions()
     {
@@ -105,12 +92,12 @@ private:
     {
         Actor& actor = anyActor();
         const int what = curves.below(100);
-        if (kind == pure && !isExpected(actor)) {
+        if (isTold() && !isExpected(actor)) {
             watch(actor);
-        } else if (kind == ruthless && what < 8) {
-            actor.keys.gestureAround([this] { host->intrude(); });
-        } else if (kind == ruthless && what < 18) {
-            host->intrude();
+        } else if ((kind == ruthless || kind == refilled) && what < 8) {
+            actor.keys.gestureAround([this] { intrude(); });
+        } else if ((kind == ruthless || kind == refilled) && what < 18) {
+            intrude();
         } else if (what < 32) {
             actor.keys.edit();
         } else if (what < 44) {
@@ -118,9 +105,9 @@ private:
         } else if (what < 66) {
             actor.whole.edit();
         } else if (what < 73) {
-            host->changeSet(actor.session, kind != pure);
+            host->changeSet(actor.session, !isTold());
         } else if (what < 75) {
-            host->rename(kind != pure);
+            host->rename(!isTold());
         } else if (what < 76) {
             watch(actor);
         } else if (what < 85) {
@@ -170,6 +157,7 @@ private:
     bool undo(Actor& actor)
     {
         const std::string label = actor.session.nextUndo();
+        refills.noteKeys(first().session);
         if (curves.chance(20)) {
             actor.session.editor().undo();
         } else {
@@ -183,6 +171,7 @@ private:
         if (label.empty() || !failure.isEmpty()) {
             return false;
         }
+        checkRefills("undo of " + label, label, expected->refilledAfterUndo());
         expected->undid(curves.state());
         check("undo of " + label);
         return expected->isAmidDrag() ? undo(actor) : true;
@@ -191,6 +180,7 @@ private:
     bool redo(Actor& actor)
     {
         const std::string label = actor.session.nextRedo();
+        refills.noteKeys(first().session);
         if (curves.chance(20)) {
             actor.session.editor().redo();
         } else {
@@ -204,6 +194,7 @@ private:
         if (label.empty() || !failure.isEmpty()) {
             return false;
         }
+        checkRefills("redo of " + label, label, expected->refilledAfterRedo());
         expected->redid(curves.state());
         check("redo of " + label);
         return true;
@@ -251,6 +242,7 @@ private:
         counts.add(label, HistoryCounts::executed);
         if (isExpected(actor)) {
             expected->executed(label, curves.state());
+            refills.executed();
         }
     }
 
@@ -258,20 +250,42 @@ private:
     {
         if (!isInside && curves.chance(percent)) {
             isInside = true;
-            host->intrude();
+            intrude();
             isInside = false;
         }
+    }
+
+    void intrude()
+    {
+        if (kind == ruthless) {
+            host->intrude();
+            return;
+        }
+        const std::size_t spline = host->refill();
+        expected->refilled(spline, curves.state());
+        refills.refilled(spline);
+        demand(!refills.areSelected(first().session, spline),
+               "a key is selected that the host has just put into its spline");
     }
 
     void check(const std::string& moment)
     {
         demand(curves.keysAreSound(), moment + ": keys in disorder, or of two splines");
-        if (kind == pure) {
+        if (isTold()) {
             const std::string difference = expected->differenceTo(curves.state());
             demand(difference.empty(), moment + ": " + difference);
+        }
+        if (kind == pure) {
             demand(first().session.selectionsAreSound(),
                    moment + ": a key is selected that is not in its spline");
         }
+    }
+
+    void checkRefills(const std::string& moment, const std::string& label,
+                      const std::set<std::size_t>& refilledSplines)
+    {
+        const std::string wrong = refills.differences(first().session, refilledSplines, label);
+        demand(wrong.empty(), moment + ", " + wrong);
     }
 
     void demand(const bool& holds, const std::string& otherwise)
@@ -288,6 +302,7 @@ private:
     std::vector<std::unique_ptr<Actor>> actors;
     std::unique_ptr<RandomHost> host;
     std::unique_ptr<ExpectedHistory> expected;
+    RefillWatch refills{curves};
     bool isInside = false;
     QString failure;
 };

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "commands/CurveFiles.h"
 #include "commands/SessionEditor.h"
 
 #include "commands/CommandAddCurve.h"
+#include "curves/CurveFile.h"
 
 #include <vector>
 
@@ -10,10 +12,23 @@
 class RandomHost
 {
 public:
-    RandomHost(SessionCurves& sessionCurves, std::vector<SessionEditor*> sessionEditors)
+    RandomHost(SessionCurves& sessionCurves, std::vector<SessionEditor*> sessionEditors,
+               const CurveFiles& curveFiles)
         : curves(sessionCurves)
         , sessions(std::move(sessionEditors))
+        , files(curveFiles)
     {}
+
+    /// Other keys in a spline: the old ones are freed at once, and the new ones mostly take their
+    /// addresses. Returns the number of the spline.
+    std::size_t refill()
+    {
+        const std::size_t spline = SessionCurves::splineOf(curves.anyCurve());
+        if (curves.lent[spline]) {
+            curves.chance(30) ? refillFromFile(*curves.lent[spline]) : refill(*curves.lent[spline]);
+        }
+        return spline;
+    }
 
     /// Curves leave and enter an editor. Only a bold host removes what expressions name.
     void changeSet(SessionEditor& session, const bool& isBold)
@@ -85,7 +100,7 @@ public:
         SessionEditor& session = *curves.oneOf(sessions);
         const int curve = curves.anyCurve();
         auto& content = curves.contentOf(curve);
-        switch (curves.below(13)) {
+        switch (curves.below(16)) {
         case 0:
             content.reset(); // the curves that show it stay in the editors
             break;
@@ -127,6 +142,11 @@ public:
         case 11:
             rename(true);
             break;
+        case 12:
+        case 13:
+        case 14:
+            refill();
+            break;
         default:
             changeSet(session, true);
             break;
@@ -134,6 +154,29 @@ public:
     }
 
 private:
+    void refill(LentCurve& curve)
+    {
+        SplineBase& spline = curve.spline;
+        const unsigned count = spline.getControlPointsNumber();
+        spline.removeAllControlPoints();
+        for (unsigned i = curves.below(2); i < count + 1; ++i) {
+            if (curves.chance(50)) {
+                spline.addPoint(curves.number(), curves.number());
+            } else {
+                curve.addKey(curves.number(), curves.number(), zk_spline::bezier);
+            }
+        }
+    }
+
+    /// Twice, as the keys of the first reading are gone with the second.
+    void refillFromFile(LentCurve& curve)
+    {
+        for (int i = 0; i < 2; ++i) {
+            QString error;
+            curve_editor::readCurveFile(files.paths.first(), &curve.spline, nullptr, error);
+        }
+    }
+
     /// A new spline and slot for what was destroyed; mostly the old records go before.
     void replace(std::unique_ptr<LentCurve>& content)
     {
@@ -163,5 +206,6 @@ private:
 
     SessionCurves& curves;
     std::vector<SessionEditor*> sessions; ///< not owned
+    const CurveFiles& files;
     int renamings = 0;
 };

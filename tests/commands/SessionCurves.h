@@ -3,7 +3,7 @@
 #include "support/EditorFixture.h"
 #include "support/SplineState.h"
 
-#include <QRandomGenerator>
+#include "commands/Chance.h"
 
 #include <memory>
 #include <optional>
@@ -18,10 +18,15 @@ struct CurveState
     std::optional<std::string> expression;
     /// False once a reset has taken the expression for good: then nothing is said of it here.
     bool isExpressionKnown = true;
+    /// False in steps of before the host put other keys there: nothing is said of the curve then.
+    bool isKnown = true;
 
     /// The mark of an added expression says nothing where there is none.
     bool agreesWith(const CurveState& actual) const
     {
+        if (!isKnown) {
+            return true;
+        }
         if (!isExpressionKnown || (!expression && !actual.expression)) {
             return spline.hasSameShape(actual.spline);
         }
@@ -33,8 +38,8 @@ struct CurveState
 
     std::string text() const
     {
-        return "{" + std::to_string(spline.keyCount()) + " keys, expression " +
-               expression.value_or("none") + (spline.isAddFunc() ? ", added}" : "}");
+        return "{keys" + spline.text() + ", expression " + expression.value_or("none") +
+               (spline.isAddFunc() ? ", added}" : "}");
     }
 };
 
@@ -43,11 +48,11 @@ using State = std::vector<CurveState>;
 
 /// What a host lends to the editors of a session, and the chance that rules it. The last two names
 /// stand for one spline and one expression.
-class SessionCurves
+class SessionCurves : public Chance
 {
 public:
     explicit SessionCurves(const unsigned& seed)
-        : random(seed)
+        : Chance(seed)
     {
         for (std::size_t i = 0; i < splineCount; ++i) {
             lent.push_back(newCurve());
@@ -57,18 +62,7 @@ public:
         lent[4]->setExpression("sin(t)");
     }
 
-    /// Half steps of a small grid, so that keys often meet.
-    double number() { return random.bounded(41) * 0.5; }
-    double offset() { return random.bounded(-8, 9) * 0.5 + 0.0; }
-    bool chance(const int& percent) { return random.bounded(100) < percent; }
-    int below(const qsizetype& count) { return random.bounded(static_cast<int>(count)); }
     int anyCurve() { return below(names.size()); }
-
-    template <typename List>
-    const typename List::value_type& oneOf(const List& list)
-    {
-        return list[below(list.size())];
-    }
 
     std::unique_ptr<LentCurve> newCurve()
     {
@@ -80,9 +74,12 @@ public:
     }
 
     /// Null once the host has destroyed it.
-    std::unique_ptr<LentCurve>& contentOf(const int& curve)
+    std::unique_ptr<LentCurve>& contentOf(const int& curve) { return lent[splineOf(curve)]; }
+
+    /// The number of the spline that a curve shows.
+    static std::size_t splineOf(const int& curve)
     {
-        return lent[qMin(static_cast<std::size_t>(curve), splineCount - 1)];
+        return qMin(static_cast<std::size_t>(curve), splineCount - 1);
     }
 
     QString nodeOf(const int& curve) const { return names[curve].section('.', 0, 0); }
@@ -121,7 +118,6 @@ public:
     }
 
     static constexpr std::size_t splineCount = 5;
-    QRandomGenerator random;
     /// Other curves' expressions name the two of w.
     QStringList names{"n.aa", "n.bb.cc", "w.x", "w.y", "m.dd", "m.ee"};
     std::vector<std::unique_ptr<LentCurve>> lent;
