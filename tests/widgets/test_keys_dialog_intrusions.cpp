@@ -210,6 +210,8 @@ private slots:
             row("window left", {step, selectStep});
             row("lost release", {step, selectStep});
             row("hidden", {step, selectStep});
+            row("a behaviour", {"Set Last Node Behaviour", step, selectStep});
+            row("deleted keys", {"Delete Control Points", step, selectStep});
         }
     }
 
@@ -236,6 +238,32 @@ private slots:
         while (editor->getCmdManager()->redo()) {
         }
         QVERIFY(SplineState(curve->spline) == after);
+    }
+
+    void undoInMidDragTakesTheDragBack_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::newRow("tension") << "tension";
+        QTest::newRow("value") << "posY";
+    }
+
+    void undoInMidDragTakesTheDragBack()
+    {
+        QFETCH(QString, line);
+        const SplineState before(curve->spline);
+        fixture->pick({{10.0, 10.0}});
+        CustomEditLine* const field = dialog->findChild<CustomEditLine*>(line);
+        fixture->pressField(field);
+        fixture->dragField(field, 50);
+        const SplineState dragged(curve->spline);
+        QVERIFY(!(dragged == before));
+        editor->getCmdManager()->undo();
+        QVERIFY(SplineState(curve->spline) == before);
+        fixture->dragField(field, 80);
+        fixture->releaseField(field);
+        QVERIFY(SplineState(curve->spline) == before);
+        editor->getCmdManager()->redo();
+        QVERIFY(SplineState(curve->spline) == dragged);
     }
 
     /// In the host's slot, at the first step of the drag.
@@ -277,6 +305,10 @@ private:
         } else if (what == "no key") {
             fixture->selectionOf("n.c").clear();
             editor->refreshEditor();
+        } else if (what == "a behaviour") {
+            editor->setLastNodeLoop();
+        } else if (what == "deleted keys") {
+            editor->deleteSelectedKeys();
         } else if (what == "another curve") {
             editor->selectNodes(QStringList("n.d"));
         } else if (what == "window left") {
