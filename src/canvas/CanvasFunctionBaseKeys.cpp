@@ -27,11 +27,9 @@ void forEachSelectedKey(const QList<SplineCurveGraph*>& graphs, const Edit& edit
         if (!selection.hasSelection()) {
             continue;
         }
-        const QList<PointInfo*> keys = selection.selectedPoints;
+        const QList<PointInfo*> keys = selection.heldPoints();
         for (PointInfo* key : keys) {
-            if (selection.spline()->findIndex(key) >= 0) {
-                edit(selection.spline(), key);
-            }
+            edit(selection.spline(), key);
         }
     }
 }
@@ -48,15 +46,11 @@ void flatten(SplineBase* spline, PointInfo* key)
 
 void scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx, const double& sy)
 {
-    SplineBase* spline = selection.spline();
-    if (!spline) {
-        return;
-    }
     if (!many) {
         selection.scalePoint(sx, sy);
         return;
     }
-    placeKeys(*spline, selection.selectedPoints,
+    placeKeys(selection,
               [&](const PointInfo& key) { return QPointF(sx * key.time, sy * key.value); });
 }
 
@@ -164,8 +158,7 @@ void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
             }
             // Each curve by its own number of keys, where scaling asks the whole set.
             if (selection.selectedPoints.size() > 1) {
-                shiftKeys(*selection.spline(), selection.selectedPoints, QPointF(dx, dy));
-                selection.setCurrentPoint(selection.selectedPoints.last());
+                shiftKeys(selection, QPointF(dx, dy));
             } else {
                 selection.offsetPoint(dx, dy);
             }

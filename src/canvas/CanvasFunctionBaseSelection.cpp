@@ -48,11 +48,8 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
         }
         PointInfo* hit = graph->hitTest(pixel);
         hits.append(hit);
-        const ControlSplineNode& selection = graph->selection();
         if (hit) {
-            const bool isSelected =
-                hit == selection.currentPoint || selection.selectedPoints.contains(hit);
-            (isSelected ? hitSelected : hitUnselected) = true;
+            (graph->selection().isSelected(hit) ? hitSelected : hitUnselected) = true;
         }
     }
 
@@ -138,19 +135,20 @@ void CanvasFunctionBase::walkSelection(const bool& forward)
     }
     for (SplineCurveGraph* graph : keyContainers()) {
         ControlSplineNode& selection = graph->selection();
-        const PointInfo* current = selection.currentPoint;
         if (!selection.hasSelection() || selection.selectedPoints.size() > 1) {
             continue;
         }
+        const KeyRef current = selection.commandKeys().first();
         // After a step of several curves the key may be one of the leading curve's.
-        if (selection.spline()->findIndex(current) < 0 && leading->findIndex(current) < 0) {
+        if (!selection.spline()->holds(current) && !leading->holds(current)) {
             continue;
         }
-        const PointInfo* next =
-            forward ? leading->getNext(current->time) : leading->getPrev(current->time);
+        const double time = current.key->time;
+        const PointInfo* next = forward ? leading->getNext(time) : leading->getPrev(time);
         const int index = next ? leading->findIndex(next) : -1;
         if (index >= 0) {
-            selection.selectSinglePoint(leading->at(static_cast<unsigned>(index)));
+            selection.selectSingleKey(
+                {leading->at(static_cast<unsigned>(index)), leading->keySerial(next)});
         }
     }
 }

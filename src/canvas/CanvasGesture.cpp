@@ -147,8 +147,7 @@ void CanvasGesture::dragSelection(SplineCurveGraph* graph, const bool& many, con
     ControlSplineNode& selection = graph->selection();
     if (many) {
         showMark = showMark || canvas.horizontalSnap || canvas.verticalSnap;
-        shiftKeys(*selection.spline(), selection.selectedPoints, target - lastWorld);
-        selection.setCurrentPoint(selection.selectedPoints.last());
+        shiftKeys(selection, target - lastWorld);
     } else if (selection.keyPart == ControlSplineNode::keyItself) {
         selection.movePoint(target.x(), target.y());
     } else {

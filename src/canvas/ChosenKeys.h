@@ -4,15 +4,16 @@
 
 #include <QSet>
 
-/// The keys of a selection, the current one included, for quick look-ups. Keys are compared as
-/// pointers and never read through.
+/// The keys of a selection that its spline holds, the current one included, for quick look-ups
+/// while nothing is edited.
 class ChosenKeys
 {
 public:
     explicit ChosenKeys(const ControlSplineNode& selection)
-        : keys(selection.selectedPoints.cbegin(), selection.selectedPoints.cend())
     {
-        keys.insert(selection.currentPoint);
+        const QList<PointInfo*> held = selection.heldPoints();
+        keys = QSet<const PointInfo*>(held.cbegin(), held.cend());
+        keys.insert(selection.heldCurrent());
         keys.remove(nullptr);
     }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/SplineBase.h"
+#include "curves/ControlSplineNode.h"
 #include "curves/KeyRetiming.h"
 
 #include <QList>
@@ -8,29 +9,32 @@
 
 #include <vector>
 
-/// Puts several keys of one spline where `placeOf` says; those that have left it are passed over.
+/// Puts the selected keys that their spline holds where `placeOf` says.
 template <class Place>
-void placeKeys(SplineBase& spline, const QList<PointInfo*>& keys, const Place& placeOf)
+void placeKeys(const ControlSplineNode& selection, const Place& placeOf)
 {
+    const QList<PointInfo*> keys = selection.heldPoints();
     std::vector<RetimedKey> placed;
     placed.reserve(static_cast<std::size_t>(keys.size()));
     for (PointInfo* key : keys) {
-        if (spline.findIndex(key) >= 0) {
-            const QPointF place = placeOf(*key);
-            key->value = place.y();
-            placed.push_back({key, place.x()});
-        }
+        const QPointF place = placeOf(*key);
+        key->value = place.y();
+        placed.push_back({key, place.x()});
     }
     if (!placed.empty()) {
-        retimeKeys(spline, placed);
-        spline.setChanged(true);
+        retimeKeys(*selection.spline(), placed);
+        selection.spline()->setChanged(true);
     }
 }
 
-/// By a way in seconds and units of value. Keys of equal time keep their order.
-inline void shiftKeys(SplineBase& spline, const QList<PointInfo*>& keys, const QPointF& way)
+/// By a way in seconds and units of value; the last key that was moved becomes current.
+inline void shiftKeys(ControlSplineNode& selection, const QPointF& way)
 {
-    placeKeys(spline, keys, [&way](const PointInfo& key) {
+    placeKeys(selection, [&way](const PointInfo& key) {
         return QPointF(key.time + way.x(), key.value + way.y());
     });
+    const QList<PointInfo*> moved = selection.heldPoints();
+    if (!moved.isEmpty()) {
+        selection.setCurrentPoint(moved.last());
+    }
 }

@@ -9,9 +9,9 @@
 
 namespace {
 
-bool holds(SplineBase* spline, const PointInfo* key)
+bool holds(const SplineBase* spline, const KeyRef& key)
 {
-    return spline && spline->findIndex(key) >= 0;
+    return spline && spline->holds(key);
 }
 
 } // namespace
@@ -20,19 +20,19 @@ SelectedKeys::SelectedKeys(const QList<CurveNode*>& editing)
     : curves(editing)
 {}
 
-bool SelectedKeys::mayRead(const ControlSplineNode& selection, const PointInfo* key) const
+bool SelectedKeys::mayRead(const ControlSplineNode& selection, const KeyRef& key) const
 {
     return holds(selection.spline(), key) ||
            std::any_of(curves.cbegin(), curves.cend(),
-                       [key](CurveNode* curve) { return holds(curve->spline(), key); });
+                       [&key](CurveNode* curve) { return holds(curve->spline(), key); });
 }
 
 QList<const PointInfo*> SelectedKeys::readable(const ControlSplineNode& selection) const
 {
     QList<const PointInfo*> keys;
-    for (const PointInfo* key : selection.selectedPoints) {
-        if (mayRead(selection, key)) {
-            keys.append(key);
+    for (const KeyRef& ref : selection.selectedKeys()) {
+        if (mayRead(selection, ref)) {
+            keys.append(ref.key);
         }
     }
     return keys;
@@ -50,15 +50,12 @@ void SelectedKeys::span(double& first, double& last) const
             continue;
         }
         const ControlSplineNode& selection = graph->selection();
-        const QList<PointInfo*>& keys = selection.selectedPoints;
-        const auto isReadable = [&](const PointInfo* key) { return mayRead(selection, key); };
-        const auto front = std::find_if(keys.cbegin(), keys.cend(), isReadable);
-        if (front == keys.cend()) {
+        const QList<const PointInfo*> keys = readable(selection);
+        if (keys.isEmpty()) {
             continue;
         }
-        const auto back = std::find_if(keys.crbegin(), keys.crend(), isReadable);
-        first = isSet ? std::min(first, (*front)->time) : (*front)->time;
-        last = isSet ? std::max(last, (*back)->time) : (*back)->time;
+        first = isSet ? std::min(first, keys.first()->time) : keys.first()->time;
+        last = isSet ? std::max(last, keys.last()->time) : keys.last()->time;
         isSet = true;
     }
 }

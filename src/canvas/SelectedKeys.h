@@ -4,6 +4,7 @@
 
 class ControlSplineNode;
 class CurveNode;
+struct KeyRef;
 struct PointInfo;
 
 /// How many keys are selected over the curves being edited that have keys.
@@ -23,7 +24,7 @@ public:
     explicit SelectedKeys(const QList<CurveNode*>& curves);
 
     /// The spline of the selection, or that of another of the curves, holds the key.
-    bool mayRead(const ControlSplineNode& selection, const PointInfo* key) const;
+    bool mayRead(const ControlSplineNode& selection, const KeyRef& key) const;
 
     /// The keys of the selection that may be read, in its order.
     QList<const PointInfo*> readable(const ControlSplineNode& selection) const;

@@ -52,8 +52,9 @@ PointInfo* SplineCurveGraph::hitTest(const QPoint& pixel)
         return nullptr;
     }
 
-    if (keySelection.currentPoint && keySelection.selectedPoints.size() == 1) {
-        const int index = keySelection.spline()->findIndex(keySelection.currentPoint);
+    const PointInfo* const current = keySelection.heldCurrent();
+    if (current && keySelection.selectedPoints.size() == 1) {
+        const int index = keySelection.spline()->findIndex(current);
         if (index >= 0 && index < count &&
             keys[static_cast<std::size_t>(index)]->type == zk_spline::bezier) {
             const QPoint key = keyPixels.at(index);
@@ -80,22 +81,25 @@ bool SplineCurveGraph::selectInRect(const bool& add, const double& xMin, const d
 {
     QSet<const PointInfo*> kept;
     if (add) {
-        kept = QSet<const PointInfo*>(keySelection.selectedPoints.cbegin(),
-                                      keySelection.selectedPoints.cend());
+        const QList<PointInfo*> held = keySelection.heldPoints();
+        kept = QSet<const PointInfo*>(held.cbegin(), held.cend());
     }
-    keySelection.selectedPoints.clear();
-    keySelection.currentPoint = nullptr;
+    keySelection.clear();
     SplineBase* spline = keySelection.spline();
     if (!spline) {
         return false;
     }
+    QList<PointInfo*> taken;
     for (PointInfo* key : spline->getControlPoints()) {
         const bool isInside =
             xMin < key->time && key->time < xMax && yMin < key->value && key->value < yMax;
         if (isInside || kept.contains(key)) {
-            keySelection.selectedPoints.append(key);
-            keySelection.currentPoint = key;
+            taken.append(key);
         }
+    }
+    keySelection.selectPoints(taken);
+    if (!taken.isEmpty()) {
+        keySelection.setCurrentPoint(taken.last());
     }
     return keySelection.currentPoint != nullptr;
 }

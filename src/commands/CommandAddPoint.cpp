@@ -16,14 +16,14 @@ CommandAddPoint::CommandAddPoint(CurveEditor* curveEditor, NodeStruct* record,
     , value(keyValue)
 {
     if (const ControlSplineNode* const selection = selectionOf(editor, node)) {
-        previousSelection = selection->selectedPoints;
+        previousSelection = selection->selectedKeys();
     }
 }
 
 CommandAddPoint::~CommandAddPoint()
 {
     if (!pointInSpline) {
-        delete point;
+        delete point.key;
     }
 }
 
@@ -35,11 +35,12 @@ bool CommandAddPoint::execute()
         return false;
     }
     const CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
-    point = new PointInfo;
-    point->time = time;
-    point->value = value;
-    point->type = static_cast<zk_spline::interpolationType>(canvas.defaultNodeType);
-    point->unifiedTangents = !canvas.defaultBrokenTangent;
+    auto* const key = new PointInfo;
+    key->time = time;
+    key->value = value;
+    key->type = static_cast<zk_spline::interpolationType>(canvas.defaultNodeType);
+    key->unifiedTangents = !canvas.defaultBrokenTangent;
+    point = {key, 0};
     putIn();
     report();
     editor->refreshEditor();
@@ -50,11 +51,11 @@ void CommandAddPoint::undo()
 {
     SplineBase* const spline = node ? node->livingSpline() : nullptr;
     if (pointInSpline) {
-        if (spline && spline->findIndex(point) >= 0) {
-            spline->remove(point);
+        if (spline && spline->holds(point)) {
+            spline->remove(point.key);
             dropDepartedKeys(editor, {spline});
         } else {
-            point = nullptr;
+            point = KeyRef();
         }
         pointInSpline = false;
     }
@@ -82,13 +83,13 @@ ZK_String CommandAddPoint::getDescription()
 bool CommandAddPoint::putIn()
 {
     SplineBase* const spline = node->livingSpline();
-    if (spline && point && !pointInSpline) {
-        spline->addPointPtr(point);
+    if (spline && point.key && !pointInSpline) {
+        point = spline->addPointPtr(point.key, point.serial);
         pointInSpline = true;
     }
     ControlSplineNode* const selection = selectionOf(editor, node);
     if (selection && pointInSpline) {
-        selection->selectSinglePoint(point);
+        selectList(editor, node, {point});
     }
     return selection;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "commands/CurveCommand.h"
+#include "core/KeyRef.h"
 
 #include <QList>
 
 class CurveEditor;
-struct PointInfo;
 
 namespace curve_editor {
 
@@ -32,9 +32,9 @@ private:
     NodeStruct* node;    ///< not owned: the catalogue's
     double time;
     double value;
-    PointInfo* point = nullptr;          ///< owned while pointInSpline is false, else the spline's;
-                                         ///< null once somebody else has taken it out
-    QList<PointInfo*> previousSelection; ///< not owned
+    KeyRef point;                    ///< owned while pointInSpline is false, else the spline's;
+                                     ///< null once somebody else has taken it out
+    QList<KeyRef> previousSelection; ///< not owned
     bool pointInSpline = false;
 };
 

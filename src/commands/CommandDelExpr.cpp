@@ -22,30 +22,13 @@ CommandDelExpr::CommandDelExpr(CurveEditor* curveEditor, FunctionEditor* /*funct
         if (text) {
             trace("DELEXPR NOTNULL <%s><%s>", record->mainNodeName, record->curveName);
         }
-        curves.append({record, text, text && isSplineAdded(record)});
+        curves.append({record, text, text && isSplineAdded(record), false});
     }
 }
 
 bool CommandDelExpr::execute()
 {
-    QStringList names;
-    for (const Curve& curve : std::as_const(curves)) {
-        if (!curve.node->livingSlot()) {
-            continue;
-        }
-        emptySlot(curve.node);
-        names.append(editor->dotName(curve.node));
-        if (CurveNode* const shown = findExpressionCurve(editor, curve.node)) {
-            shown->removeExpression(true);
-        } else {
-            // To a sum left without its expression no undo could lead back: undoing the next
-            // expression there clears the mark.
-            setSplineAdded(editor, curve.node, false);
-        }
-    }
-    editor->refreshEditor();
-    editor->refreshCommandLine();
-    editor->emitSignalCurvesHaveChanged(names);
+    deleteExpressions(false);
     return true;
 }
 
@@ -69,12 +52,36 @@ void CommandDelExpr::undo()
 
 void CommandDelExpr::redo()
 {
-    execute();
+    deleteExpressions(true);
 }
 
 ZK_String CommandDelExpr::getDescription()
 {
     return "Delete Expression";
+}
+
+/// `again` leaves the marks as the first time left them, wherever the curves are by now.
+void CommandDelExpr::deleteExpressions(const bool& again)
+{
+    QStringList names;
+    for (Curve& curve : curves) {
+        if (!curve.node->livingSlot()) {
+            continue;
+        }
+        emptySlot(curve.node);
+        names.append(editor->dotName(curve.node));
+        if (CurveNode* const shown = findExpressionCurve(editor, curve.node)) {
+            shown->removeExpression(true);
+        }
+        if (again) {
+            setSplineAdded(editor, curve.node, curve.newAddFunc);
+        } else {
+            curve.newAddFunc = isSplineAdded(curve.node);
+        }
+    }
+    editor->refreshEditor();
+    editor->refreshCommandLine();
+    editor->emitSignalCurvesHaveChanged(names);
 }
 
 } // namespace curve_editor

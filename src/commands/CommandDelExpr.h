@@ -15,7 +15,8 @@ namespace curve_editor {
 
 struct NodeStruct;
 
-/// Deletes the expressions of a list of curves; their splines stay and are no longer added.
+/// Deletes the expressions of a list of curves; their splines stay and are no longer added, but
+/// for those of curves that are not on the canvas: these keep the mark.
 class CommandDelExpr : public CurveCommand
 {
 public:
@@ -29,11 +30,14 @@ public:
     ZK_String getDescription() override;
 
 private:
+    void deleteExpressions(const bool& again);
+
     struct Curve
     {
         NodeStruct* node;               ///< not owned: the catalogue's
         std::optional<QString> oldText; ///< none where it had no expression
         bool oldAddFunc;                ///< the spline was added to that expression
+        bool newAddFunc;                ///< it still is marked so after the first execute
     };
 
     CurveEditor* editor; ///< not owned

@@ -5,12 +5,21 @@
 #include "curves/ControlSplineNode.h"
 #include "editor/CurveEditor.h"
 
-#include <QtAlgorithms>
-
 #include <algorithm>
 #include <utility>
 
 namespace curve_editor {
+
+namespace {
+
+void freeKeys(const QList<KeyRef>& keys)
+{
+    for (const KeyRef& key : keys) {
+        delete key.key;
+    }
+}
+
+} // namespace
 
 CommandDelPoints::CommandDelPoints(CurveEditor* curveEditor)
     : editor(curveEditor)
@@ -22,8 +31,8 @@ CommandDelPoints::~CommandDelPoints()
     if (pointsInSpline) {
         return;
     }
-    for (const QList<PointInfo*>& list : std::as_const(deleted)) {
-        qDeleteAll(list);
+    for (const QList<KeyRef>& list : std::as_const(deleted)) {
+        freeKeys(list);
     }
 }
 
@@ -32,7 +41,7 @@ bool CommandDelPoints::execute()
     QStringList names;
     deleted.clear();
     for (qsizetype node = 0; node < nodes.size(); ++node) {
-        deleted.append(selectedPointsOf(editor, nodes[node]));
+        deleted.append(selectedKeysOf(editor, nodes[node]));
         if (!deleted[node].isEmpty()) {
             names.append(editor->dotName(nodes[node]));
         }
@@ -75,9 +84,9 @@ void CommandDelPoints::takeOut(const qsizetype& node)
     SplineBase* const spline = nodes[node]->livingSpline();
     deleted[node] = membersOf(spline, deleted[node]);
     // From the last key on: each moves up the keys behind it.
-    const QList<PointInfo*>& points = deleted[node];
-    std::for_each(points.crbegin(), points.crend(),
-                  [spline](const PointInfo* point) { spline->remove(point); });
+    const QList<KeyRef>& keys = deleted[node];
+    std::for_each(keys.crbegin(), keys.crend(),
+                  [spline](const KeyRef& key) { spline->remove(key.key); });
     if (ControlSplineNode* const selection = selectionOf(editor, nodes[node])) {
         selection->clear();
     }
@@ -100,12 +109,12 @@ void CommandDelPoints::putBack(const qsizetype& node)
 {
     SplineBase* const spline = nodes[node]->livingSpline();
     if (!spline) {
-        qDeleteAll(deleted[node]);
+        freeKeys(deleted[node]);
         deleted[node].clear();
         return;
     }
-    for (PointInfo* point : std::as_const(deleted[node])) {
-        spline->addPointPtr(point);
+    for (const KeyRef& key : std::as_const(deleted[node])) {
+        spline->addPointPtr(key.key, key.serial);
     }
     selectList(editor, nodes[node], deleted[node]);
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "commands/CurveCommand.h"
+#include "core/KeyRef.h"
 
 #include <QList>
 
 class CurveEditor;
-struct PointInfo;
 
 namespace curve_editor {
 
@@ -34,7 +34,7 @@ private:
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     /// One list a node. Owned while pointsInSpline is false, else their splines'. Keys that the
     /// command lost to somebody else, or that went with a destroyed spline, leave the list.
-    QList<QList<PointInfo*>> deleted;
+    QList<QList<KeyRef>> deleted;
     bool pointsInSpline = true;
 };
 

@@ -24,7 +24,7 @@ CommandParseExpr::CommandParseExpr(CurveEditor* curveEditor, FunctionEditor* can
 {
     for (NodeStruct* const record : records) {
         if (record) {
-            curves.append({record, expressionTextOf(record)});
+            curves.append({record, expressionTextOf(record), std::nullopt});
         }
     }
 }
@@ -35,7 +35,7 @@ bool CommandParseExpr::execute()
     bool applied = false;
     ParseMessage message;
     QStringList names;
-    for (const Curve& curve : std::as_const(curves)) {
+    for (Curve& curve : curves) {
         std::unique_ptr<FunctionFloatBase> expression(
             functionEditor->canvas().parseExpression(text, message));
         if (!living) {
@@ -45,6 +45,7 @@ bool CommandParseExpr::execute()
         applied = expression && message.errorKind == ParseMessage::noError;
         if (applied) {
             names.append(editor->dotName(curve.node));
+            takeUpMark(curve);
             giveExpression(editor, curve.node, expression.release(), message);
         }
         if (!living) {
@@ -84,6 +85,16 @@ void CommandParseExpr::redo()
 ZK_String CommandParseExpr::getDescription()
 {
     return "Set Expression";
+}
+
+/// Undoing a first expression clears the mark of a sum that had none: the redo finds it again.
+void CommandParseExpr::takeUpMark(Curve& curve)
+{
+    if (!curve.firstAddFunc) {
+        curve.firstAddFunc = isSplineAdded(curve.node);
+    } else if (!curve.oldText) {
+        setSplineAdded(editor, curve.node, *curve.firstAddFunc);
+    }
 }
 
 } // namespace curve_editor

@@ -35,7 +35,11 @@ private:
     {
         NodeStruct* node;               ///< not owned: the catalogue's
         std::optional<QString> oldText; ///< none where it had no expression
+        /// Whether the spline was marked as added when the expression first came; none until then.
+        std::optional<bool> firstAddFunc;
     };
+
+    void takeUpMark(Curve& curve);
 
     CurveEditor* editor;            ///< not owned
     FunctionEditor* functionEditor; ///< not owned

@@ -16,11 +16,12 @@ namespace curve_editor {
 namespace {
 
 /// Merges copies of the keys of `added` into `keys`, and returns the copies.
-QList<PointInfo*> combineKeys(SplineBase& keys, const SplineBase& added)
+QList<KeyRef> combineKeys(SplineBase& keys, const SplineBase& added)
 {
-    QList<PointInfo*> points;
+    QList<KeyRef> points;
     for (const PointInfo* point : keys.combine(added, 0.0)) {
-        points.append(const_cast<PointInfo*>(point)); // a key of ours, shown as one to read
+        // A key of ours, shown as one to read.
+        points.append({const_cast<PointInfo*>(point), keys.keySerial(point)});
     }
     return points;
 }
@@ -90,17 +91,16 @@ void CommandPasteCurve::addTarget(NodeStruct* node)
         return;
     }
     auto keys = std::make_unique<SplineBase>();
-    QList<PointInfo*> pasted;
+    QList<KeyRef> pasted;
     if (keysOnly) {
         keys->copyDup(*live, 0.0);
         pasted = combineKeys(*keys, *source);
     } else {
         keys->copyDup(*source, 0.0);
     }
-    const FunctionFloatBase* const expression = node->livingExpression();
-    keys->setAddFunc(expression && live->isAddFunc());
+    keys->setAddFunc(live->isAddFunc()); // also of a sum whose slot is empty
     pastedPoints.append(pasted);
-    const qsizetype place = contents.add(node, std::move(keys), expressionTextOf(expression));
+    const qsizetype place = contents.add(node, std::move(keys), expressionTextOf(node));
     pastedPoints.last() = pastedPoints.at(place);
 }
 

@@ -2,6 +2,7 @@
 
 #include "commands/CurveCommand.h"
 #include "commands/CurveContents.h"
+#include "core/KeyRef.h"
 
 #include <QList>
 
@@ -9,7 +10,6 @@
 
 class CurveEditor;
 class CurveNode;
-struct PointInfo;
 
 namespace curve_editor {
 
@@ -40,7 +40,7 @@ private:
     QList<NodeStruct*> targets;         ///< not owned: the catalogue's
     std::unique_ptr<SplineBase> source; ///< the keys to paste; null once they are pasted
     CurveContents contents;
-    QList<QList<PointInfo*>> pastedPoints; ///< one list an entry of contents; keys not owned
+    QList<QList<KeyRef>> pastedPoints; ///< one list an entry of contents; keys not owned
     bool keysOnly;
     std::unique_ptr<CommandSelectPoints> selectCommand;
 };

@@ -13,12 +13,15 @@ namespace curve_editor {
 
 namespace {
 
-bool isSameSet(const QList<PointInfo*>& before, const QList<PointInfo*>& after)
+bool isSameSet(const QList<KeyRef>& before, const QList<KeyRef>& after)
 {
-    const QSet<PointInfo*> known(before.cbegin(), before.cend());
+    QSet<std::uint64_t> known;
+    for (const KeyRef& key : before) {
+        known.insert(key.serial);
+    }
     return before.size() == after.size() &&
            std::all_of(after.cbegin(), after.cend(),
-                       [&](PointInfo* point) { return known.contains(point); });
+                       [&](const KeyRef& key) { return known.contains(key.serial); });
 }
 
 } // namespace
@@ -28,7 +31,7 @@ CommandSelectPoints::CommandSelectPoints(CurveEditor* curveEditor)
     , nodes(eligibleRecords(curveEditor))
 {
     for (const NodeStruct* node : std::as_const(nodes)) {
-        before.append(selectedPointsOf(editor, node));
+        before.append(selectedKeysOf(editor, node));
     }
 }
 
@@ -37,7 +40,7 @@ bool CommandSelectPoints::captureFinalState()
     after.clear();
     bool differs = false;
     for (qsizetype i = 0; i < nodes.size(); ++i) {
-        after.append(selectedPointsOf(editor, nodes[i]));
+        after.append(selectedKeysOf(editor, nodes[i]));
         if (findCurveOf(editor, nodes[i])) {
             differs = differs || !isSameSet(before[i], after[i]);
         }
@@ -66,7 +69,7 @@ ZK_String CommandSelectPoints::getDescription()
     return "Select Control Points";
 }
 
-void CommandSelectPoints::apply(const QList<QList<PointInfo*>>& lists)
+void CommandSelectPoints::apply(const QList<QList<KeyRef>>& lists)
 {
     const qsizetype count = qMin(nodes.size(), lists.size());
     for (qsizetype i = 0; i < count; ++i) {

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "commands/CurveCommand.h"
+#include "core/KeyRef.h"
 
 #include <QList>
 
 class CurveEditor;
-struct PointInfo;
 
 namespace curve_editor {
 
@@ -27,12 +27,12 @@ public:
     ZK_String getDescription() override;
 
 private:
-    void apply(const QList<QList<PointInfo*>>& lists);
+    void apply(const QList<QList<KeyRef>>& lists);
 
-    CurveEditor* editor;             ///< not owned
-    QList<NodeStruct*> nodes;        ///< not owned: the catalogue's
-    QList<QList<PointInfo*>> before; ///< one list a node; keys not owned
-    QList<QList<PointInfo*>> after;  ///< one list a node; keys not owned
+    CurveEditor* editor;         ///< not owned
+    QList<NodeStruct*> nodes;    ///< not owned: the catalogue's
+    QList<QList<KeyRef>> before; ///< one list a node; keys not owned
+    QList<QList<KeyRef>> after;  ///< one list a node; keys not owned
 };
 
 } // namespace curve_editor

@@ -15,11 +15,11 @@ CommandSetPointsType::CommandSetPointsType(CurveEditor* curveEditor,
     , newType(type)
 {
     for (const NodeStruct* node : std::as_const(nodes)) {
-        const QList<PointInfo*> selected = selectedPointsOf(editor, node);
+        const QList<KeyRef> selected = selectedKeysOf(editor, node);
         QList<zk_spline::interpolationType> types;
-        for (const PointInfo* point : selected) {
-            types.append(point->type);
-            sameType = sameType && point->type == newType;
+        for (const KeyRef& point : selected) {
+            types.append(point.key->type);
+            sameType = sameType && point.key->type == newType;
         }
         points.append(selected);
         oldTypes.append(types);
@@ -33,10 +33,8 @@ bool CommandSetPointsType::execute()
     }
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         SplineBase* const spline = nodes[node]->livingSpline();
-        for (PointInfo* point : std::as_const(points[node])) {
-            if (spline) {
-                spline->setType(point, newType);
-            }
+        for (const KeyRef& point : membersOf(spline, points[node])) {
+            spline->setType(point.key, newType);
         }
     }
     editor->emitSignalCurvesHaveChanged(nodes);
@@ -48,7 +46,9 @@ void CommandSetPointsType::undo()
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         SplineBase* const spline = nodes[node]->livingSpline();
         for (qsizetype i = 0; spline && i < points[node].size(); ++i) {
-            spline->setType(points[node][i], oldTypes[node][i]);
+            if (spline->holds(points[node][i])) {
+                spline->setType(points[node][i].key, oldTypes[node][i]);
+            }
         }
     }
     editor->emitSignalCurvesHaveChanged(nodes);

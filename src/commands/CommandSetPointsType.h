@@ -2,11 +2,11 @@
 
 #include "commands/CurveCommand.h"
 #include "core/InterpolationType.h"
+#include "core/KeyRef.h"
 
 #include <QList>
 
 class CurveEditor;
-struct PointInfo;
 
 namespace curve_editor {
 
@@ -28,7 +28,7 @@ private:
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     zk_spline::interpolationType newType;
     QList<QList<zk_spline::interpolationType>> oldTypes; ///< one list a node
-    QList<QList<PointInfo*>> points;                     ///< one list a node; not owned
+    QList<QList<KeyRef>> points;                         ///< one list a node; not owned
     bool sameType = true; ///< every selected key has the new type already
 };
 

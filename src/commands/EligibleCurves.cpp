@@ -42,11 +42,11 @@ QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>&
     return records;
 }
 
-QList<PointInfo*> selectedPointsOf(CurveEditor* editor, const NodeStruct* record)
+QList<KeyRef> selectedKeysOf(CurveEditor* editor, const NodeStruct* record)
 {
     const ControlSplineNode* const selection = selectionOf(editor, record);
-    return selection ? membersOf(record->livingSpline(), selection->commandPoints())
-                     : QList<PointInfo*>();
+    return selection ? membersOf(record->livingSpline(), selection->commandKeys())
+                     : QList<KeyRef>();
 }
 
 CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record)
@@ -66,10 +66,14 @@ ControlSplineNode* selectionOf(CurveEditor* editor, const NodeStruct* record)
     return graph ? &graph->selection() : nullptr;
 }
 
-void selectList(CurveEditor* editor, const NodeStruct* record, const QList<PointInfo*>& points)
+void selectList(CurveEditor* editor, const NodeStruct* record, const QList<KeyRef>& keys)
 {
     if (ControlSplineNode* const selection = selectionOf(editor, record)) {
-        selection->selectPoints(membersOf(record->livingSpline(), points));
+        QList<PointInfo*> points;
+        for (const KeyRef& member : membersOf(record->livingSpline(), keys)) {
+            points.append(member.key);
+        }
+        selection->selectPoints(points);
     }
 }
 
@@ -78,12 +82,12 @@ bool showsRecord(CurveNode* curve, const NodeStruct* record)
     return curve && record && curve->isCurve() && curve->spline() == record->livingSpline();
 }
 
-QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points)
+QList<KeyRef> membersOf(const SplineBase* spline, const QList<KeyRef>& keys)
 {
-    QList<PointInfo*> members;
-    for (PointInfo* point : points) {
-        if (spline && point && spline->findIndex(point) >= 0) {
-            members.append(point);
+    QList<KeyRef> members;
+    for (const KeyRef& key : keys) {
+        if (spline && spline->holds(key)) {
+            members.append(key);
         }
     }
     return members;

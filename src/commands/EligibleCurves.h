@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/KeyRef.h"
+
 #include <QList>
 #include <QSet>
 
@@ -7,7 +9,6 @@ class ControlSplineNode;
 class CurveEditor;
 class CurveNode;
 class SplineBase;
-struct PointInfo;
 
 namespace curve_editor {
 
@@ -22,9 +23,12 @@ struct NodeStruct;
 // - A command frees the keys that it owns when it is destroyed. It is then the newest command
 //   that can name them (a redo stack is given up), or the oldest (an undo stack drops its end),
 //   and then what is newer was made while the keys were already out of their spline.
-// - A key is known by identity. Before a command reads or writes a key that it does not own, the
-//   spline must still hold it (findIndex); otherwise somebody else has taken it or freed it, and
-//   the command leaves it alone.
+// - A key is who it is, not where it lies: a command notes it with its serial (KeyRef). Before it
+//   reads or writes a key that it does not own, the spline must still hold that very key
+//   (SplineBase::holds); otherwise somebody else has taken it or freed it, and the command leaves
+//   it alone, whatever key may lie at its address by now.
+// - A command puts a key back under the serial that it had, so that it is the same key again for
+//   all that name it, and stands among keys of its time where it stood.
 // - A spline that its host has destroyed has freed the keys it held. Commands forget those, and
 //   free what they own themselves.
 
@@ -40,7 +44,7 @@ QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>&
 
 /// The selected keys of a record's curve, all of them keys of its spline; none when the curve is
 /// not on the canvas.
-QList<PointInfo*> selectedPointsOf(CurveEditor* editor, const NodeStruct* record);
+QList<KeyRef> selectedKeysOf(CurveEditor* editor, const NodeStruct* record);
 
 /// The leaf on the canvas that bears a record's name and shows its spline, or null.
 CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record);
@@ -49,13 +53,13 @@ CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record);
 ControlSplineNode* selectionOf(CurveEditor* editor, const NodeStruct* record);
 
 /// Makes these keys a curve's selection; those that have left its spline are passed over.
-void selectList(CurveEditor* editor, const NodeStruct* record, const QList<PointInfo*>& points);
+void selectList(CurveEditor* editor, const NodeStruct* record, const QList<KeyRef>& keys);
 
 /// Whether a curve object shows what a record speaks of.
 bool showsRecord(CurveNode* curve, const NodeStruct* record);
 
-/// Those of the points that are keys of the spline, which may be null.
-QList<PointInfo*> membersOf(SplineBase* spline, const QList<PointInfo*>& points);
+/// Those of the keys that are in the spline, which may be null.
+QList<KeyRef> membersOf(const SplineBase* spline, const QList<KeyRef>& keys);
 
 /// Takes all keys that these splines do not hold out of the selections of the curves that show
 /// them, also of those that are not being edited: to be called once, when keys have left. It looks

@@ -14,12 +14,12 @@ namespace curve_editor {
 
 namespace {
 
-QList<PointInfo*> copiesOf(const QList<PointInfo*>& points)
+QList<PointInfo*> copiesOf(const QList<KeyRef>& keys)
 {
     QList<PointInfo*> copies;
-    copies.reserve(points.size());
-    for (const PointInfo* point : points) {
-        copies.append(new PointInfo(*point));
+    copies.reserve(keys.size());
+    for (const KeyRef& key : keys) {
+        copies.append(new PointInfo(*key.key));
     }
     return copies;
 }
@@ -39,8 +39,8 @@ GestureKeys::GestureKeys(CurveEditor* curveEditor)
     , nodes(eligibleRecords(curveEditor))
 {
     for (const NodeStruct* node : std::as_const(nodes)) {
-        points.append(selectedPointsOf(editor, node));
-        before.append(copiesOf(points.last()));
+        keys.append(selectedKeysOf(editor, node));
+        before.append(copiesOf(keys.last()));
     }
 }
 
@@ -54,7 +54,7 @@ bool GestureKeys::capture(const Comparison& isSame)
 {
     freeCopies(after);
     dropDeparted();
-    for (const QList<PointInfo*>& list : std::as_const(points)) {
+    for (const QList<KeyRef>& list : std::as_const(keys)) {
         after.append(copiesOf(list));
     }
     for (qsizetype node = 0; node < nodes.size(); ++node) {
@@ -85,18 +85,18 @@ void GestureKeys::report()
 void GestureKeys::dropDeparted()
 {
     for (qsizetype node = 0; node < nodes.size(); ++node) {
-        SplineBase* const spline = nodes[node]->livingSpline();
-        QList<PointInfo*> keptPoints;
+        const SplineBase* const spline = nodes[node]->livingSpline();
+        QList<KeyRef> keptKeys;
         QList<PointInfo*> keptCopies;
-        for (qsizetype i = 0; i < points[node].size(); ++i) {
-            if (spline && spline->findIndex(points[node][i]) >= 0) {
-                keptPoints.append(points[node][i]);
+        for (qsizetype i = 0; i < keys[node].size(); ++i) {
+            if (spline && spline->holds(keys[node][i])) {
+                keptKeys.append(keys[node][i]);
                 keptCopies.append(before[node][i]);
             } else {
                 delete before[node][i];
             }
         }
-        points[node] = keptPoints;
+        keys[node] = keptKeys;
         before[node] = keptCopies;
     }
 }
@@ -111,9 +111,9 @@ void GestureKeys::apply(const PointLists& states, const Writer& write)
         }
         std::vector<RetimedKey> held;
         std::vector<const PointInfo*> copies;
-        for (qsizetype i = 0; i < points[node].size(); ++i) {
-            if (spline->findIndex(points[node][i]) >= 0) {
-                held.push_back({points[node][i], states[node][i]->time});
+        for (qsizetype i = 0; i < keys[node].size(); ++i) {
+            if (spline->holds(keys[node][i])) {
+                held.push_back({keys[node][i].key, states[node][i]->time});
                 copies.push_back(states[node][i]);
             }
         }

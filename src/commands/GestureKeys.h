@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KeyRef.h"
 #include "core/PointInfo.h"
 
 #include <QList>
@@ -44,11 +45,11 @@ private:
     void dropDeparted();
     void apply(const PointLists& states, const Writer& write);
 
-    CurveEditor* editor;      ///< not owned
-    QList<NodeStruct*> nodes; ///< not owned: the catalogue's
-    PointLists points;        ///< the live keys, not owned
-    PointLists before;        ///< owned copies
-    PointLists after;         ///< owned copies; empty until the capture
+    CurveEditor* editor;       ///< not owned
+    QList<NodeStruct*> nodes;  ///< not owned: the catalogue's
+    QList<QList<KeyRef>> keys; ///< the live keys, not owned
+    PointLists before;         ///< owned copies
+    PointLists after;          ///< owned copies; empty until the capture
 };
 
 } // namespace curve_editor

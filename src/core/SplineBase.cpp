@@ -1,4 +1,5 @@
 #include "core/SplineBase.h"
+#include "core/DepartedKeys.h"
 
 SplineBase::SplineBase() = default;
 
@@ -12,7 +13,7 @@ SplineBase& SplineBase::operator=(const SplineBase& other)
     if (this != &other) {
         takeFields(other);
         controlPoints = other.controlPoints;
-        members = other.members;
+        serials = other.serials;
         orderUpset = other.orderUpset;
     }
     return *this;

@@ -1,16 +1,19 @@
 #pragma once
 
+#include "core/KeyRef.h"
+#include "core/KeySerials.h"
 #include "core/LifeToken.h"
 #include "core/PointInfo.h"
 #include "zk_curve_core_export.h"
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <iosfwd>
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
+class DepartedKeys;
 class FunctionFloatBase;
 
 /// A keyed curve: keys ascending in time, and a behaviour before the first and after the last.
@@ -28,6 +31,10 @@ class FunctionFloatBase;
 /// Members that take a key by pointer know it by identity alone. They do nothing when it is not
 /// a key of this spline and never read through such a pointer. Members that take an index do
 /// nothing when it is out of range.
+///
+/// A key that enters a spline gets a serial, which no other key of the process ever has. Keys of
+/// equal times stand in the order of their serials: a new key behind the others, and one that
+/// comes back where it stood before.
 ///
 /// A spline alone may be evaluated from several threads as long as nobody edits it; with an
 /// expression on the user-interface thread only.
@@ -123,11 +130,20 @@ public:
 
     /// Adds a new TCB key with all other data 0, behind keys of the same time.
     void addPoint(const double& time, const double& value);
-    /// Takes the key into the spline, behind keys of the same time, and returns it. From then on
-    /// the spline owns it. A key that is inside already is only put in order; null does nothing.
+    /// Takes the key into the spline and returns it. From then on the spline owns it. A key is new,
+    /// and goes behind keys of the same time, unless it comes back just as `remove` gave it out: it
+    /// then takes its former place among them, as long as it is one of the last 1024 that were
+    /// removed. A key that is inside already is only put in order; null does nothing.
     PointInfo* addPointPtr(PointInfo* point);
+    /// The same for a caller who knows what the key is: new, with 0, or that which had this serial
+    /// here, however it has changed since. Returns the key with the serial that it now has.
+    KeyRef addPointPtr(PointInfo* point, std::uint64_t serial);
     /// Takes the key out without freeing it: it belongs to the caller.
     void remove(const PointInfo* point);
+    /// The serial of this key, 0 when it is not a key of this spline.
+    std::uint64_t keySerial(const PointInfo* point) const;
+    /// Whether the very key is in this spline, and not another one at its address.
+    bool holds(const KeyRef& ref) const;
     /// Frees all keys.
     void removeAllControlPoints();
 
@@ -155,8 +171,8 @@ public:
 
     /// Becomes a deep copy: new keys, both behaviours, default value and both flags.
     void copy(const SplineBase& source);
-    /// Takes over the keys of source as pointers and its other fields. Drops its own keys without
-    /// freeing them; the changed flag is set.
+    /// Takes over the keys of source as pointers, with their serials, and its other fields. Drops
+    /// its own keys without freeing them; the changed flag is set.
     void copyRefs(const SplineBase& source);
     /// Becomes a copy with new keys moved by `offset` seconds, both behaviours and default value.
     void copyDup(const SplineBase& source, const double& offset);
@@ -184,6 +200,9 @@ private:
     using PointList = std::vector<PointInfo*>;
 
     PointList::iterator find(const PointInfo* point);
+    static std::uint64_t newSerial();
+    bool comesBefore(const PointInfo* point, const PointInfo* other) const;
+    void insertNew(PointInfo* point);
     void insertInOrder(PointInfo* point);
     void settle(std::size_t index);
     void restoreOrder();
@@ -231,7 +250,8 @@ private:
     bool changed = true;
     PointList controlPoints; ///< owned, but for copies that share them; see the class comment
 
-    std::unordered_set<const PointInfo*> members; ///< the keys of controlPoints; not owned
+    KeySerials serials;                     ///< of the keys of controlPoints
+    std::unique_ptr<DepartedKeys> departed; ///< null until a key is removed
     bool orderUpset = false; ///< times were written past setTime: the list must be sorted anew
     mutable std::atomic<std::size_t> lastSegment{0}; ///< a guess only: it may be out of range
     LifeToken life;

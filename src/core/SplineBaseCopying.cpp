@@ -2,6 +2,7 @@
 #include "core/TimeOrder.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 
 void SplineBase::copy(const SplineBase& source)
@@ -34,10 +35,11 @@ void SplineBase::copyDup(const SplineBase& source, const double& offset)
 
 void SplineBase::copySelected(const SplineBase& source, const std::vector<const PointInfo*>& points)
 {
-    const std::unordered_set<const PointInfo*> listed(points.begin(), points.end());
+    std::vector<const PointInfo*> listed = points;
+    std::sort(listed.begin(), listed.end(), std::less<>());
     PointList selected;
     for (const PointInfo* point : source.controlPoints) {
-        if (listed.count(point) != 0) {
+        if (std::binary_search(listed.begin(), listed.end(), point, std::less<>())) {
             selected.push_back(new PointInfo(*point));
         }
     }
@@ -55,12 +57,16 @@ std::vector<const PointInfo*> SplineBase::combine(const SplineBase& source, cons
     if (orderUpset) {
         restoreOrder();
     }
+    serials.reserve(controlPoints.size() + added.size());
+    for (const PointInfo* point : added) {
+        serials.insert(point, newSerial());
+    }
     PointList merged;
     merged.reserve(controlPoints.size() + added.size());
+    // At equal times those that are here already come first: the others are new.
     std::merge(controlPoints.begin(), controlPoints.end(), added.begin(), added.end(),
                std::back_inserter(merged), TimeOrder());
     controlPoints.swap(merged);
-    members.insert(added.begin(), added.end());
     changed = true;
     return {added.begin(), added.end()};
 }
@@ -78,12 +84,12 @@ SplineBase::PointList SplineBase::duplicates(const double& offset) const
     return points;
 }
 
-/// Becomes the owner of these keys; the list must be empty.
+/// Becomes the owner of these new keys; the list must be empty.
 void SplineBase::takePoints(const PointList& newPoints)
 {
     controlPoints.reserve(newPoints.size());
-    members.reserve(newPoints.size());
+    serials.reserve(newPoints.size());
     for (PointInfo* point : newPoints) {
-        insertInOrder(point);
+        insertNew(point);
     }
 }

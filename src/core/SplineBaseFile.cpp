@@ -136,13 +136,13 @@ void SplineBase::load(SplineBase* spline, std::ifstream& stream)
             return;
         }
         loaded.controlPoints.push_back(new PointInfo(point));
+        loaded.serials.insert(loaded.controlPoints.back(), newSerial());
     }
     // Sorted once: a file may hold its keys in any order.
-    loaded.members.insert(loaded.controlPoints.begin(), loaded.controlPoints.end());
     loaded.restoreOrder();
     spline->freePoints();
     spline->controlPoints.swap(loaded.controlPoints);
-    spline->members.swap(loaded.members);
+    spline->serials.swap(loaded.serials);
     spline->firstType = loaded.firstType;
     spline->lastType = loaded.lastType;
     spline->defaultValue = loaded.defaultValue;

@@ -1,24 +1,48 @@
+#include "core/DepartedKeys.h"
 #include "core/SplineBase.h"
 #include "core/TimeOrder.h"
 
 #include <algorithm>
+#include <atomic>
+
+/// Greater than any that was given before. Never 0.
+std::uint64_t SplineBase::newSerial()
+{
+    static std::atomic<std::uint64_t> last{0};
+    return last.fetch_add(1, std::memory_order_relaxed) + 1;
+}
+
+/// The order of the list: by time, and at equal times by serial. Both are keys of this spline.
+bool SplineBase::comesBefore(const PointInfo* point, const PointInfo* other) const
+{
+    return isBefore(point->time, other->time) ||
+           (!isBefore(other->time, point->time) && serials.of(point) < serials.of(other));
+}
+
+std::uint64_t SplineBase::keySerial(const PointInfo* point) const
+{
+    return serials.of(point);
+}
+
+bool SplineBase::holds(const KeyRef& ref) const
+{
+    return ref.serial != 0 && serials.of(ref.key) == ref.serial;
+}
 
 SplineBase::PointList::iterator SplineBase::find(const PointInfo* point)
 {
     // Only a member may be read: any other pointer may be a key that is long freed.
-    if (members.count(point) == 0) {
+    if (serials.of(point) == 0) {
         return controlPoints.end();
     }
     if (!orderUpset) {
-        auto candidate =
-            std::lower_bound(controlPoints.begin(), controlPoints.end(), point->time, TimeOrder());
-        while (candidate != controlPoints.end() && !isBefore(point->time, (*candidate)->time)) {
-            if (*candidate == point) {
-                return candidate;
-            }
-            ++candidate;
+        const auto candidate = std::lower_bound(
+            controlPoints.begin(), controlPoints.end(), point,
+            [this](const PointInfo* a, const PointInfo* b) { return comesBefore(a, b); });
+        if (candidate != controlPoints.end() && *candidate == point) {
+            return candidate;
         }
-        // A member that is not among the keys of its time: somebody wrote times past setTime.
+        // A member that is not where it belongs: somebody wrote times past setTime.
         orderUpset = true;
     }
     return std::find(controlPoints.begin(), controlPoints.end(), point);
@@ -51,7 +75,8 @@ void SplineBase::addPoint(const double& time, const double& value)
     auto* point = new PointInfo;
     point->time = time;
     point->value = value;
-    addPointPtr(point);
+    insertNew(point);
+    changed = true;
 }
 
 PointInfo* SplineBase::addPointPtr(PointInfo* point)
@@ -59,24 +84,40 @@ PointInfo* SplineBase::addPointPtr(PointInfo* point)
     if (point == nullptr) {
         return nullptr;
     }
+    return addPointPtr(point, departed != nullptr ? departed->take(point) : 0).key;
+}
+
+KeyRef SplineBase::addPointPtr(PointInfo* point, std::uint64_t serial)
+{
+    if (point == nullptr) {
+        return KeyRef();
+    }
     const auto found = find(point);
-    if (found == controlPoints.end()) {
-        insertInOrder(point);
-    } else {
+    if (found != controlPoints.end()) {
         settle(static_cast<std::size_t>(found - controlPoints.begin()));
+    } else if (serial == 0) {
+        insertNew(point);
+    } else {
+        serials.insert(point, serial);
+        insertInOrder(point);
     }
     changed = true;
-    return point;
+    return {point, serials.of(point)};
 }
 
 void SplineBase::remove(const PointInfo* point)
 {
     const auto found = find(point);
-    if (found != controlPoints.end()) {
-        controlPoints.erase(found);
-        members.erase(point);
-        changed = true;
+    if (found == controlPoints.end()) {
+        return;
     }
+    if (departed == nullptr) {
+        departed = std::make_unique<DepartedKeys>();
+    }
+    departed->note(point, serials.of(point));
+    controlPoints.erase(found);
+    serials.erase(point);
+    changed = true;
 }
 
 void SplineBase::removeAllControlPoints()
@@ -112,37 +153,38 @@ void SplineBase::copyPoint(const PointInfo* target, const PointInfo* source)
 {
     const auto found = find(target);
     if (found != controlPoints.end() && source != nullptr) {
-        PointInfo* const point = *found;
-        controlPoints.erase(found);
-        *point = *source;
-        insertInOrder(point);
+        **found = *source;
+        settle(static_cast<std::size_t>(found - controlPoints.begin()));
         changed = true;
     }
 }
 
 void SplineBase::copyPointNoUpdate(PointInfo* target, const PointInfo* source)
 {
-    // Asked of the members alone: where the key stands does not matter, and the order may be upset.
-    if (members.count(target) != 0 && source != nullptr) {
+    // Asked of the serials alone: where the key stands does not matter, and the order may be upset.
+    if (serials.of(target) != 0 && source != nullptr) {
         orderUpset = orderUpset || target->time != source->time;
         *target = *source;
     }
 }
 
-/// Takes the point in behind all keys of its time.
+/// Takes in a key that the spline never held. It goes behind all keys of its time.
+void SplineBase::insertNew(PointInfo* point)
+{
+    serials.insert(point, newSerial());
+    if (!orderUpset &&
+        (controlPoints.empty() || !isBefore(point->time, controlPoints.back()->time))) {
+        controlPoints.push_back(point); // no need to compare serials: the last is the greatest
+    } else {
+        insertInOrder(point);
+    }
+}
+
+/// Gives its place to a key that has its serial already.
 void SplineBase::insertInOrder(PointInfo* point)
 {
-    members.insert(point);
-    if (orderUpset) {
-        controlPoints.push_back(point);
-        restoreOrder();
-    } else if (controlPoints.empty() || !isBefore(point->time, controlPoints.back()->time)) {
-        controlPoints.push_back(point);
-    } else {
-        controlPoints.insert(
-            std::upper_bound(controlPoints.begin(), controlPoints.end(), point, TimeOrder()),
-            point);
-    }
+    controlPoints.push_back(point);
+    settle(controlPoints.size() - 1);
 }
 
 /// Moves the key at the index past the neighbours that it is out of order with.
@@ -152,19 +194,21 @@ void SplineBase::settle(std::size_t index)
         restoreOrder();
         return;
     }
+    const auto order = [this](const PointInfo* a, const PointInfo* b) { return comesBefore(a, b); };
     const auto place = controlPoints.begin() + static_cast<std::ptrdiff_t>(index);
     const auto next = place + 1;
-    const double time = (*place)->time;
-    if (next != controlPoints.end() && isBefore((*next)->time, time)) {
-        std::rotate(place, next, std::lower_bound(next, controlPoints.end(), time, TimeOrder()));
-    } else if (place != controlPoints.begin() && isBefore(time, (*(place - 1))->time)) {
-        std::rotate(std::upper_bound(controlPoints.begin(), place, time, TimeOrder()), place, next);
+    PointInfo* const point = *place;
+    if (next != controlPoints.end() && comesBefore(*next, point)) {
+        std::rotate(place, next, std::lower_bound(next, controlPoints.end(), point, order));
+    } else if (place != controlPoints.begin() && comesBefore(point, *(place - 1))) {
+        std::rotate(std::upper_bound(controlPoints.begin(), place, point, order), place, next);
     }
 }
 
 void SplineBase::restoreOrder()
 {
-    std::stable_sort(controlPoints.begin(), controlPoints.end(), TimeOrder());
+    std::sort(controlPoints.begin(), controlPoints.end(),
+              [this](const PointInfo* a, const PointInfo* b) { return comesBefore(a, b); });
     orderUpset = false;
 }
 
@@ -172,7 +216,7 @@ void SplineBase::restoreOrder()
 void SplineBase::dropPoints()
 {
     controlPoints.clear();
-    members.clear();
+    serials.clear();
     orderUpset = false;
 }
 

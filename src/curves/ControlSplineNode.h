@@ -1,15 +1,22 @@
 #pragma once
 
+#include "core/KeyRef.h"
 #include "curves/SplineHandle.h"
 
 #include <QList>
 #include <QObject>
 
+#include <cstdint>
 #include <vector>
 
 class SplineCurveGraph;
 
 /// A curve's selection of keys, and the tool that moves them.
+///
+/// A selected key may leave its spline at any time and be freed, and a new one may then lie at its
+/// address. So the selection notes who each key is (see KeyRef) when it is selected, and passes
+/// over those that are gone: whoever reads through a selected key takes it from heldPoints or
+/// heldCurrent.
 class ControlSplineNode : public QObject
 {
     Q_OBJECT
@@ -35,6 +42,8 @@ public:
     void setCurrentPoint(PointInfo* point);
     /// The point alone is selected; null selects nothing.
     void selectSinglePoint(PointInfo* point);
+    /// The same for a key of another spline.
+    void selectSingleKey(const KeyRef& key);
     /// Selects these, the first of them current. More than one are to ascend in time.
     void selectPoints(const QList<PointInfo*>& points);
     /// Takes the point into the selection, or out of it; the last one in time becomes current.
@@ -44,12 +53,20 @@ public:
     void clear();
     /// Forgets selected keys that the spline does not hold.
     void dropDeparted();
+    /// The selected keys in their order, without those that the spline does not hold.
+    QList<PointInfo*> heldPoints() const;
+    /// The current point; null as well when the spline does not hold it.
+    PointInfo* heldCurrent() const;
+    /// Whether the key, which is one of the spline, is selected.
+    bool isSelected(const PointInfo* key) const;
+    /// All that are selected in their order, also those that are gone, and without null.
+    QList<KeyRef> selectedKeys() const;
     /// A current point is set and at least one key is selected (and the spline lives).
     bool hasSelection() const;
     /// What commands work on: none without a current point or a selected key; the current point
-    /// alone while one key is selected; otherwise the whole list.
-    QList<PointInfo*> commandPoints() const;
-    /// The list in its order.
+    /// alone while one key is selected; otherwise the whole list. Some may be gone.
+    QList<KeyRef> commandKeys() const;
+    /// The list in its order, without those that are gone.
     std::vector<const PointInfo*> selectedPointsVector() const;
     /// Times of the first and the last key of the list, in seconds; of the current point where
     /// the list is empty. Keys that left the spline are passed over; 0 when none is left.
@@ -76,14 +93,17 @@ public:
 
     SplineCurveGraph* owner; ///< the graph that holds this object
     int keyPart = keyItself; ///< see keyParts
-    /// Keys of the spline, owned by it. currentPoint is null or in selectedPoints. Whoever reads
-    /// through one asks the spline first (findIndex): another editor may have freed the key, and
-    /// the arrow keys may have put a key of another curve here.
+    /// Keys of the spline, owned by it. currentPoint is null or in selectedPoints. Any of them may
+    /// be freed, and the arrow keys may have put a key of another curve here: see the class
+    /// comment. Whoever writes an address here directly names the key that lies there when the
+    /// selection is next used; an address that stays keeps its key.
     PointInfo* currentPoint = nullptr;
     QList<PointInfo*> selectedPoints;
 
 private:
-    bool isKey(const PointInfo* point) const;
+    KeyRef present(PointInfo* point) const;
+    void note() const;
+    bool isHeld(const qsizetype& index) const;
     bool canEditCurrentPoint() const;
     void placeCurrentPoint(const double& time, const double& value);
     void moveHandle(const double& x, const double& y);
@@ -91,4 +111,9 @@ private:
     PointInfo* bestPoint(const IsBetter& isBetter) const;
 
     SplineHandle splineHandle;
+
+    // Who the keys of the two public fields are, as far as these still say the same.
+    mutable QList<PointInfo*> notedPoints;
+    mutable std::vector<std::uint64_t> notedSerials; ///< one for each of notedPoints
+    mutable KeyRef notedCurrent;
 };

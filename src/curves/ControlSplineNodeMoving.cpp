@@ -37,7 +37,7 @@ void ControlSplineNode::offsetPoint(const double& dx, const double& dy)
 
 bool ControlSplineNode::canEditCurrentPoint() const
 {
-    return selectedPoints.size() < 2 && isKey(currentPoint);
+    return selectedPoints.size() < 2 && heldCurrent();
 }
 
 void ControlSplineNode::placeCurrentPoint(const double& time, const double& value)

@@ -39,7 +39,7 @@ void CurveXmlContent::moveInto(SplineBase* spline, FunctionFloatBase** slot,
             return TimeOrder()(a.get(), b.get());
         });
         for (std::unique_ptr<PointInfo>& point : points) {
-            spline->addPointPtr(point.release());
+            spline->addPointPtr(point.release(), 0);
         }
         points.clear();
     }

@@ -12,7 +12,6 @@ struct RetimedKey
     double time;
 };
 
-/// Gives keys new times and keeps the spline in order. All are keys of the spline, each once; keys
-/// that move together never pass each other. The effort for many keys does not hang on how far
-/// they go.
+/// Gives keys new times and keeps the spline in order. All are keys of the spline, each once. The
+/// effort for many keys does not hang on how far they go.
 void retimeKeys(SplineBase& spline, const std::vector<RetimedKey>& keys);

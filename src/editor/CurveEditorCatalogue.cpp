@@ -14,7 +14,6 @@
 
 using curve_editor::CommandAddCurve;
 using curve_editor::DottedName;
-using curve_editor::parserForm;
 
 void CurveEditor::addNewMainNode(const QString& node)
 {

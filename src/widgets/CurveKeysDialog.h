@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KeyRef.h"
 #include "core/ZkTypes.h"
 #include "ui_CurveKeysSetter.h"
 #include "widgets/KeyFields.h"
@@ -92,7 +93,7 @@ private:
     /// without a selection.
     static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
     /// The selected keys of those graphs, as far as their splines hold them.
-    QList<const PointInfo*> editableKeys() const;
+    QList<KeyRef> editableKeys() const;
     /// A time in seconds is shown multiplied by it: 1, or the rate for frames.
     double presentUnit() const;
     /// What there is to show of the graphs shown.
@@ -125,6 +126,6 @@ private:
     bool isShowing = false;        ///< a value that a field sends now was not sent by the user
     std::unique_ptr<curve_editor::CommandChangePoints> pendingChange; ///< between press and release
     std::unique_ptr<curve_editor::CommandMovePoints> pendingMove;     ///< the same, for positions
-    /// The keys that the pending one knows; not owned and never read.
-    QList<const PointInfo*> pendingKeys;
+    /// The keys that the pending one knows; never read.
+    QList<KeyRef> pendingKeys;
 };

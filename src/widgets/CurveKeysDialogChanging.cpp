@@ -9,7 +9,6 @@
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/CommandSetPointsType.h"
-#include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
 #include "editor/CurveEditor.h"
 #include "widgets/NodeTypePositions.h"
@@ -181,7 +180,7 @@ void CurveKeysDialog::applyToKeys(SplineCurveGraph* graph, const keyFields& fiel
         return;
     }
     SplineBase* const spline = selection.spline();
-    for (PointInfo* const key : membersOf(spline, selection.selectedPoints)) {
+    for (PointInfo* const key : selection.heldPoints()) {
         if (field != timeField) {
             copyField(*spline, key, field, record);
         } else if (selection.selectedPoints.size() == 1) {

@@ -5,7 +5,6 @@
 #include "canvas/FunctionEditor.h"
 #include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
-#include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
@@ -92,20 +91,22 @@ PointInfo* CurveKeysDialog::leadingKeyOf(SplineCurveGraph* graph)
     if (!selection.hasSelection()) {
         return nullptr;
     }
-    const QList<PointInfo*> keys = membersOf(selection.spline(), selection.selectedPoints);
-    if (keys.contains(selection.currentPoint)) {
-        return selection.currentPoint;
+    if (PointInfo* const current = selection.heldCurrent()) {
+        return current;
     }
+    const QList<PointInfo*> keys = selection.heldPoints();
     return keys.isEmpty() ? nullptr : keys.first();
 }
 
-QList<const PointInfo*> CurveKeysDialog::editableKeys() const
+QList<KeyRef> CurveKeysDialog::editableKeys() const
 {
-    QList<const PointInfo*> keys;
+    QList<KeyRef> keys;
     for (SplineCurveGraph* const graph : editableGraphs()) {
         const ControlSplineNode& selection = graph->selection();
-        for (const PointInfo* const key : membersOf(selection.spline(), selection.selectedPoints)) {
-            keys.append(key);
+        for (const KeyRef& key : selection.selectedKeys()) {
+            if (selection.spline() && selection.spline()->holds(key)) {
+                keys.append(key);
+            }
         }
     }
     return keys;
@@ -139,9 +140,11 @@ ShownKeys CurveKeysDialog::selectedKeys() const
             now.differences.index = true;
             now.differences.fields[timeField] = true;
         }
-        for (const PointInfo* const key : selected.readable(selection)) {
-            now.differences.add(now.reference, *key);
-            now.keys.append(key);
+        for (const KeyRef& key : selection.selectedKeys()) {
+            if (selected.mayRead(selection, key)) {
+                now.differences.add(now.reference, *key.key);
+                now.keys.append(key);
+            }
         }
     }
     return now;

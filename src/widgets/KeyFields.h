@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/KeyRef.h"
 #include "core/PointInfo.h"
 
 #include <QList>
@@ -52,8 +53,8 @@ struct KeyDifferences
 /// All that the fields of keys show.
 struct ShownKeys
 {
-    /// Not owned and never read, for they may be gone. None: nothing is shown.
-    QList<const PointInfo*> keys;
+    /// Never read, for they may be gone. None: nothing is shown.
+    QList<KeyRef> keys;
     PointInfo reference; ///< a copy of the first of them
     int index = -1;      ///< of the reference in its spline
     KeyDifferences differences;

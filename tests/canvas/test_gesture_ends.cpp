@@ -266,24 +266,6 @@ private slots:
         QVERIFY(DraggedCurve(curve->spline) == first);
     }
 
-    /// A field goes on after a step of somebody else: the rest of the drag is one step more.
-    void aFieldDragBrokenIntoIsOneStepMore()
-    {
-        const DraggedCurve first(curve->spline);
-        fixture->click(at(20, 20));
-        CurveKeysDialog& dialog = *fixture->canvas().keysDialog();
-        dialog.startMovePoints();
-        dialog.valueChanged(21.0, dialog.posY);
-        fixture->editor.setLastNodeLoop();
-        for (const double& value : {22.0, 23.0, 24.0}) {
-            dialog.valueChanged(value, dialog.posY);
-        }
-        dialog.endMovePoints();
-        QCOMPARE(fixture->undoAll(),
-                 (QStringList{moveLabel, "Set Last Node Behaviour", moveLabel, selectLabel}));
-        QVERIFY(DraggedCurve(curve->spline) == first);
-    }
-
 private:
     static QPoint at(const double& time, const double& value)
     {

@@ -129,9 +129,9 @@ private:
             if (!spline || !hasKeys(curve->curveType())) {
                 continue;
             }
-            for (PointInfo* key : curve->splineGraph()->selection().commandPoints()) {
-                if (spline->findIndex(key) >= 0) {
-                    action(*spline, key);
+            for (const KeyRef& key : curve->splineGraph()->selection().commandKeys()) {
+                if (spline->holds(key)) {
+                    action(*spline, key.key);
                 }
             }
         }

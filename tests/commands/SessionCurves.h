@@ -21,13 +21,16 @@ struct CurveState
     /// False in steps of before the host put other keys there: nothing is said of the curve then.
     bool isKnown = true;
 
+    /// The mark of an added expression says nothing where there is none.
     bool agreesWith(const CurveState& actual) const
     {
         if (!isKnown) {
             return true;
         }
-        return isExpressionKnown ? spline == actual.spline && expression == actual.expression
-                                 : spline.hasSameShape(actual.spline);
+        if (!isExpressionKnown || (!expression && !actual.expression)) {
+            return spline.hasSameShape(actual.spline);
+        }
+        return spline == actual.spline && expression == actual.expression;
     }
 
     /// An expression, or the mark of one, which may be left over from one that was lost.

@@ -31,7 +31,8 @@ private slots:
     void deletingNamesACurveWithoutExpressionAndUndoLeavesItAlone();
     void deletingIsUndoneOnACurveThatHasLeftTheCanvas();
     void deletingAgainOnACurveThatHasLeftTheCanvasNoLongerAddsTheSpline();
-    void deletingOffTheCanvasLeavesNoSumWithoutExpression();
+    void deletingOffTheCanvasEmptiesTheSlotAlone();
+    void deletingOffTheCanvasIsRedoneTheSameOnTheCanvas();
     void aSumWithoutExpressionIsNotBroughtBack();
     void deletingMakesASplineOfASplinePlusExpression();
     void deletingPassesOverRecordsWithoutASlot();
@@ -252,7 +253,31 @@ void TestExpressionCommands::deletingAgainOnACurveThatHasLeftTheCanvasNoLongerAd
     QVERIFY(!lent.spline.isAddFunc());
 }
 
-void TestExpressionCommands::deletingOffTheCanvasLeavesNoSumWithoutExpression()
+void TestExpressionCommands::deletingOffTheCanvasEmptiesTheSlotAlone()
+{
+    LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
+    a.spline.setAddFunc(true);
+    NodeStruct* const record = fixture->editor.searchAllNodeList("n.a");
+    fixture->editor.setCurveEditableOff(record);
+    QVERIFY(steps->removeRecords({record}));
+    QCOMPARE(expressionOf(a), QString("none"));
+    QVERIFY(a.spline.isAddFunc());
+    fixture->editor.setCurveEditableOn(record);
+    QVERIFY(steps->parse("f", {"n.a"}));
+    for (int round = 0; round < 2; ++round) {
+        QCOMPARE(expressionOf(a), QString("f"));
+        QVERIFY(a.spline.isAddFunc());
+        steps->undo(); // of a first expression: a plain spline is left
+        QVERIFY(!a.spline.isAddFunc());
+        steps->undo();
+        QVERIFY(a.spline.isAddFunc());
+        QCOMPARE(expressionOf(a), QString("t"));
+        steps->redo();
+        steps->redo();
+    }
+}
+
+void TestExpressionCommands::deletingOffTheCanvasIsRedoneTheSameOnTheCanvas()
 {
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
@@ -260,17 +285,10 @@ void TestExpressionCommands::deletingOffTheCanvasLeavesNoSumWithoutExpression()
     fixture->editor.setCurveEditableOff(record);
     QVERIFY(steps->removeRecords({record}));
     fixture->editor.setCurveEditableOn(record);
-    const bool wasAdded = a.spline.isAddFunc();
-    QVERIFY(!wasAdded);
-    // What is set there next can be undone to what there was.
-    QVERIFY(steps->parse("f", {"n.a"}));
     steps->undo();
-    QCOMPARE(a.spline.isAddFunc(), wasAdded);
-    steps->undo();
-    QVERIFY(a.spline.isAddFunc());
-    QCOMPARE(expressionOf(a), QString("t"));
     steps->redo();
-    QCOMPARE(a.spline.isAddFunc(), wasAdded);
+    QCOMPARE(expressionOf(a), QString("none"));
+    QVERIFY(a.spline.isAddFunc());
 }
 
 void TestExpressionCommands::aSumWithoutExpressionIsNotBroughtBack()

@@ -114,6 +114,23 @@ private slots:
         }
     }
 
+    void aSumWithoutExpressionStaysASum()
+    {
+        EditorFixture fixture;
+        fillClipboard(fixture);
+        LentCurve& target = fixture.editCurve("n.s", {{1, 1}});
+        target.spline.setAddFunc(true);
+        const int type = fixture.logic().editingType();
+        for (const bool keysOnly : {false, true}) {
+            keysOnly ? fixture.editor.pasteKeys() : fixture.editor.paste();
+            QVERIFY(target.spline.isAddFunc());
+            QCOMPARE(fixture.logic().editingType(), type);
+            managerOf(fixture).undo();
+            QVERIFY(target.spline.isAddFunc());
+            QCOMPARE(keyTimes(target.spline), QList<double>{1});
+        }
+    }
+
     void severalCurvesAreOneStep()
     {
         EditorFixture fixture;

@@ -24,6 +24,7 @@ protected:
     }
 
     PointInfo* key(const unsigned& index) { return spline->at(index); }
+    KeyRef ref(const unsigned& index) { return {key(index), spline->keySerial(key(index))}; }
 
     std::unique_ptr<SplineBase> spline;
     std::unique_ptr<ControlSplineNode> node;

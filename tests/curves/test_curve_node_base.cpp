@@ -233,7 +233,7 @@ void TestCurveNodeBase::aDestroyedSplineIsNeverTouchedAgain()
     QVERIFY(!curve->expression());
     QVERIFY(!curve->expressionSlot());
     QVERIFY(curve->splines().isEmpty());
-    QVERIFY(curve->splineGraph()->selection().commandPoints().isEmpty());
+    QVERIFY(curve->splineGraph()->selection().commandKeys().isEmpty());
     QCOMPARE(curve->curveType(), int(splineCurve));
     QCOMPARE(curve->evaluate(1.0), 0.0);
     curve->markChanged();

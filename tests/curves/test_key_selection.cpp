@@ -38,7 +38,7 @@ private slots:
     void theEarliestOfEqualTimesIsTheCurrentPoint();
     void theExtremePointsPassOverKeysThatLeftTheSpline();
 
-    void commandPointsAreNoneOneOrAll();
+    void commandKeysAreNoneOneOrAll();
     void aDestroyedSplineCountsAsNoSelection();
     void selectedPointsAsAVectorKeepTheirOrder();
 
@@ -280,15 +280,15 @@ void TestKeySelection::theExtremePointsPassOverKeysThatLeftTheSpline()
     QCOMPARE(node->highestPoint(), key(1));
 }
 
-void TestKeySelection::commandPointsAreNoneOneOrAll()
+void TestKeySelection::commandKeysAreNoneOneOrAll()
 {
-    QVERIFY(node->commandPoints().isEmpty());
+    QVERIFY(node->commandKeys().isEmpty());
     node->selectSinglePoint(key(1));
-    QCOMPARE(node->commandPoints(), QList<PointInfo*>{key(1)});
+    QCOMPARE(node->commandKeys(), QList<KeyRef>{ref(1)});
     node->selectPoints({key(0), key(2)});
-    QCOMPARE(node->commandPoints(), (QList<PointInfo*>{key(0), key(2)}));
+    QCOMPARE(node->commandKeys(), (QList<KeyRef>{ref(0), ref(2)}));
     node->currentPoint = nullptr;
-    QVERIFY(node->commandPoints().isEmpty());
+    QVERIFY(node->commandKeys().isEmpty());
 }
 
 void TestKeySelection::aDestroyedSplineCountsAsNoSelection()
@@ -297,7 +297,7 @@ void TestKeySelection::aDestroyedSplineCountsAsNoSelection()
     spline.reset();
     QVERIFY(!node->spline());
     QVERIFY(!node->hasSelection());
-    QVERIFY(node->commandPoints().isEmpty());
+    QVERIFY(node->commandKeys().isEmpty());
     QVERIFY(node->selectedPointsVector().empty());
     QVERIFY(!node->earliestPoint());
     double first = -1.0;
