@@ -49,8 +49,11 @@ public:
             }
             if (limit > 0) {
                 done.push_back({label, below, above, isSecond, {}});
-                for (const std::size_t& curve : refilledMeanwhile) {
+                for (const std::size_t& curve : meanwhile) {
                     done.back().forget(curve);
+                    if (isGesture) {
+                        done.back().refilledSince.insert(curve);
+                    }
                 }
             }
         }
@@ -99,16 +102,25 @@ public:
     {
         now[curve] = actual[curve];
         before[curve] = actual[curve];
-        refilledMeanwhile.insert(curve);
+        meanwhile.insert(curve);
         for (Stack* stack : {&done, &undone}) {
             for (Step& step : *stack) {
                 step.forget(curve);
+                step.refilledSince.insert(curve);
             }
         }
     }
 
-    /// What begins from now on begins after all refills so far.
-    void nextStepBegins() { refilledMeanwhile.clear(); }
+    /// What begins from now on begins after all refills so far. Of a gesture all commands begin at
+    /// its start, of anything else nobody knows which began before a refill and which after it.
+    void nextStepBegins()
+    {
+        meanwhile.clear();
+        isGesture = false;
+    }
+    void gestureBegins() { isGesture = true; }
+    /// The curves that were refilled since then.
+    const std::set<std::size_t>& refilledMeanwhile() const { return meanwhile; }
 
     /// The curves that were refilled after the next step of undo, or redo, was made.
     std::set<std::size_t> refilledAfterUndo() const { return refilledAfter(done); }
@@ -164,7 +176,6 @@ private:
         {
             below[curve].isKnown = false;
             above[curve].isKnown = false;
-            refilledSince.insert(curve);
         }
     };
     using Stack = std::deque<Step>;
@@ -214,11 +225,12 @@ private:
     static constexpr const char* resetLabel = "Reset Curves";
     static constexpr const char* addFuncLabel = "Add Spline to Expression";
 
-    State now;    ///< what is expected
-    State before; ///< what there was after the last step
-    Stack done;   ///< what can be undone, the nearest last
-    Stack undone; ///< what can be redone, the nearest last
-    std::set<std::size_t> refilledMeanwhile;
+    State now;                       ///< what is expected
+    State before;                    ///< what there was after the last step
+    Stack done;                      ///< what can be undone, the nearest last
+    Stack undone;                    ///< what can be redone, the nearest last
+    std::set<std::size_t> meanwhile; ///< the curves that were refilled in this step
+    bool isGesture = false;
     std::size_t limit = 10;
     bool isEnabled = true;
 };

@@ -95,6 +95,7 @@ private:
         if (isTold() && !isExpected(actor)) {
             watch(actor);
         } else if ((kind == ruthless || kind == refilled) && what < 8) {
+            expected->gestureBegins();
             actor.keys.gestureAround([this] { intrude(); });
         } else if ((kind == ruthless || kind == refilled) && what < 18) {
             intrude();
@@ -242,7 +243,7 @@ private:
         counts.add(label, HistoryCounts::executed);
         if (isExpected(actor)) {
             expected->executed(label, curves.state());
-            refills.executed();
+            refills.executed(expected->refilledMeanwhile());
         }
     }
 

@@ -27,11 +27,12 @@ public:
         before[spline].isValid = false; // a step that is under way may end as it likes
     }
 
-    /// Keys that commands add later are as unknown to the steps before the refill.
-    void executed()
+    /// Keys that commands add later are as unknown to the steps before the refill, but for commands
+    /// that may have begun before it.
+    void executed(const std::set<std::size_t>& refilledMeanwhile)
     {
         for (std::size_t spline = 0; spline < fresh.size(); ++spline) {
-            if (!fresh[spline].empty()) {
+            if (!fresh[spline].empty() && refilledMeanwhile.count(spline) == 0) {
                 newborn(spline);
             }
         }
