@@ -215,7 +215,8 @@ private slots:
         fixture->editor.selectNodes(QStringList({"n.c", "n.d"}));
         fixture->selectKeys("n.c", {0});
         fixture->selectKeys("n.d", {0});
-        fixture->selectionOf("n.d").selectSinglePoint(curve->spline.at(2));
+        PointInfo* const borrowed = curve->spline.at(2); // as the arrow keys do
+        fixture->selectionOf("n.d").selectSingleKey({borrowed, curve->spline.keySerial(borrowed)});
         fixture->editor.refreshEditor();
         QCOMPARE(dialog->node->text(), QString("#"));
         QCOMPARE(dialog->posY->text(), QString("..."));
