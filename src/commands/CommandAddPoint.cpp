@@ -52,7 +52,7 @@ void CommandAddPoint::undo()
     SplineBase* const spline = node ? node->livingSpline() : nullptr;
     if (pointInSpline) {
         if (spline && spline->holds(point)) {
-            spline->remove(point.key);
+            spline->take(point.key);
             dropDepartedKeys(editor, {spline});
         } else {
             point = KeyRef();

@@ -86,7 +86,7 @@ void CommandDelPoints::takeOut(const qsizetype& node)
     // From the last key on: each moves up the keys behind it.
     const QList<KeyRef>& keys = deleted[node];
     std::for_each(keys.crbegin(), keys.crend(),
-                  [spline](const KeyRef& key) { spline->remove(key.key); });
+                  [spline](const KeyRef& key) { spline->take(key.key); });
     if (ControlSplineNode* const selection = selectionOf(editor, nodes[node])) {
         selection->clear();
     }

@@ -140,6 +140,9 @@ public:
     KeyRef addPointPtr(PointInfo* point, std::uint64_t serial);
     /// Takes the key out without freeing it: it belongs to the caller.
     void remove(const PointInfo* point);
+    /// The same for a caller who remembers the serial himself, to put the key back with it; the
+    /// spline does not. Names no key where `point` is not one of this spline.
+    KeyRef take(const PointInfo* point);
     /// The serial of this key, 0 when it is not a key of this spline.
     std::uint64_t keySerial(const PointInfo* point) const;
     /// Whether the very key is in this spline, and not another one at its address.

@@ -107,17 +107,27 @@ KeyRef SplineBase::addPointPtr(PointInfo* point, std::uint64_t serial)
 
 void SplineBase::remove(const PointInfo* point)
 {
-    const auto found = find(point);
-    if (found == controlPoints.end()) {
+    const KeyRef key = take(point);
+    if (key.serial == 0) {
         return;
     }
     if (departed == nullptr) {
         departed = std::make_unique<DepartedKeys>();
     }
-    departed->note(point, serials.of(point));
+    departed->note(point, key.serial);
+}
+
+KeyRef SplineBase::take(const PointInfo* point)
+{
+    const auto found = find(point);
+    if (found == controlPoints.end()) {
+        return KeyRef();
+    }
+    const KeyRef key{*found, serials.of(point)};
     controlPoints.erase(found);
     serials.erase(point);
     changed = true;
+    return key;
 }
 
 void SplineBase::removeAllControlPoints()

@@ -62,6 +62,7 @@ private slots:
     void aKeyOfNoTimeAtAllComesBackToItsPlaceToo();
     void aNewKeyAtTheAddressOfARemovedOneGoesBehindItsEquals();
     void aKeyThatWasChangedOutsideIsANewOneUnlessItsSerialIsGiven();
+    void aTakenKeyIsRememberedByItsTakerAlone();
     void veryManyRemovedKeysAreForgotten();
     void aTimeSetThereAndBackLeavesTheOrderAsItWas();
     void anOldRecordCopiedBackLeavesTheOrderAsItWas();
@@ -207,6 +208,26 @@ void TestSplineIdentity::aKeyThatWasChangedOutsideIsANewOneUnlessItsSerialIsGive
     spline.remove(key.key);
     QVERIFY(spline.addPointPtr(key.key, 0) != key); // it is said to be new
     QCOMPARE(valuesOf(spline), (Values{1, 2, 8}));
+}
+
+void TestSplineIdentity::aTakenKeyIsRememberedByItsTakerAlone()
+{
+    SplineBase spline;
+    spline.addPoint(10.0, 5.0);
+    spline.addPoint(10.0, 20.0);
+    PointInfo* const key = spline.at(0);
+    const KeyRef taken = spline.take(key);
+    QCOMPARE(taken.key, key);
+    QCOMPARE(spline.getControlPointsNumber(), 1U);
+    QVERIFY(!spline.holds(taken));
+    QCOMPARE(spline.take(key), KeyRef());
+    spline.addPointPtr(key, taken.serial);
+    QVERIFY(spline.holds(taken));
+    QCOMPARE(spline.findIndex(key), 0);
+    spline.take(key);
+    spline.addPointPtr(key);
+    QVERIFY(!spline.holds(taken));
+    QCOMPARE(spline.findIndex(key), 1);
 }
 
 void TestSplineIdentity::veryManyRemovedKeysAreForgotten()

@@ -1,5 +1,6 @@
 // The selection of curves: one list, mirrored in the tree and on the canvas.
 
+#include "curves/CurveHold.h"
 #include "editor/EditorParts.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
@@ -196,6 +197,7 @@ private slots:
         fixture.addCurve("n.a.b", {{1, 1}});
         auto* const record = fixture.editor.searchAllNodeList("n.a.b");
         CurveNode* const object = fixture.logic().findCurve("n.a.b");
+        const CurveHold kept(object); // off the canvas nobody else would name it
         HostEar host(fixture.editor);
         object->reset();
         QCOMPARE(host.reports, QStringList{"n|a.b"});
