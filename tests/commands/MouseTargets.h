@@ -36,7 +36,7 @@ public:
 private:
     QPoint handle(Chance& chance, SplineCurveGraph& graph, SplineBase& spline)
     {
-        const QList<PointInfo*> selected = graph.selection().commandPoints();
+        const QList<PointInfo*> selected = graph.selection().heldPoints();
         const int index = selected.isEmpty() ? -1 : spline.findIndex(selected.first());
         if (index < 0) {
             return anywhere(chance);

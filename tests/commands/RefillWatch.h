@@ -129,7 +129,7 @@ private:
         for (CurveNode* top : session.logic().topNodes()) {
             for (CurveNode* curve : top->curves()) {
                 if (curve->spline() == keys) {
-                    for (const PointInfo* key : curve->splineGraph()->selection().commandPoints()) {
+                    for (const PointInfo* key : curve->splineGraph()->selection().heldPoints()) {
                         if (fresh[spline].count(key) != 0) {
                             sight.selected.insert(key);
                         }
