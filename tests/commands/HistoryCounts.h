@@ -20,12 +20,16 @@ public:
     {
         static constexpr std::array names{"executed", "undone", "redone"};
         if (!label.empty()) {
-            if (isTelling) {
-                std::printf("step\t%lu\t%s\t%s\n", steps, names[static_cast<std::size_t>(what)],
-                            label.c_str());
-                std::fflush(stdout);
-            }
+            tell(std::string(names[static_cast<std::size_t>(what)]) + '\t' + label);
             ++commands[label][static_cast<std::size_t>(what)];
+        }
+    }
+
+    void tell(const std::string& what) const
+    {
+        if (isTelling) {
+            std::printf("step\t%lu\t%s\n", steps, what.c_str());
+            std::fflush(stdout);
         }
     }
 

@@ -263,6 +263,7 @@ private:
             return;
         }
         const std::size_t spline = host->refill();
+        counts.tell("the host refills spline " + std::to_string(spline));
         expected->refilled(spline, curves.state());
         refills.refilled(spline);
         demand(!refills.areSelected(first().session, spline),
