@@ -35,6 +35,18 @@ public:
         return 1.0 - halfSpeed() * (1.0 - u) * ((1.0 - u) / to);
     }
 
+    /// Whether the speed is the same all the way.
+    bool isNone() const { return from + to == 0.0; }
+
+    /// The speed after the share `u` of the time; 1 is that of a segment without ease.
+    double speed(const double& u) const
+    {
+        if (u < from) {
+            return 2.0 * halfSpeed() * (u / from);
+        }
+        return u <= 1.0 - to ? 2.0 * halfSpeed() : 2.0 * halfSpeed() * ((1.0 - u) / to);
+    }
+
     /// The speed at the very start and the very end; 1 is that of a segment without ease.
     double speedAtStart() const { return from > 0.0 ? 0.0 : 2.0 * halfSpeed(); }
     double speedAtEnd() const { return to > 0.0 ? 0.0 : 2.0 * halfSpeed(); }
