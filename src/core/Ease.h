@@ -11,51 +11,51 @@ public:
     Ease(const double& easeFrom, const double& easeTo)
         : from(held(easeFrom))
         , to(held(easeTo))
-    {
-        const double sum = from + to;
-        if (sum > 1.0) {
-            from /= sum;
-            to /= sum;
-        }
-    }
+        , sum(from + to)
+    {}
 
     /// The way covered after the share `u` of the time; both 0..1.
     double way(const double& u) const
     {
-        if (from + to == 0.0 || u <= 0.0 || u >= 1.0) {
+        if (sum == 0.0 || u <= 0.0 || u >= 1.0) {
             return u;
         }
-        if (u < from) {
-            return halfSpeed() * u * (u / from);
+        const double a = sum > 1.0 ? from / sum : from;
+        const double b = sum > 1.0 ? to / sum : to;
+        const double halfSpeed = 1.0 / (2.0 - a - b);
+        if (u < a) {
+            return halfSpeed * u * (u / a);
         }
-        if (u < 1.0 - to) {
-            return halfSpeed() * (2.0 * u - from);
+        if (u < 1.0 - b) {
+            return halfSpeed * (2.0 * u - a);
         }
-        // `to` is not 0 here: u is below 1.
-        return 1.0 - halfSpeed() * (1.0 - u) * ((1.0 - u) / to);
+        // b is not 0 here: u is below 1.
+        return 1.0 - halfSpeed * (1.0 - u) * ((1.0 - u) / b);
     }
 
     /// Whether the speed is the same all the way.
-    bool isNone() const { return from + to == 0.0; }
+    bool isNone() const { return sum == 0.0; }
 
     /// The speed after the share `u` of the time; 1 is that of a segment without ease.
     double speed(const double& u) const
     {
-        if (u < from) {
-            return 2.0 * halfSpeed() * (u / from);
+        const double a = sum > 1.0 ? from / sum : from;
+        const double b = sum > 1.0 ? to / sum : to;
+        const double topSpeed = 2.0 / (2.0 - a - b);
+        if (u < a) {
+            return topSpeed * (u / a);
         }
-        return u <= 1.0 - to ? 2.0 * halfSpeed() : 2.0 * halfSpeed() * ((1.0 - u) / to);
+        return u <= 1.0 - b ? topSpeed : topSpeed * ((1.0 - u) / b);
     }
 
     /// The speed at the very start and the very end; 1 is that of a segment without ease.
-    double speedAtStart() const { return from > 0.0 ? 0.0 : 2.0 * halfSpeed(); }
-    double speedAtEnd() const { return to > 0.0 ? 0.0 : 2.0 * halfSpeed(); }
+    double speedAtStart() const { return from > 0.0 ? 0.0 : 2.0 / (2.0 - to); }
+    double speedAtEnd() const { return to > 0.0 ? 0.0 : 2.0 / (2.0 - from); }
 
 private:
     static double held(const double& ease) { return ease > 0.0 ? std::min(ease, 1.0) : 0.0; }
 
-    double halfSpeed() const { return 1.0 / (2.0 - from - to); }
-
     double from;
     double to;
+    double sum;
 };

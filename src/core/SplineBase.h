@@ -198,7 +198,7 @@ private:
     double valueWithin(double time) const;
     bool isCurvedSegment(std::size_t index) const;
     double valueInSegment(std::size_t index, double time) const;
-    double valueBeyondRange(std::size_t index, double time, double u) const;
+    double valueBeyondRange(std::size_t index, double time) const;
     std::size_t guessedSegmentAt(double time) const;
     double valueOutside(const double& time, const nodeType& behaviour, const bool& before) const;
     double valueLooped(const double& time, const PointInfo& end, const bool& withOffset) const;

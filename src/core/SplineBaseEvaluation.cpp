@@ -157,7 +157,7 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
     const double rise = right.value - left.value;
     if (!isCurvedSegment(index)) {
         const double value = left.value + u * rise;
-        return isFinite(value) ? value : valueBeyondRange(index, time, u);
+        return isFinite(value) ? value : valueBeyondRange(index, time);
     }
     const bool isInner = index > 0 && index + 2 < controlPoints.size();
     double out = 0.0;
@@ -180,24 +180,25 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
     }
     const double value =
         left.value + u * (out + u * (3.0 * rise - 2.0 * out - in + u * (out + in - 2.0 * rise)));
-    return isFinite(value) ? value : valueBeyondRange(index, time, u);
+    return isFinite(value) ? value : valueBeyondRange(index, time);
 }
 
 /// The value where the quick way to it has left the range of numbers: worked out at a smaller
 /// scale. A slope that is no number there either counts as level, so that finite keys have finite
 /// values between them.
-[[gnu::noinline, gnu::cold]] double SplineBase::valueBeyondRange(std::size_t index, double time,
-                                                                 double u) const
+[[gnu::noinline, gnu::cold]] double SplineBase::valueBeyondRange(std::size_t index,
+                                                                 double time) const
 {
     const PointInfo& left = *controlPoints[index];
     const PointInfo& right = *controlPoints[index + 1];
     if (!(time > left.time)) {
         return left.value;
     }
+    const double run = right.time - left.time;
+    const double u = Ease(left.tcb.easeFrom, right.tcb.easeTo).way((time - left.time) / run);
     if (!isCurvedSegment(index)) {
         return straightBetween(left.value, right.value, u);
     }
-    const double run = right.time - left.time;
     const double out = finiteOrLevel(outgoingSlope(index, smallScale)) * run;
     const double in = finiteOrLevel(incomingSlope(index + 1, smallScale)) * run;
     return curvedBetween(left.value, right.value, out, in, u);

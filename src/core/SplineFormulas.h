@@ -113,7 +113,8 @@ struct CyclePlace
     }
 };
 
-/// A value of the keys, raised by as many rounds; endless rounds of no rise are no rise either.
+/// A value of the keys, raised by as many rounds; endless rounds of no rise are no rise, and so are
+/// no rounds of an endless one.
 inline double raised(double value, double rounds, double rise)
 {
     return rise == 0.0 || rounds == 0.0 ? value : value + rounds * rise;

@@ -2,6 +2,7 @@
 #include "support/ParsedExpression.h"
 #include "support/ParserKeys.h"
 #include "support/ParserVariable.h"
+#include "support/RefreshedVariable.h"
 
 #include "core/EvaluationTime.h"
 #include "core/SplineBase.h"
@@ -9,29 +10,9 @@
 #include <QTest>
 
 #include <deque>
-#include <functional>
 #include <stdexcept>
 
 namespace {
-
-/// A host's variable that is worked out when it is read.
-class Refreshed
-{
-public:
-    Refreshed(std::string variableName, std::function<double()> work)
-        : name(std::move(variableName))
-    {
-        parser()->registerKey(name, 3, &value, [this, work] { value = work(); });
-    }
-    ~Refreshed() { parser()->unregisterKey(name, &value); }
-    Refreshed(const Refreshed&) = delete;
-    Refreshed& operator=(const Refreshed&) = delete;
-
-    double value = 0.0;
-
-private:
-    std::string name;
-};
 
 /// Variables "link.n0" to the last, each one more than the next; the last is 1.
 class Chain
@@ -44,7 +25,7 @@ public:
             expressions.emplace_back(text.toStdString());
             const FunctionFloatBase* expression = expressions.back().tree.get();
             links.emplace_back(nameOf(i).toStdString(),
-                               [expression] { return expression->value(); });
+                               [expression](double& read) { read = expression->value(); });
         }
     }
 
@@ -57,7 +38,7 @@ public:
 
 private:
     std::deque<ParsedExpression> expressions;
-    std::deque<Refreshed> links;
+    std::deque<RefreshedVariable> links;
 };
 
 } // namespace
@@ -83,11 +64,11 @@ private slots:
 void TestRefreshFunctions::whatIsThrownLeavesTheVariableAlive()
 {
     int calls = 0;
-    const Refreshed variable("moody.v", [&]() -> double {
+    const RefreshedVariable variable("moody.v", [&](double& value) {
         if (++calls < 3) {
             throw std::runtime_error("the host's");
         }
-        return calls;
+        value = calls;
     });
     const ParsedExpression parsed("moody.v*2");
     QVERIFY_THROWS_EXCEPTION(std::runtime_error, parsed.tree->value());
@@ -98,7 +79,7 @@ void TestRefreshFunctions::whatIsThrownLeavesTheVariableAlive()
 
 void TestRefreshFunctions::whatIsThrownLeavesTimeFrameAndRateAsTheyWere()
 {
-    const Refreshed variable("moody.v", []() -> double {
+    const RefreshedVariable variable("moody.v", [](double&) {
         const EvaluationTime earlier(1.0, 50.0);
         throw std::runtime_error("the host's");
     });
@@ -119,9 +100,11 @@ void TestRefreshFunctions::whatIsThrownAgainAndAgainLeavesTheNestingAsItWas()
     const Chain chain(20);
     bool throws = true;
     const ParsedExpression further("link.n0");
-    const Refreshed variable("moody.v", [&]() -> double {
-        const double read = further.tree->value();
-        return throws ? throw std::runtime_error("the host's") : read;
+    const RefreshedVariable variable("moody.v", [&](double& value) {
+        value = further.tree->value();
+        if (throws) {
+            throw std::runtime_error("the host's");
+        }
     });
     const ParsedExpression parsed("moody.v");
     for (int i = 0; i < 1000; ++i) {
@@ -189,12 +172,12 @@ void TestRefreshFunctions::aGuardedFunctionIsCalledHoweverDeep()
     double value = 0.0;
     parser()->registerGuardedKey("link.n50", 3, &value, [&] { value += 1.0; });
     std::deque<ParsedExpression> expressions;
-    std::deque<Refreshed> links;
+    std::deque<RefreshedVariable> links;
     for (int i = 49; i >= 0; --i) {
         expressions.emplace_back(Chain::nameOf(i + 1).toStdString());
         const FunctionFloatBase* expression = expressions.back().tree.get();
         links.emplace_back(Chain::nameOf(i).toStdString(),
-                           [expression] { return expression->value(); });
+                           [expression](double& read) { read = expression->value(); });
     }
     const ParsedExpression first("link.n0");
     QCOMPARE(first.tree->value(), 1.0);
