@@ -1,5 +1,6 @@
 // The two formulas at many moments: our tree, muParser and a function that the compiler made.
 
+#include "NativeFormulas.h"
 #include "SideBySide.h"
 
 #include "core/FunctionFloatBase.h"
@@ -8,7 +9,6 @@
 
 #include <muParser.h>
 
-#include <cmath>
 #include <memory>
 #include <vector>
 
@@ -22,17 +22,6 @@ struct Formula
     const char* muParser;
     double (*native)(double t, double f);
 };
-
-// Not inlined: an expression is called, too.
-[[gnu::noinline]] double nativeA(double t, double f)
-{
-    return std::sin(t * 2) * std::exp(-t / 5) + (f > 24 ? 1.0 : 0.0);
-}
-
-[[gnu::noinline]] double nativeB(double t, double f)
-{
-    return t * 2 - t / 5 + (f > 24 ? 1.0 : 0.0);
-}
 
 constexpr Formula formulaA = {"sin(t*2)*exp(-t/5)+if(f>24,1,0)", "sin(t*2)*exp(-t/5)+(f>24?1:0)",
                               nativeA};

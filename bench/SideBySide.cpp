@@ -31,6 +31,21 @@ constexpr Comparison comparisons[] = {
     {"1,000 TCB keys, sweep: by hand", "sweep/tcb/1000/ours", "sweep/tcb/1000/hand", 0, 1.5},
     {"100,000 TCB keys, sweep: by hand", "sweep/tcb/100000/ours", "sweep/tcb/100000/hand", 0, 1.5},
 
+    {"sampler, 100,000 Bezier keys, random: live", "sampler random/bezier/ours",
+     "sampler random/bezier/live", 0, 0.5},
+    {"sampler, 100,000 TCB keys, random: live", "sampler random/tcb/ours",
+     "sampler random/tcb/live", 0, 0.5},
+    {"sampler, 1,000 Bezier keys, range: live", "sampler range/bezier/ours",
+     "sampler range/bezier/live", 0, 0.4},
+    {"sampler, 1,000 TCB keys, range: live", "sampler range/tcb/ours", "sampler range/tcb/live", 0,
+     0.4},
+    {"sampler, first formula over a range: native", "expression A/sampler",
+     "expression A/native range", 0, 1.0},
+    {"sampler, second formula over a range: native", "expression B/sampler",
+     "expression B/native range", 0, 1.0},
+    {"sampler, 4 threads: 1 thread (2 cores)", "sampler threads/4", "sampler threads/1", 0,
+     1.0 / 1.8},
+
     {"append, a key: 100,000 to 10,000", "append/100000", "append/10000", 0, nearLinear},
     {"append, a key: 1,000,000 to 100,000", "append/1000000", "append/100000", 0, nearLinear},
     {"copyDup, a key: 100,000 to 10,000", "copyDup/100000", "copyDup/10000", 0, nearLinear},
@@ -69,8 +84,10 @@ void SideBySide::ReportRuns(const std::vector<Run>& runs)
         }
         const auto items = run.counters.find(itemsCounter);
         const double count = items == run.counters.end() ? 1.0 : items->second.value;
+        const bool isByTheClock = !run.run_name.time_type.empty();
         const double seconds =
-            run.cpu_accumulated_time / static_cast<double>(run.iterations) / count;
+            (isByTheClock ? run.real_accumulated_time : run.cpu_accumulated_time) /
+            static_cast<double>(run.iterations) / count;
         const std::string& argument = run.run_name.args;
         const std::string name =
             run.run_name.function_name + (argument.empty() ? argument : "/" + argument);

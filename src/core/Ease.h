@@ -33,6 +33,21 @@ public:
         return 1.0 - halfSpeed * (1.0 - u) * ((1.0 - u) / b);
     }
 
+    /// Whether the speed is the same all the way.
+    bool isNone() const { return sum == 0.0; }
+
+    /// The speed after the share `u` of the time; 1 is that of a segment without ease.
+    double speed(const double& u) const
+    {
+        const double a = sum > 1.0 ? from / sum : from;
+        const double b = sum > 1.0 ? to / sum : to;
+        const double topSpeed = 2.0 / (2.0 - a - b);
+        if (u < a) {
+            return topSpeed * (u / a);
+        }
+        return u <= 1.0 - b ? topSpeed : topSpeed * ((1.0 - u) / b);
+    }
+
     /// The speed at the very start and the very end; 1 is that of a segment without ease.
     double speedAtStart() const { return from > 0.0 ? 0.0 : 2.0 / (2.0 - to); }
     double speedAtEnd() const { return to > 0.0 ? 0.0 : 2.0 / (2.0 - from); }

@@ -3,18 +3,11 @@
 #include "core/Ease.h"
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
-#include "core/RoundingNoise.h"
 #include "core/SplineBase.h"
+#include "core/SplineFormulas.h"
 
 #include <algorithm>
 #include <cmath>
-
-namespace {
-
-/// The share of a cycle that counts as noise at most.
-constexpr double greatestNoise = 1e-4;
-
-} // namespace
 
 double SplineBase::operator()(const double& time, FunctionFloatBase* expression,
                               const double& fps) const
@@ -55,39 +48,19 @@ double SplineBase::valueLooped(const double& time, const PointInfo& end,
 {
     const PointInfo& first = *controlPoints.front();
     const PointInfo& last = *controlPoints.back();
-    const double period = last.time - first.time;
-    const double distance = time - first.time;
-    if (!(period > 0.0) || !std::isfinite(period) || !std::isfinite(distance)) {
+    const spline_formulas::CyclePlace place(time, first.time, last.time);
+    if (!place.isKnown) {
         return end.value;
     }
-    double phase = std::fmod(distance, period);
-    if (phase < 0.0) {
-        phase += period;
-    }
-    const double noise = noiseInCycle(time, distance / period);
-    if (phase <= noise || period - phase <= noise) {
-        phase = 0.0;
-    }
-    const double value = valueNear(std::min(first.time + phase, last.time), noise);
-    if (!withOffset) {
-        return value;
-    }
-    // Endless rounds of no rise are no rise, and so are no rounds of an endless one.
-    const double rounds = std::round((distance - phase) / period);
-    const double rise = last.value - first.value;
-    return rise == 0.0 || rounds == 0.0 ? value : value + rounds * rise;
+    const double value = valueNear(place.time, place.noise);
+    return withOffset ? spline_formulas::raised(value, place.rounds, last.value - first.value)
+                      : value;
 }
 
-/// How far roundings may have moved a time within its cycle: those of the time itself, and once
-/// for each round those of the two keys that make the period. They never swallow the cycle.
 double SplineBase::noiseInCycle(const double& time, const double& rounds) const
 {
-    const double first = controlPoints.front()->time;
-    const double last = controlPoints.back()->time;
-    const double farthestKey = std::max(std::abs(first), std::abs(last));
-    const double ofTime = roundingNoise(std::max(std::abs(time), farthestKey));
-    const double ofPeriod = std::abs(rounds) * (roundingNoise(farthestKey) / 4.0);
-    return std::min(ofTime + ofPeriod, (last - first) * greatestNoise);
+    return spline_formulas::noiseInCycle(time, rounds, controlPoints.front()->time,
+                                         controlPoints.back()->time);
 }
 
 /// The value at a time, or at the key that lies within `noise` of it. The time is not outside of
@@ -113,17 +86,9 @@ double SplineBase::valueNear(double time, double noise) const
 double SplineBase::valueOnTangent(const double& time, const PointInfo& end,
                                   const bool& before) const
 {
-    const double distance = time - end.time;
     const double slope = endSlope(before, 1.0);
-    if (slope == 0.0) {
-        return end.value; // no slope times an endless time is still no rise
-    }
-    if (std::isfinite(slope)) {
-        return end.value + slope * distance;
-    }
-    const double small = endSlope(before, smallScale);
-    return std::isfinite(small) ? (smallScale * end.value + small * distance) / smallScale
-                                : end.value;
+    const double small = spline_formulas::isFinite(slope) ? slope : endSlope(before, smallScale);
+    return spline_formulas::onTangent(end.value, slope, small, time - end.time);
 }
 
 /// The slope in which the keys begin or end: of the curved segment there, or of its straight line,

@@ -2,10 +2,9 @@
 
 #include "core/Ease.h"
 #include "core/SplineBase.h"
+#include "core/SplineFormulas.h"
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 // All that an evaluation within the keys runs through stands in this one file, for the compiler
 // to make one function of.
@@ -15,30 +14,9 @@ namespace {
 // With more keys than these a search waits for memory.
 constexpr std::size_t keysInReach = 2000;
 
-constexpr double highest = std::numeric_limits<double>::max();
-
-/// Rise over run; 0 where the run is no positive number.
-double slopeOf(double rise, double run)
-{
-    return run > 0.0 && run <= highest ? rise / run : 0.0;
-}
-
-bool isCurved(const PointInfo& key)
-{
-    return key.type == zk_spline::bezier || key.type == zk_spline::tcb;
-}
-
-bool isFinite(double number)
-{
-    return std::abs(number) <= highest;
-}
-
-double finiteOrLevel(double slope)
-{
-    return isFinite(slope) ? slope : 0.0;
-}
-
 } // namespace
+
+using namespace spline_formulas;
 
 double SplineBase::getFactorL0(const PointInfo* point) const
 {
@@ -220,17 +198,12 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
     }
     const double run = right.time - left.time;
     const double u = Ease(left.tcb.easeFrom, right.tcb.easeTo).way((time - left.time) / run);
-    const double straight = (1.0 - u) * left.value + u * right.value;
-    if (!isCurvedSegment(index) || !isFinite(straight)) {
-        return straight;
+    if (!isCurvedSegment(index)) {
+        return straightBetween(left.value, right.value, u);
     }
     const double out = finiteOrLevel(outgoingSlope(index, smallScale)) * run;
     const double in = finiteOrLevel(incomingSlope(index + 1, smallScale)) * run;
-    const double rise = smallScale * right.value - smallScale * left.value;
-    const double rest = 1.0 - u;
-    const double value = smallScale * left.value + u * u * (1.0 + 2.0 * rest) * rise +
-                         (u * rest * rest * out - u * u * rest * in);
-    return std::isnan(value) ? straight : std::clamp(value / smallScale, -highest, highest);
+    return curvedBetween(left.value, right.value, out, in, u);
 }
 
 double SplineBase::operator()(const double& time) const
