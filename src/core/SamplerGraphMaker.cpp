@@ -90,7 +90,7 @@ SamplerGraphMaker::make(const std::map<std::string, Source>& sources)
 void SamplerGraphMaker::parse(const std::string& name, const std::string& text)
 {
     if (text.size() > longestText) {
-        graph->errors[name] = errorMessage(text, {ExpressionGrammar::other, longestText, 1});
+        graph->errors[name] = errorMessage(text, {ParseMessage::otherError, longestText, 1});
         return;
     }
     FunctionParserBase::keyStruct anyKey; // the grammar asks of what kind it is
@@ -108,7 +108,7 @@ void SamplerGraphMaker::fill(SamplerCurve& curve, const std::string& name, const
     const FunctionFloatBase* const tree = source.expression ? source.expression : trees[name].get();
     if (tree && !compile(curve, *tree)) {
         const std::string text = tree->getString();
-        graph->errors[name] = errorMessage(text, {ExpressionGrammar::other, 0, text.size()});
+        graph->errors[name] = errorMessage(text, {ParseMessage::otherError, 0, text.size()});
         return;
     }
     curve.minimum = source.minimum;
