@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 /// Watches the keys that a host has put into splines anew. Steps of before such a refill name none
@@ -22,8 +25,8 @@ public:
     /// All keys of this spline are fresh from now on.
     void refilled(const std::size_t& spline)
     {
-        fresh[spline].clear();
-        newborn(spline);
+        standing[spline] = keysOf(spline);
+        fresh[spline] = standing[spline];
         before[spline].isValid = false; // a step that is under way may end as it likes
     }
 
@@ -32,8 +35,11 @@ public:
     void executed(const std::set<std::size_t>& refilledMeanwhile)
     {
         for (std::size_t spline = 0; spline < fresh.size(); ++spline) {
+            const KeySet former = std::exchange(standing[spline], keysOf(spline));
             if (!fresh[spline].empty() && refilledMeanwhile.count(spline) == 0) {
-                newborn(spline);
+                std::set_difference(standing[spline].begin(), standing[spline].end(),
+                                    former.begin(), former.end(),
+                                    std::inserter(fresh[spline], fresh[spline].end()));
             }
         }
     }
@@ -51,6 +57,9 @@ public:
     std::string differences(SessionEditor& session, const std::set<std::size_t>& splines,
                             const std::string& label)
     {
+        for (std::size_t spline = 0; spline < standing.size(); ++spline) {
+            standing[spline] = keysOf(spline);
+        }
         std::string text;
         for (const std::size_t& spline : splines) {
             const Sight after = look(session, spline);
@@ -63,8 +72,7 @@ public:
             if (after.keys != before[spline].keys && !haveLeft) {
                 text += label + name + "changed";
             }
-            if (!std::includes(before[spline].selected.begin(), before[spline].selected.end(),
-                               after.selected.begin(), after.selected.end())) {
+            if (after.selectsMoreThan(before[spline])) {
                 text += label + name + "selected";
             }
         }
@@ -74,15 +82,34 @@ public:
     /// Whether a selection names a fresh key of this spline.
     bool areSelected(SessionEditor& session, const std::size_t& spline)
     {
-        return !look(session, spline).selected.empty();
+        return look(session, spline).selectsAny();
     }
 
 private:
+    using KeySet = std::set<const PointInfo*>;
+
     struct Sight
     {
         std::vector<std::pair<const PointInfo*, SplineState::Bits>> keys; ///< in their order
-        std::set<const PointInfo*> selected;
+        std::map<const CurveNode*, KeySet> selected; ///< by curve on the canvas
         bool isValid = false;
+
+        bool selectsAny() const
+        {
+            return std::any_of(selected.begin(), selected.end(),
+                               [](const auto& entry) { return !entry.second.empty(); });
+        }
+
+        /// A curve that comes back to the canvas brings the selection along that it left with.
+        bool selectsMoreThan(const Sight& former) const
+        {
+            return std::any_of(selected.begin(), selected.end(), [&](const auto& entry) {
+                const auto known = former.selected.find(entry.first);
+                return known != former.selected.end() &&
+                       !std::includes(known->second.begin(), known->second.end(),
+                                      entry.second.begin(), entry.second.end());
+            });
+        }
     };
 
     static bool exchangesContents(const std::string& label)
@@ -97,11 +124,11 @@ private:
         return curves.lent[spline] ? &curves.lent[spline]->spline : nullptr;
     }
 
-    void newborn(const std::size_t& spline)
+    KeySet keysOf(const std::size_t& spline)
     {
-        if (SplineBase* const keys = splineAt(spline)) {
-            fresh[spline].insert(keys->getControlPoints().begin(), keys->getControlPoints().end());
-        }
+        SplineBase* const keys = splineAt(spline);
+        return keys ? KeySet(keys->getControlPoints().begin(), keys->getControlPoints().end())
+                    : KeySet();
     }
 
     /// A key that has left may be freed, and another lie at its address: it is watched no more.
@@ -129,9 +156,10 @@ private:
         for (CurveNode* top : session.logic().topNodes()) {
             for (CurveNode* curve : top->curves()) {
                 if (curve->spline() == keys) {
+                    KeySet& selected = sight.selected[curve];
                     for (const PointInfo* key : curve->splineGraph()->selection().heldPoints()) {
                         if (fresh[spline].count(key) != 0) {
-                            sight.selected.insert(key);
+                            selected.insert(key);
                         }
                     }
                 }
@@ -141,6 +169,7 @@ private:
     }
 
     SessionCurves& curves;
-    std::array<std::set<const PointInfo*>, SessionCurves::splineCount> fresh;
+    std::array<KeySet, SessionCurves::splineCount> fresh;
+    std::array<KeySet, SessionCurves::splineCount> standing; ///< after the last step
     std::array<Sight, SessionCurves::splineCount> before;
 };
