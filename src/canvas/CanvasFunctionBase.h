@@ -147,6 +147,8 @@ public:
     bool ignoresPress(const Qt::MouseButton& button) const;
     /// The same of releases; that of the middle button ends each gesture.
     bool ignoresRelease(const Qt::MouseButton& button) const;
+    /// The button that is held for the gesture is none of these: its release was lost.
+    bool hasLostButton(const Qt::MouseButtons& held) const;
     /// Ends what is running as its release would: its steps are in the history, its rectangle is
     /// gone and the mode is the chosen one. Called where a release may be lost.
     void endGesture();

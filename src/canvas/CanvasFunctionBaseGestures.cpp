@@ -30,6 +30,11 @@ bool CanvasFunctionBase::ignoresRelease(const Qt::MouseButton& button) const
     return button != Qt::MiddleButton && ignoresPress(button);
 }
 
+bool CanvasFunctionBase::hasLostButton(const Qt::MouseButtons& held) const
+{
+    return gesture->hasLostButton(held);
+}
+
 void CanvasFunctionBase::move(QMouseEvent* event)
 {
     gesture->step(worldAt(mousePixel(event->position())));

@@ -244,7 +244,8 @@ void CanvasFunctionBase::removeCanvasCurve(const QString& dotName)
 void CanvasFunctionBase::clearCurves()
 {
     endGestures();
-    editing.clear();
+    const CanvasVisit visit(this);
+    leaveEditing();
     const QList<CurveNode*> leaving = std::exchange(tops, {});
     for (CurveNode* top : leaving) {
         top->setActive(false);

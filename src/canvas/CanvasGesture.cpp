@@ -12,6 +12,7 @@
 #include "editor/CurveEditor.h"
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -82,6 +83,9 @@ void CanvasGesture::beginRubberBand(const int& mode)
 {
     commands.beginSelect();
     rubberSelect = true;
+    // A rectangle of nothing, until the view draws one.
+    view->newMinX = view->newMaxX = lastWorld.x();
+    view->newMinY = view->newMaxY = lastWorld.y();
     editor->setCurrentMode(static_cast<Mode>(mode));
 }
 
@@ -100,22 +104,20 @@ void CanvasGesture::step(const QPointF& world)
         commands.beginMove();
         commands.beginChange();
     }
-    const unsigned mine = serial;
     const QPointF target = targetOf(world);
+    // Before the host hears of the step: in its slot the next one may come.
+    const QPointF way = target - std::exchange(lastWorld, target);
     view->showLabels = dragging && (canvas.toolTipsOn || canvas.toolTipsWhileDragging);
     const bool many = canvas.selectionState().many;
     const QList<CurveNode*> curves = canvas.editingCurves(); // the host may change the set
     for (CurveNode* curve : curves) {
         SplineCurveGraph* graph = hasKeys(curve->curveType()) ? curve->splineGraph() : nullptr;
         if (graph && graph->selection().hasSelection()) {
-            dragSelection(graph, many, world, target);
+            dragSelection(graph, many, world, target, way);
             if (curves.size() == 1) {
                 reportDrag(curve);
             }
         }
-    }
-    if (serial == mine) {
-        lastWorld = target;
     }
 }
 
@@ -142,12 +144,12 @@ QPointF CanvasGesture::targetOf(const QPointF& world) const
 }
 
 void CanvasGesture::dragSelection(SplineCurveGraph* graph, const bool& many, const QPointF& raw,
-                                  const QPointF& target)
+                                  const QPointF& target, const QPointF& way)
 {
     ControlSplineNode& selection = graph->selection();
     if (many) {
         showMark = showMark || canvas.horizontalSnap || canvas.verticalSnap;
-        shiftKeys(selection, target - lastWorld);
+        shiftKeys(selection, way);
     } else if (selection.keyPart == ControlSplineNode::keyItself) {
         selection.movePoint(target.x(), target.y());
     } else {
@@ -184,7 +186,12 @@ void CanvasGesture::end(const int& mode, const int& userMode)
         canvas.selectInRect(mode == Mode::ADDING2SEL);
         commands.commitSelect();
     }
-    commands.commitAll();
+    for (const auto commit : {&PendingCommands::commitMove, &PendingCommands::commitChange,
+                              &PendingCommands::commitSelect}) {
+        if (serial == mine) { // what another gesture has begun meanwhile is its own
+            (commands.*commit)();
+        }
+    }
     if (serial != mine) {
         return;
     }
@@ -225,6 +232,11 @@ bool CanvasGesture::isRunning() const
 bool CanvasGesture::isSecondButton(const Qt::MouseButton& other) const
 {
     return isOfMouse() && button != Qt::NoButton && other != button;
+}
+
+bool CanvasGesture::hasLostButton(const Qt::MouseButtons& held) const
+{
+    return isOfMouse() && button != Qt::NoButton && !held.testFlag(button);
 }
 
 bool CanvasGesture::admits(const int& mode) const

@@ -54,6 +54,8 @@ public:
     bool isRunning() const;
     /// Another button than the one that is held for it.
     bool isSecondButton(const Qt::MouseButton& other) const;
+    /// The button that is held for it is none of these: its release was lost.
+    bool hasLostButton(const Qt::MouseButtons& held) const;
     /// Whether it goes on in this mode.
     bool admits(const int& mode) const;
 
@@ -66,7 +68,7 @@ private:
     bool isDraggingKeys() const;
     QPointF targetOf(const QPointF& world) const;
     void dragSelection(SplineCurveGraph* graph, const bool& many, const QPointF& raw,
-                       const QPointF& target);
+                       const QPointF& target, const QPointF& way);
     void reportDrag(CurveNode* curve);
     void forget();
 

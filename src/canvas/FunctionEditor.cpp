@@ -18,6 +18,7 @@ namespace {
 bool losesMouse(const QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::EnabledChange:
     case QEvent::Hide:
     case QEvent::WindowBlocked:
     case QEvent::WindowDeactivate:
@@ -82,7 +83,10 @@ void FunctionEditor::reportCursor(QMouseEvent* event)
     const QList<CurveNode*> curves = logic.editingCurves();
     if (!curves.isEmpty()) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(curves.first())) {
-            functionValue = curve->evaluate(time);
+            try {
+                functionValue = curve->evaluate(time);
+            } catch (...) { // the same as in a paint
+            }
         }
     }
     emit setFuncPosInfo(time, valueAt(pixel.y()), functionValue);
@@ -105,6 +109,9 @@ bool FunctionEditor::event(QEvent* event)
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
     const QPointer<FunctionEditor> self(this);
+    if (logic.hasLostButton(event->buttons())) {
+        logic.endLostGesture(event);
+    }
     if (!logic.ignoresPress(event->button())) {
         logic.endLostGesture(event);
         clearDrags();
@@ -125,13 +132,14 @@ void FunctionEditor::mousePressEvent(QMouseEvent* event)
 
 void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 {
+    if (logic.hasLostButton(event->buttons())) {
+        logic.endLostGesture(event);
+    }
     if (event->buttons() != Qt::NoButton) {
         logic.move(event);
         viewMove(event);
         showSelectedKeys(false); // a drag opens and closes no field
         logic.updateCanvas();
-    } else {
-        logic.endLostGesture(event);
     }
     logic.watchModifiers(event);
     reportCursor(event);
@@ -197,7 +205,11 @@ void FunctionEditor::keyReleaseEvent(QKeyEvent* event)
 void FunctionEditor::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    logic.paint(&painter);
+    try {
+        logic.paint(&painter);
+    } catch (
+        ...) { // thrown by a host's refresh function: nothing may leave an event of the toolkit
+    }
 }
 
 void FunctionEditor::resizeEvent(QResizeEvent* event)

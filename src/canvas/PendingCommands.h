@@ -35,7 +35,8 @@ public:
     void describeChange(const char* description);
 
     bool isEmpty() const;
-    /// The way of the keys, then their change, then their selection.
+    /// The way of the keys, then their change, then their selection. To be called where no slot
+    /// can begin another gesture meanwhile.
     void commitAll();
     /// Frees what is pending; the keys stay as they are.
     void drop();

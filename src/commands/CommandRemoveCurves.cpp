@@ -2,7 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
-#include "curves/CurveNode.h"
+#include "curves/CurveNodeBase.h"
 #include "editor/CurveEditor.h"
 
 namespace curve_editor {
@@ -10,11 +10,13 @@ namespace curve_editor {
 namespace {
 
 /// The object is put back only where it still fits: the host may have given the name to another
-/// spline or slot in the meantime, or another name to the object.
+/// spline or slot in the meantime, with other limits, or another name to the object.
 bool fits(CurveNode* curve, const NodeStruct* record)
 {
-    return showsRecord(curve, record) && curve->expressionSlot() == record->livingSlot() &&
-           curve->dotName() == record->dotName;
+    const auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);
+    return leaf && showsRecord(curve, record) && curve->expressionSlot() == record->livingSlot() &&
+           curve->dotName() == record->dotName && leaf->minimumValue() == record->minValue &&
+           leaf->maximumValue() == record->maxValue && leaf->notifiesHost() == record->notifyHost;
 }
 
 } // namespace
@@ -47,6 +49,7 @@ void CommandRemoveCurves::undo()
         CurveNode* const curve = curves[static_cast<std::size_t>(i)].get();
         if (NodeStruct* const record = editor->searchAllNodeList(returning[i])) {
             editor->setCurveEditableOn(record, fits(curve, record) ? curve : nullptr);
+            editor->setColorToEditingNode(record, QColor(record->color));
         }
     }
     editor->selectNodes(previousSelection);

@@ -26,7 +26,7 @@ CommandResetCurves::CommandResetCurves(CurveEditor* curveEditor, const QList<Nod
         const SplineBase* const spline = node->livingSpline();
         if (spline && !splines.contains(spline)) {
             splines.insert(spline);
-            saved.push_back({node, std::make_unique<SplineBase>()});
+            saved.push_back({node, std::make_unique<SplineBase>(), nullptr});
         }
     }
 }
@@ -35,10 +35,11 @@ CommandResetCurves::~CommandResetCurves() = default;
 
 bool CommandResetCurves::execute()
 {
-    if (!selectCommand) {
+    const bool isRedo = selectCommand != nullptr;
+    if (!isRedo) {
         selectCommand = std::make_unique<CommandSelectPoints>(editor);
     }
-    takeContents();
+    takeContents(isRedo);
     for (const NodeStruct* node : std::as_const(nodes)) {
         if (CurveNode* const curve = findCurveOf(editor, node)) {
             curve->reset();
@@ -46,6 +47,7 @@ bool CommandResetCurves::execute()
             spline->reset();
         }
     }
+    putBackFound();
     selectCommand->captureFinalState();
     editor->emitSignalCurvesHaveChanged();
     return true;
@@ -80,13 +82,16 @@ ZK_String CommandResetCurves::getDescription()
 }
 
 /// The keys pass to this command, so that resetting a spline frees none of them.
-void CommandResetCurves::takeContents()
+void CommandResetCurves::takeContents(const bool& isRedo)
 {
     QSet<const SplineBase*> changed;
     for (SavedSpline& entry : saved) {
         SplineBase* const spline = entry.node->livingSpline();
         if (entry.contentInPlace && spline) {
-            entry.content->removeAllControlPoints();
+            if (isRedo) {
+                entry.found = std::move(entry.content);
+                entry.content = std::make_unique<SplineBase>();
+            }
             entry.content->copyRefs(*spline);
             spline->clearCtrlPoints();
             entry.contentInPlace = false;
@@ -94,6 +99,18 @@ void CommandResetCurves::takeContents()
         }
     }
     dropDepartedKeys(editor, changed);
+}
+
+/// What the host had put into an emptied spline comes back, for later steps may name it.
+void CommandResetCurves::putBackFound()
+{
+    for (SavedSpline& entry : saved) {
+        SplineBase* const spline = entry.node->livingSpline();
+        if (entry.found && spline) {
+            exchangeContents(*spline, *entry.found);
+        }
+        entry.found.reset();
+    }
 }
 
 } // namespace curve_editor

@@ -36,10 +36,13 @@ private:
         NodeStruct* node = nullptr; ///< not owned: the catalogue's
         /// The spline's keys while they are not in place; else what undo found in their place.
         std::unique_ptr<SplineBase> content;
+        /// What undo found, while redo empties the spline; else null.
+        std::unique_ptr<SplineBase> found;
         bool contentInPlace = true;
     };
 
-    void takeContents();
+    void takeContents(const bool& isRedo);
+    void putBackFound();
 
     CurveEditor* editor;      ///< not owned
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's; none of them null

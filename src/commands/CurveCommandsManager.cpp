@@ -33,6 +33,16 @@ CurveCommandsManager::~CurveCommandsManager()
     }
 }
 
+/// A command that has thrown is on no stack, and the next ones run as ever.
+void CurveCommandsManager::leaveThrown(const QPointer<CurveCommandsManager>& self,
+                                       CurveCommand* const command)
+{
+    if (self) {
+        self->running = false;
+    }
+    delete command;
+}
+
 bool CurveCommandsManager::doCommand(CurveCommand* const command)
 {
     if (!command) {
@@ -48,7 +58,13 @@ bool CurveCommandsManager::doCommand(CurveCommand* const command)
         return executeNested(command);
     }
     running = true;
-    const bool executed = command->execute();
+    bool executed = false;
+    try {
+        executed = command->execute();
+    } catch (...) {
+        leaveThrown(self, command);
+        throw;
+    }
     if (!self) { // a box of the command runs an event loop, in which the host may do anything
         delete command;
         return executed;
@@ -177,7 +193,16 @@ bool CurveCommandsManager::executeNested(CurveCommand* const command)
 {
     const QPointer<CurveCommandsManager> self(this);
     const auto place = nested.insert(nested.end(), {command});
-    const bool executed = command->execute();
+    bool executed = false;
+    try {
+        executed = command->execute();
+    } catch (...) {
+        if (self) {
+            nested.erase(place);
+        }
+        delete command;
+        throw;
+    }
     if (!self) {
         delete command;
         return executed;
@@ -213,7 +238,12 @@ CurveCommand* CurveCommandsManager::move(Stack& from, Stack& to, void (CurveComm
     from.pop_front();
     const QPointer<CurveCommandsManager> self(this);
     running = true;
-    (command->*step)();
+    try {
+        (command->*step)();
+    } catch (...) {
+        leaveThrown(self, command);
+        throw;
+    }
     if (!self) {
         delete command;
         return nullptr;

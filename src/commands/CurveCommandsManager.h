@@ -3,6 +3,7 @@
 #include "zk_curve_editor_export.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 #include <list>
@@ -107,6 +108,8 @@ private:
     void destroy(CurveCommand* const command);
 
     void endGesturesBefore(const CurveCommand* next);
+    static void leaveThrown(const QPointer<CurveCommandsManager>& self,
+                            CurveCommand* const command);
 
     GestureEnd gestureEnd;
     unsigned int maxStackSize = 0;

@@ -130,7 +130,11 @@ ValueBounds CurveSampler::bounds(double from, double to) const
     } else {
         found.take(0.0);
     }
-    return {own->held(found.lowest), own->held(found.highest)};
+    // Limits may cross.
+    ValueBounds held;
+    held.take(own->held(found.lowest));
+    held.take(own->held(found.highest));
+    return held;
 }
 
 ValueBounds CurveSampler::boundsOfSamples(double from, double to) const

@@ -16,6 +16,15 @@ struct LevelShares
 
     LevelShares(double rise1, double rise2, double rise3)
     {
+        // Scaled, so that no square leaves the range of numbers.
+        const double size = std::max({std::abs(rise1), std::abs(rise2), std::abs(rise3)});
+        if (!(size > 0.0) || !spline_formulas::isFinite(size)) {
+            return;
+        }
+        const int power = -std::ilogb(size);
+        rise1 = std::scalbn(rise1, power);
+        rise2 = std::scalbn(rise2, power);
+        rise3 = std::scalbn(rise3, power);
         // 3 rise3 u^2 + 2 rise2 u + rise1 = 0; of the two ways to write a zero the one that does
         // not take the difference of like numbers.
         const double root = std::sqrt(rise2 * rise2 - 3.0 * rise3 * rise1);
@@ -189,6 +198,9 @@ ValueBounds SamplerKeys::boundsOfLoop(const SamplerTail& tail, double from, doub
     const double firstRound =
         begin.isKnown ? begin.rounds : std::floor((from - firstTime) / period);
     const double lastRound = end.isKnown ? end.rounds : std::floor((to - firstTime) / period);
+    if (!begin.isKnown || !end.isKnown) {
+        all.take(tail.endValue); // where no place within the keys can be told
+    }
     const double beginTime = begin.isKnown ? begin.time : firstTime;
     // A key just behind the end may be meant by it.
     const double endTime = end.isKnown ? std::min(end.time + end.noise, lastTime) : lastTime;

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -186,7 +187,7 @@ void SamplerPlan::runCurve(const Step& step, const Block& timesBlock, double* ou
 void SamplerPlan::callFunction(const SamplerFunction& function, const Block& block, double* out)
 {
     if (const auto* const ofTime = std::get_if<CurveSampler::Function>(&function)) {
-        std::transform(block.times, block.times + block.count, out, *ofTime);
+        std::transform(block.times, block.times + block.count, out, std::cref(*ofTime));
         return;
     }
     const auto& ofMoment = std::get<CurveSampler::MomentFunction>(function);

@@ -224,7 +224,6 @@ private:
     std::size_t guessedSegmentAt(double time) const;
     double valueOutside(const double& time, const nodeType& behaviour, const bool& before) const;
     double valueLooped(const double& time, const PointInfo& end, const bool& withOffset) const;
-    double noiseInCycle(const double& time, const double& rounds) const;
     double valueNear(double time, double noise) const;
     double valueOnTangent(const double& time, const PointInfo& end, const bool& before) const;
     double endSlope(const bool& before, double scale) const;

@@ -57,12 +57,6 @@ double SplineBase::valueLooped(const double& time, const PointInfo& end,
                       : value;
 }
 
-double SplineBase::noiseInCycle(const double& time, const double& rounds) const
-{
-    return spline_formulas::noiseInCycle(time, rounds, controlPoints.front()->time,
-                                         controlPoints.back()->time);
-}
-
 /// The value at a time, or at the key that lies within `noise` of it. The time is not outside of
 /// the keys.
 double SplineBase::valueNear(double time, double noise) const

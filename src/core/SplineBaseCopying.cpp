@@ -78,7 +78,9 @@ SplineBase::PointList SplineBase::duplicates(const double& offset) const
     points.reserve(controlPoints.size());
     for (const PointInfo* point : controlPoints) {
         auto* duplicate = new PointInfo(*point);
-        duplicate->time += offset;
+        if (offset != 0.0) { // -0.0 stays what it is
+            duplicate->time += offset;
+        }
         points.push_back(duplicate);
     }
     return points;

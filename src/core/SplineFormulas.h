@@ -80,7 +80,13 @@ inline double noiseInCycle(double time, double rounds, double first, double last
 {
     const double farthestKey = std::max(std::abs(first), std::abs(last));
     const double ofTime = roundingNoise(std::max(std::abs(time), farthestKey));
-    const double ofPeriod = std::abs(rounds) * (roundingNoise(farthestKey) / 4.0);
+    // Whole multiples of a power of two were not rounded on their way into the keys.
+    const auto isExact = [](double key) {
+        return std::abs(key) < 0x1p42 && std::round(key * 1024.0) == key * 1024.0;
+    };
+    const double ofPeriod = isExact(first) && isExact(last)
+                                ? 0.0
+                                : std::abs(rounds) * (roundingNoise(farthestKey) / 4.0);
     return std::min(ofTime + ofPeriod, (last - first) * greatestNoise);
 }
 

@@ -2,6 +2,8 @@
 
 #include "curves/CurveVariable.h"
 
+#include <utility>
+
 namespace curve_editor {
 
 namespace {
@@ -17,7 +19,12 @@ bool showsTheSame(const NodeStruct& former, const NodeStruct& content)
 
 Catalogue::Catalogue() = default;
 
-Catalogue::~Catalogue() = default;
+Catalogue::~Catalogue()
+{
+    for (auto& [record, entry] : entries) {
+        CurveVariable::end(std::move(entry.variable));
+    }
+}
 
 const QList<MainNodeStruct*>& Catalogue::mainNodes() const
 {
@@ -74,6 +81,7 @@ void Catalogue::removeNode(NodeStruct* record)
     }
     dotNames.remove(found->second.dotName, found->second.number);
     parserNames.remove(found->second.parserName, found->second.number);
+    CurveVariable::end(std::move(found->second.variable));
     entries.erase(found);
     nodeList.removeOne(record);
     formerNodes.insert(record->dotName, record);

@@ -10,6 +10,7 @@
 #include "curves/NodeStruct.h"
 
 #include <unordered_map>
+#include <utility>
 
 namespace curve_editor {
 
@@ -52,6 +53,25 @@ CurveVariable::CurveVariable(const NodeStruct* curve)
 
 CurveVariable::~CurveVariable()
 {
+    leave();
+}
+
+void CurveVariable::end(std::unique_ptr<CurveVariable> variable)
+{
+    static auto* const ended = new std::vector<std::unique_ptr<CurveVariable>>;
+    variable->leave();
+    ended->push_back(std::move(variable));
+    if (!EvaluatedCurve::isAnyEvaluated()) {
+        ended->clear();
+    }
+}
+
+void CurveVariable::leave()
+{
+    if (!record) {
+        return;
+    }
+    record = nullptr;
     FunctionParserBase::instance()->unregisterKey(registeredName, &value.number);
     variables().erase(&value.number);
     EvaluatedCurve::forget(value);
@@ -101,12 +121,21 @@ void CurveVariable::read(const CurveValue::Known& known)
 
 unsigned long long CurveVariable::closingEvaluation() const
 {
+    if (!record) {
+        return 0;
+    }
     return EvaluatedCurve::closing(value, record->livingSpline(), record->livingExpression());
 }
 
 double CurveVariable::computed(const Moment& now) const
 {
+    if (!record) {
+        return 0.0;
+    }
     const Nested nested;
+    // The record may have left before its expression returns.
+    const float lowest = record->minValue;
+    const float highest = record->maxValue;
     const SplineBase* spline = record->livingSpline();
     const FunctionFloatBase* expression = record->livingExpression();
     const int type = typeOfCurve(spline, expression);
@@ -117,7 +146,7 @@ double CurveVariable::computed(const Moment& now) const
     if (expression && type != splineCurve) {
         sum += expression->value();
     }
-    return clampToLimits(sum, record->minValue, record->maxValue);
+    return clampToLimits(sum, lowest, highest);
 }
 
 /// The curves that the record's expression is certain to read, in this order. Of one with a choice
@@ -125,7 +154,7 @@ double CurveVariable::computed(const Moment& now) const
 std::vector<CurveVariable*> CurveVariable::dependencies() const
 {
     std::vector<CurveVariable*> found;
-    const FunctionFloatBase* expression = record->livingExpression();
+    const FunctionFloatBase* expression = record ? record->livingExpression() : nullptr;
     if (!expression || expression->getString().find("if(") != std::string::npos) {
         return found;
     }

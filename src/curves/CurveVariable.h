@@ -2,6 +2,7 @@
 
 #include "curves/EvaluatedCurve.h"
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -25,9 +26,14 @@ public:
     /// Registers the record anew, under the name it has now.
     void rename();
 
+    /// Ends a variable whose record leaves. It may be on the stack, when a refresh function of a
+    /// host takes curves off the list: then it reads 0 from now on, and is freed later.
+    static void end(std::unique_ptr<CurveVariable> variable);
+
 private:
     friend class CurveTurns;
 
+    void leave();
     void registerName();
     void refresh();
     void read(const CurveValue::Known& known);
@@ -35,7 +41,7 @@ private:
     double computed(const Moment& now) const;
     std::vector<CurveVariable*> dependencies() const;
 
-    const NodeStruct* record;
+    const NodeStruct* record; ///< not owned; null once it has left
     std::string registeredName;
     CurveValue value;
 };

@@ -193,6 +193,11 @@ const CurveValue::Known* EvaluatedCurve::known(const CurveValue& value, const Mo
     return isWithin || mayBeWithin ? nullptr : &value.settled;
 }
 
+bool EvaluatedCurve::isAnyEvaluated()
+{
+    return innermost != nullptr;
+}
+
 void EvaluatedCurve::forget(CurveValue& value)
 {
     std::vector<CurveValue*>& open = openValues();

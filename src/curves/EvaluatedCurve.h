@@ -78,6 +78,8 @@ public:
                                       const FunctionFloatBase* expression);
     /// What a mention may read at this moment; null if the value must be worked out.
     static const CurveValue::Known* known(const CurveValue& value, const Moment& moment);
+    /// Whether any curve is being worked out.
+    static bool isAnyEvaluated();
     /// To be called before a value is destroyed.
     static void forget(CurveValue& value);
 

@@ -158,7 +158,6 @@ void CurveEditor::selectAllKeys()
 
 void CurveEditor::selectNoneKeys()
 {
-    functionEditor->canvas().beginSelectCommand();
     functionEditor->canvas().deselectAllKeys();
     functionEditor->refreshKeysDialog();
 }

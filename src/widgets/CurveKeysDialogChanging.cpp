@@ -135,7 +135,9 @@ void CurveKeysDialog::valueChangedTyped(ZK_DOUBLE value, CustomEditLine* line)
 
 void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
 {
-    if (!pendingChange && !pendingMove) {
+    const keyFields field = fieldOf(line);
+    const bool isPosition = field == timeField || field == valueField;
+    if (!pendingChange && !(pendingMove && isPosition)) {
         valueChangedTyped(value, line); // a step of the wheel
         return;
     }
@@ -145,7 +147,6 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
     }
     // Whoever hears of a twin's new text may take curves off the canvas.
     const CanvasVisit visit(&editor->getFunctionEditor()->canvas());
-    const keyFields field = fieldOf(line);
     const double unit = field == timeField ? presentUnit() : 1.0;
     const double number = value / unit;
     const QList<SplineCurveGraph*> graphs = editableGraphs();

@@ -69,6 +69,72 @@ private slots:
         QCOMPARE(curve->spline.at(1)->time, 20.0);
     }
 
+    /// The right press tells of it: the button of the drag is not held any more.
+    void aReleaseThatWasLostUnderAnotherButtonIsNoticed()
+    {
+        fixture->press(at(20, 20));
+        fixture->moveTo(at(22, 22));
+        fixture->closesMenuOf([this] {
+            fixture->send(QEvent::MouseButtonPress, at(5, 5), Qt::RightButton, Qt::RightButton);
+        });
+        QCOMPARE(fixture->editor.getCurrentMode(), Mode::DEFAULT);
+        fixture->moveTo(at(30, 30), Qt::RightButton);
+        QCOMPARE(curve->spline.at(1)->time, 22.0);
+        fixture->release(at(30, 30), Qt::RightButton);
+        fixture->undoAll();
+        QCOMPARE(curve->spline.at(1)->time, 20.0);
+    }
+
+    /// The next press comes while the host is told of the rectangle's step.
+    void aDragBegunWhileAnotherGestureEndsIsAStepOfItsOwn()
+    {
+        const DraggedCurve first(curve->spline);
+        bool isDue = true;
+        connect(fixture->editor.getCmdManager(),
+                &curve_editor::CurveCommandsManager::curveEditorCmdExec, this, [&] {
+                    if (std::exchange(isDue, false)) {
+                        fixture->press(at(40, 10));
+                    }
+                });
+        fixture->press(at(5, 5));
+        fixture->moveTo(at(25, 25));
+        fixture->release(at(25, 25));
+        QVERIFY(!isDue);
+        fixture->moveTo(at(42, 15));
+        fixture->release(at(42, 15));
+        QCOMPARE(curve->spline.at(2)->time, 42.0);
+        fixture->undoAll();
+        QVERIFY(DraggedCurve(curve->spline) == first);
+    }
+
+    void aStepOfADragInsideTheSlotOfAnotherMovesTheKeysOnce()
+    {
+        fixture->selectKeys("n.a", {0, 1});
+        bool isDue = true;
+        connect(&fixture->editor, &CurveEditor::curveHasChanged, this, [&](QString&, QString&) {
+            if (std::exchange(isDue, false)) {
+                fixture->moveTo(at(23, 23));
+            }
+        });
+        fixture->press(at(20, 20));
+        isDue = true;
+        fixture->moveTo(at(22, 22));
+        QVERIFY(!isDue);
+        fixture->moveTo(at(24, 24));
+        fixture->release(at(24, 24));
+        QCOMPARE(curve->spline.at(1)->time, 24.0);
+    }
+
+    void aMiddleClickWithTheSelectToolSelectsNothing()
+    {
+        fixture->editor.setSelectMode();
+        fixture->editor.completeViewport();
+        fixture->paint();
+        fixture->press(QPoint(3, 3), Qt::MiddleButton);
+        fixture->release(QPoint(3, 3), Qt::MiddleButton);
+        QVERIFY(fixture->selectionOf("n.a").selectedPoints.isEmpty());
+    }
+
     void theHostOpensABoxInTheSlotOfADrag()
     {
         connect(&fixture->editor, &CurveEditor::curveHasChanged, this, [this](QString&, QString&) {

@@ -1,5 +1,7 @@
 #include "commands/ManagerFixture.h"
 
+#include <stdexcept>
+
 /// Commands, limits and listeners that break into a command that is running, undone or redone.
 class TestNestedCommands : public QObject, ManagerFixture
 {
@@ -51,6 +53,26 @@ private slots:
         manager->setEnable(false);
         QCOMPARE(told.size(), qsizetype(4));
         manager->setGestureEnd({});
+    }
+
+    void aCommandThatThrowsLeavesUndoWorking()
+    {
+        run({"a"});
+        Step* const outer = step("outer");
+        outer->onExecute = [] { throw std::runtime_error("executing"); };
+        QVERIFY_EXCEPTION_THROWN(manager->doCommand(outer), std::runtime_error);
+        Step* const outermost = step("outermost");
+        outermost->onExecute = [this] {
+            Step* const inner = step("inner");
+            inner->onExecute = [] { throw std::runtime_error("nested"); };
+            QVERIFY_EXCEPTION_THROWN(manager->doCommand(inner), std::runtime_error);
+        };
+        QVERIFY(manager->doCommand(outermost));
+        Step* const late = step("late");
+        late->onUndo = [] { throw std::runtime_error("undoing"); };
+        manager->doCommand(late);
+        QVERIFY_EXCEPTION_THROWN(manager->undo(), std::runtime_error);
+        QCOMPARE(undoNames(), QStringList({"outermost", "a"}));
     }
 
     void aGestureThatIsEndedByUndoIsWhatIsUndone()

@@ -228,6 +228,24 @@ private slots:
         QCOMPARE(keyTimes(a.spline), QList<double>{30});
     }
 
+    void redoGivesBackWhatTheHostHadPutThereForTheStepsThatFollow()
+    {
+        EditorFixture fixture;
+        LentCurve& a = fixture.editCurve("n.a", {{1, 1}});
+        QVERIFY(resetSelected(fixture));
+        a.addKey(30, 30);
+        a.addKey(40, 40);
+        fixture.selectKeys("n.a", {0, 1});
+        fixture.editor.setPanSelection(5.0, 0.0);
+        QCOMPARE(keyTimes(a.spline), (QList<double>{35, 45}));
+        while (managerOf(fixture).undo()) {
+        }
+        QCOMPARE(keyTimes(a.spline), QList<double>{1});
+        while (managerOf(fixture).redo()) {
+        }
+        QCOMPARE(keyTimes(a.spline), (QList<double>{35, 45}));
+    }
+
     void theHostHearsOfTheCurve()
     {
         EditorFixture fixture;

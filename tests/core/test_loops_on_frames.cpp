@@ -72,6 +72,7 @@ private slots:
     void loopsWithOffsetCountTheirRoundsByFrames_data() { addRowsByRate(); }
     void loopsWithOffsetCountTheirRoundsByFrames();
     void exactTimesAnswerAsTheyStand();
+    void farFromZeroExactKeysRepeatExactly();
     void aTimeBesideAKeyIsThatKeyOnlyWithinTheNoiseOfRounding();
     void insideTheKeysATimeIsTakenAsItStands();
     void keysCloserThanTheNoiseOfRoundingBothReturn();
@@ -177,6 +178,18 @@ void TestLoopsOnFrames::exactTimesAnswerAsTheyStand()
     // So far out that the noise of rounding is longer than the cycle.
     QCOMPARE(spline(4e15 + 0.5), 0.5);
     QCOMPARE(spline(4e15 + 2.0), 3.0);
+}
+
+void TestLoopsOnFrames::farFromZeroExactKeysRepeatExactly()
+{
+    SplineBase spline;
+    put(spline, makeKey(1e6, 1.0));
+    put(spline, makeKey(1e6 + 1.0, 5.0));
+    spline.setLastNodeType(SplineBase::loop);
+    for (const double& time : {1e6 + 1e3 + 1e-7, 1e6 + 1e4 + 1e-6, 1.4e6 + 5e-5}) {
+        QCOMPARE(spline(time), 1.0 + 4.0 * (time - std::floor(time)));
+    }
+    QCOMPARE(spline(1.4e6), 1.0);
 }
 
 void TestLoopsOnFrames::aTimeBesideAKeyIsThatKeyOnlyWithinTheNoiseOfRounding()

@@ -57,6 +57,8 @@ private slots:
 
     void boundsHoldEveryValueAndAreReached();
     void boundsCountWhatAJumpComesUpTo();
+    void boundsOfValuesNearTheEndsOfTheNumbers_data();
+    void boundsOfValuesNearTheEndsOfTheNumbers();
     void boundsOfLoopsReachAsFarAsTheirLastRound();
     void boundsInEitherOrderAndWithoutNumbers();
 };
@@ -126,6 +128,28 @@ void TestSamplerShape::aHeldValueHasNoSlope()
     const auto sampler = CurveSampler::make(source);
     QCOMPARE(sampler->derivative(3.0), 1.0);
     QCOMPARE(sampler->derivative(7.0), 0.0);
+}
+
+void TestSamplerShape::boundsOfValuesNearTheEndsOfTheNumbers_data()
+{
+    QTest::addColumn<double>("height");
+    for (const double& height : {1e-300, 1e-170, 1.0, 1e160, 1e300}) {
+        QTest::addRow("%g", height) << height;
+    }
+}
+
+void TestSamplerShape::boundsOfValuesNearTheEndsOfTheNumbers()
+{
+    QFETCH(double, height);
+    SplineBase spline;
+    for (const double& time : {0.0, 1.0}) {
+        auto* const key = new PointInfo;
+        key->time = time;
+        key->type = zk_spline::bezier;
+        key->bezier = {time > 0.0 ? -4.0 * height : 0.0, time > 0.0 ? 0.0 : 4.0 * height};
+        spline.addPointPtr(key);
+    }
+    QCOMPARE(samplerOf(spline)->bounds(0.0, 1.0).highest, spline(0.5));
 }
 
 void TestSamplerShape::boundsHoldEveryValueAndAreReached()

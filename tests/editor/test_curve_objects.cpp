@@ -50,6 +50,19 @@ private slots:
         QVERIFY(!object->splineGraph()->curvePixels.isEmpty());
     }
 
+    void aCurveThatTheHostListsAnewWithOtherLimitsIsNotPutBackAsItWas()
+    {
+        LentCurve& lent = *fixture->curves.at("n.a");
+        editor().removeCurvesFromEditing();
+        editor().removeCurve("n", "a");
+        editor().addCurve("n", "a", Qt::blue, 0.0f, &lent.spline, &lent.expression, 0.0f, 15.0f,
+                          false, false);
+        history().undo();
+        QCOMPARE(objectOf("n.a")->evaluate(20.0), 15.0);
+        QVERIFY(!objectOf("n.a")->notifiesHost());
+        QCOMPARE(objectOf("n.a")->curveColor(), QColor(Qt::blue));
+    }
+
     void theObjectEndsWithTheLastStepThatKeepsIt()
     {
         const QPointer<CurveNodeBase> object = objectOf("n.a");

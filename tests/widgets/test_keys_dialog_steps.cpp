@@ -230,6 +230,21 @@ private slots:
         QCOMPARE(fixture->undoSteps(), QStringList({moveStep, selectStep}));
     }
 
+    void aTurnOfTheWheelOverAnotherFieldDuringADragIsAStepOfItsOwn()
+    {
+        fixture->pick({{10.0, 10.0}});
+        LentCurve& lent = *fixture->curves.at("n.c");
+        const double before = lent.spline.at(0)->tcb.tension;
+        fixture->pressField(dialog->posY);
+        fixture->dragField(dialog->posY, 50);
+        fixture->turnWheel(dialog->tension, 120);
+        fixture->releaseField(dialog->posY);
+        QVERIFY(lent.spline.at(0)->tcb.tension != before);
+        fixture->undoAll();
+        QCOMPARE(lent.spline.at(0)->tcb.tension, before);
+        QCOMPARE(lent.spline.at(0)->value, 10.0);
+    }
+
     void aStepToANeighbourIsAlwaysMade()
     {
         LentCurve& lonely = fixture->editCurve("n.l", {{10.0, 30.0}});
