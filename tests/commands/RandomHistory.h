@@ -157,47 +157,38 @@ private:
 
     bool undo(Actor& actor)
     {
-        const std::string label = actor.session.nextUndo();
-        refills.noteKeys(first().session);
-        if (curves.chance(20)) {
-            actor.session.editor().undo();
-        } else {
-            actor.session.manager().undo();
-        }
-        counts.add(label, HistoryCounts::undone);
-        if (!isExpected(actor)) {
-            return !label.empty();
-        }
-        demand(label == expected->nextUndo(), "another step to undo than expected: " + label);
-        if (label.empty() || !failure.isEmpty()) {
-            return false;
-        }
-        checkRefills("undo of " + label, label, expected->refilledAfterUndo());
-        expected->undid(curves.state());
-        check("undo of " + label);
-        return expected->isAmidDrag() ? undo(actor) : true;
+        const bool isDone = walk(actor, true);
+        return isDone && isExpected(actor) && expected->isAmidDrag() ? undo(actor) : isDone;
     }
 
-    bool redo(Actor& actor)
+    bool redo(Actor& actor) { return walk(actor, false); }
+
+    /// A step back or forth; false when there is none, or it went wrong.
+    bool walk(Actor& actor, const bool& back)
     {
-        const std::string label = actor.session.nextRedo();
+        SessionEditor& session = actor.session;
+        const std::string label = back ? session.nextUndo() : session.nextRedo();
         refills.noteKeys(first().session);
         if (curves.chance(20)) {
-            actor.session.editor().redo();
+            back ? session.editor().undo() : session.editor().redo();
         } else {
-            actor.session.manager().redo();
+            back ? session.manager().undo() : session.manager().redo();
         }
-        counts.add(label, HistoryCounts::redone);
+        counts.add(label, back ? HistoryCounts::undone : HistoryCounts::redone);
         if (!isExpected(actor)) {
             return !label.empty();
         }
-        demand(label == expected->nextRedo(), "another step to redo than expected: " + label);
+        const std::string step = back ? "undo" : "redo";
+        demand(label == (back ? expected->nextUndo() : expected->nextRedo()),
+               "another step to " + step + " than expected: " + label);
         if (label.empty() || !failure.isEmpty()) {
             return false;
         }
-        checkRefills("redo of " + label, label, expected->refilledAfterRedo());
-        expected->redid(curves.state());
-        check("redo of " + label);
+        const std::string wrong = refills.differences(
+            session, back ? expected->refilledAfterUndo() : expected->refilledAfterRedo(), label);
+        demand(wrong.empty(), step + " of " + wrong);
+        back ? expected->undid(curves.state()) : expected->redid(curves.state());
+        check(step + " of " + label);
         return true;
     }
 
@@ -281,13 +272,6 @@ private:
             demand(first().session.selectionsAreSound(),
                    moment + ": a key is selected that is not in its spline");
         }
-    }
-
-    void checkRefills(const std::string& moment, const std::string& label,
-                      const std::set<std::size_t>& refilledSplines)
-    {
-        const std::string wrong = refills.differences(first().session, refilledSplines, label);
-        demand(wrong.empty(), moment + ", " + wrong);
     }
 
     void demand(const bool& holds, const std::string& otherwise)
