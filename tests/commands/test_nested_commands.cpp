@@ -60,18 +60,18 @@ private slots:
         run({"a"});
         Step* const outer = step("outer");
         outer->onExecute = [] { throw std::runtime_error("executing"); };
-        QVERIFY_EXCEPTION_THROWN(manager->doCommand(outer), std::runtime_error);
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, manager->doCommand(outer));
         Step* const outermost = step("outermost");
         outermost->onExecute = [this] {
             Step* const inner = step("inner");
             inner->onExecute = [] { throw std::runtime_error("nested"); };
-            QVERIFY_EXCEPTION_THROWN(manager->doCommand(inner), std::runtime_error);
+            QVERIFY_THROWS_EXCEPTION(std::runtime_error, manager->doCommand(inner));
         };
         QVERIFY(manager->doCommand(outermost));
         Step* const late = step("late");
         late->onUndo = [] { throw std::runtime_error("undoing"); };
         manager->doCommand(late);
-        QVERIFY_EXCEPTION_THROWN(manager->undo(), std::runtime_error);
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, manager->undo());
         QCOMPARE(undoNames(), QStringList({"outermost", "a"}));
     }
 
