@@ -236,7 +236,7 @@ private slots:
         a.addKey(30, 30);
         a.addKey(40, 40);
         fixture.selectKeys("n.a", {0, 1});
-        fixture.editor.setPanSelection(5.0, 0.0);
+        fixture.logic().panSelection(5.0, 0.0);
         QCOMPARE(keyTimes(a.spline), (QList<double>{35, 45}));
         while (managerOf(fixture).undo()) {
         }
