@@ -26,7 +26,9 @@ CommandResetCurves::CommandResetCurves(CurveEditor* curveEditor, const QList<Nod
         const SplineBase* const spline = node->livingSpline();
         if (spline && !splines.contains(spline)) {
             splines.insert(spline);
-            saved.push_back({node, std::make_unique<SplineBase>(), nullptr});
+            saved.emplace_back();
+            saved.back().node = node;
+            saved.back().content = std::make_unique<SplineBase>();
         }
     }
 }

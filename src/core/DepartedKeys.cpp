@@ -10,6 +10,7 @@ constexpr std::size_t mostDepartures = 1024;
 template <typename Field>
 bool areSameBits(const Field& a, const Field& b)
 {
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): doubles without gaps between them
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 

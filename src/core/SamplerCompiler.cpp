@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -236,7 +237,8 @@ void SamplerCompiler::writeInstruction(const Task& task)
         instruction.code = areLeaves ? Instruction::chooseLeaf : Instruction::choose;
     }
     Operand* const operands[3] = {&instruction.first, &instruction.second, &instruction.third};
-    for (std::uint32_t i = 0; i < node.operandsNumber; ++i) {
+    const auto count = std::min<std::size_t>(node.operandsNumber, std::size(operands));
+    for (std::size_t i = 0; i < count; ++i) {
         *operands[i] = places[node.operands[i]];
     }
     instruction.target = task.base;

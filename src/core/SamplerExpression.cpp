@@ -37,7 +37,7 @@ View inputOf(std::int32_t place, const Block& block)
 [[gnu::always_inline]] inline View viewOf(const Operand& operand, const Block& block)
 {
     switch (operand.kind) {
-    case Operand::time:
+    case Operand::seconds:
         return {block.times, false};
     case Operand::frame:
         return {block.frames, false};

@@ -43,7 +43,7 @@ public:
         enum operandKind : std::uint8_t
         {
             number,
-            time,
+            seconds,
             frame,
             rate,
             input,

@@ -183,7 +183,7 @@ std::optional<SamplerGraphMaker::Meaning> SamplerGraphMaker::builtIn(const std::
 {
     Meaning meaning;
     if (name == "t") {
-        meaning.operand.kind = Operand::time;
+        meaning.operand.kind = Operand::seconds;
     } else if (name == "f") {
         meaning.operand.kind = Operand::frame;
     } else if (name == "fps") {

@@ -61,6 +61,7 @@ std::shared_ptr<CurveRing> joined(const std::shared_ptr<CurveRing>& a,
 
 bool isSameMoment(const Moment& a, const Moment& b)
 {
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): by bits, as the header says
     return std::memcmp(a.data(), b.data(), sizeof(Moment)) == 0;
 }
 
