@@ -7,13 +7,11 @@
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandAddFunc.h"
 #include "core/FunctionFloatBase.h"
-#include "core/FunctionParserBase.h"
-#include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/ExpressionText.h"
 #include "editor/CurveEditor.h"
 
-#include <QMessageBox>
 #include <QSet>
 
 #include <fstream>
@@ -26,14 +24,6 @@ QString expressionText(CurveNode* curve)
 {
     const FunctionFloatBase* expression = curve->expression();
     return expression ? QString::fromLocal8Bit(expression->getString().c_str()) : QString();
-}
-
-/// The piece of the message's text that its first span marks.
-QString markedText(const ParseMessage& message)
-{
-    const auto [start, length] = message.errorSpans.front();
-    const QByteArray text = QByteArray::fromStdString(message.expressionText);
-    return QString::fromLocal8Bit(text.mid(start, length));
 }
 
 /// A curve that was deselected loses its selection of keys.
@@ -242,17 +232,7 @@ void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
 
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    FunctionFloatBase* expression = FunctionParserBase::instance()->parseString(
-        text.toLocal8Bit().toStdString(), message, false);
-    if (message.errorSpans.empty()) {
-        return expression;
-    }
-    QString problem = tr("Unknown");
-    if (message.errorKind == ParseMessage::unknownName) {
-        problem = tr("Variable %1 not found").arg(markedText(message));
-    } else if (message.errorKind == ParseMessage::openParenthesis) {
-        problem = tr("Unmatched parenthesis");
-    }
-    QMessageBox::warning(nullptr, tr("Syntax error"), problem);
-    return expression;
+    std::unique_ptr<FunctionFloatBase> expression = curve_editor::parseText(text, message);
+    showBoxes(curve_editor::syntaxProblems(message));
+    return expression.release();
 }

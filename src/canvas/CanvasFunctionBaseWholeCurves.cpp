@@ -4,6 +4,7 @@
 #include "canvas/CanvasVisit.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
 #include "commands/EligibleCurves.h"
@@ -101,8 +102,8 @@ void CanvasFunctionBase::resetEditingCurves()
 {
     endGestures();
     if (!editing.isEmpty()) {
-        editor->getCmdManager()->doCommand(
-            new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing)));
+        editor->getCmdManager()->doCommand(new CommandResetCurves(
+            editor, curve_editor::recordsOf(curve_editor::contextOf(editor), editing)));
     }
 }
 

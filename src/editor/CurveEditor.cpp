@@ -4,6 +4,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "curves/Catalogue.h"
+#include "editor/EditorCommandContext.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
@@ -38,6 +39,7 @@ ControlMenu* CurveEditor::canvasMenu = nullptr;
 CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     : QDialog(parent, Qt::WindowFlags())
     , catalogue(std::make_unique<curve_editor::Catalogue>())
+    , commandContext(std::make_unique<curve_editor::EditorCommandContext>(*this, *catalogue))
     , zoomModifier("alt")
     , snapModifier("alt")
     , addModifier("ctrl")

@@ -36,6 +36,7 @@ class SplineBase;
 
 namespace curve_editor {
 class Catalogue;
+class EditorCommandContext;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -633,7 +634,10 @@ private:
     void addTreeItems(const NodeStruct* record);
     void takeOutItem(QTreeWidgetItem* item);
 
+    friend class curve_editor::EditorCommandContext;
+
     std::unique_ptr<curve_editor::Catalogue> catalogue; ///< mainNodes, allNodes and their index
+    std::unique_ptr<curve_editor::EditorCommandContext> commandContext;
     QStringList selectedDotNames;                       ///< the selection, in the order given
     bool selectionBusy = false;                         ///< re-entry guard of the selection
 

@@ -5,6 +5,7 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
+#include "commands/CommandContext.h"
 #include "commands/EligibleCurves.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/Catalogue.h"
@@ -38,7 +39,7 @@ void CurveEditor::executeCommand()
     manager.endGestures();
     manager.doCommand(
         new CommandParseExpr(this, functionEditor, commandLine,
-                             recordsOf(this, functionEditor->canvas().editingCurves())));
+                             recordsOf(contextOf(this), functionEditor->canvas().editingCurves())));
     if (self) { // the box of an error runs an event loop
         refreshEditor();
     }
@@ -49,7 +50,7 @@ void CurveEditor::deleteCurveClicked()
     manager.endGestures();
     manager.doCommand(
         new CommandDelExpr(this, functionEditor, commandLine,
-                           recordsOf(this, functionEditor->canvas().editingCurves())));
+                           recordsOf(contextOf(this), functionEditor->canvas().editingCurves())));
     update();
 }
 
