@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "editor/CurveEditorPrivate.h"
 
 #include <QAction>
 #include <QCursor>
@@ -94,18 +95,18 @@ bool isKeyEvent(const QInputEvent* event)
 void CurveEditor::setCurrentMode(curveEditorModes newMode)
 {
     if (newMode != currentMode) {
-        functionEditor->canvas().endGestureUnlessIn(newMode);
+        d->canvas().endGestureUnlessIn(newMode);
     }
     if (newMode == currentMode) {
         return;
     }
     currentMode = newMode;
-    functionEditor->zoomMode = newMode == ZOOMING;
+    d->functionEditor->zoomMode = newMode == ZOOMING;
     if (const ModeRow* const row = modeRow(newMode)) {
         if (row->cursor == arrowCursor) {
-            functionEditor->setCursor(Qt::ArrowCursor);
+            d->functionEditor->setCursor(Qt::ArrowCursor);
         } else if (row->cursor == iconCursor) {
-            functionEditor->setCursor(buildCursor(row->icon, row->hotX, row->hotY));
+            d->functionEditor->setCursor(buildCursor(row->icon, row->hotX, row->hotY));
         }
     }
     refreshEditor();
@@ -123,7 +124,7 @@ void CurveEditor::setUserMode(curveEditorModes newMode)
     }
     userMode = newMode;
     for (const ToolRow& tool : toolRows) {
-        toolButtonActions[tool.button]->setChecked(newMode == tool.mode);
+        d->actions.buttonAction(tool.button)->setChecked(newMode == tool.mode);
     }
 }
 
@@ -141,7 +142,7 @@ void CurveEditor::printMode(curveEditorModes theMode)
 /// A second choice of the same tool puts it away.
 void CurveEditor::toggleTool(const curveEditorModes& tool)
 {
-    functionEditor->canvas().endGesture();
+    d->canvas().endGesture();
     const curveEditorModes next = userMode == tool ? DEFAULT : tool;
     setUserMode(next);
     setCurrentMode(next);
@@ -174,15 +175,14 @@ void CurveEditor::setZoomMode()
 
 void CurveEditor::setDefaultMode()
 {
-    functionEditor->canvas().endGesture();
+    d->canvas().endGesture();
     setUserMode(DEFAULT);
     setCurrentMode(DEFAULT);
 }
 
 QCursor CurveEditor::buildCursor(const int& icon, const int& hotX, const int& hotY) const
 {
-    const QString number = QString::number(icon).rightJustified(3, QLatin1Char('0'));
-    const QPixmap picture(QString("%1/curveeditor%2.png").arg(iconsPath, number));
+    const QPixmap picture(d->icons.file(icon));
     // A cursor made of an empty picture would be an arrow all the same, and a warning.
     return picture.isNull() ? QCursor() : QCursor(picture, hotX, hotY);
 }
