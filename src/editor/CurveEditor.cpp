@@ -38,10 +38,6 @@ ControlMenu* CurveEditor::canvasMenu = nullptr;
 CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     : QDialog(parent, Qt::WindowFlags())
     , d(std::make_unique<curve_editor::CurveEditorPrivate>(this, iconsFolder))
-    , zoomModifier("alt")
-    , snapModifier("alt")
-    , addModifier("ctrl")
-    , add2selModifier("shift")
 {
     setupUi(this);
     preInit();
@@ -56,6 +52,7 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     d->functionEditor->setFocusPolicy(Qt::ClickFocus);
     resize(500, 300);
     d->connectWidgets();
+    connectModes();
 
     setFocusPolicy(Qt::StrongFocus);
     setShowFrames();

@@ -16,7 +16,6 @@
 #include <string>
 
 class ControlMenu;
-class ControlMenu2;
 class CurveNode;
 class CustomEditLine;
 class FunctionEditor;
@@ -554,21 +553,11 @@ private:
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
 
-    // Modes: CurveEditorModes.cpp
-    void setModifier(QString& target, const QString& value);
-    bool isModifierPressed(QInputEvent* e, const QString& name) const;
-    void toggleTool(const curveEditorModes& tool);
-    QCursor buildCursor(const int& icon, const int& hotX, const int& hotY) const;
+    /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
+    void connectModes();
 
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given
     bool selectionBusy = false;     ///< re-entry guard of the selection
     bool hasSettingsAction = false; ///< the settings action is not built
-
-    curveEditorModes currentMode = DEFAULT;
-    curveEditorModes userMode = DEFAULT;
-    QString zoomModifier;
-    QString snapModifier;
-    QString addModifier;
-    QString add2selModifier;
 };

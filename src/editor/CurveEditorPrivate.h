@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/ModeControl.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/Catalogue.h"
 #include "editor/CurveFileDialogs.h"
@@ -39,6 +40,7 @@ public:
 
     Catalogue catalogue; ///< mainNodes, allNodes and their index
     CurveCommandsManager manager;
+    ModeControl modes; ///< mode, tool and modifier keys
     ToolIcons icons;
     EditorActions actions;
     Readout readout;
