@@ -13,19 +13,9 @@
 
 #include <QFile>
 
-#include <utility>
-#include <vector>
-
 namespace curve_editor {
 
 namespace {
-
-/// What the file holds, read for one of the curves that are to get it.
-struct LoadedCurve
-{
-    NodeStruct* node = nullptr; ///< not owned: the catalogue's
-    std::unique_ptr<DetachedCurve> content;
-};
 
 /// The older format has no failure.
 FileReading readFile(CurveNodeBase& curve, const QString& fileName)
@@ -106,34 +96,25 @@ ZK_String CommandLoadCurve::getDescription()
     return "Load Curve";
 }
 
-/// The file is read once for each curve before any of them changes, up to the first failure. False
-/// after one, and when nothing of the context is left after a box.
+/// The file is read once for each curve before any of them changes. False after a failure, and when
+/// nothing of the context is left after its box.
 bool CommandLoadCurve::readContents()
 {
-    std::vector<LoadedCurve> loaded;
-    Problems problems;
-    bool isRead = true;
-    for (NodeStruct* node : recordsOf(*context, context->editingCurves())) {
+    const QList<NodeStruct*> nodes = recordsOf(*context, context->editingCurves());
+    for (NodeStruct* node : nodes) {
         const auto* const curve = dynamic_cast<CurveNodeBase*>(findCurveOf(*context, node));
         if (!curve || !hasPlaceForContent(node)) {
             continue;
         }
-        loaded.push_back({node, std::make_unique<DetachedCurve>(*curve)});
-        const FileReading reading = readFile(*loaded.back().content->curve(), fileName);
-        problems += reading.problems;
-        isRead = reading.isRead;
-        if (!isRead) {
-            break;
+        DetachedCurve loaded(*curve);
+        const FileReading reading = readFile(*loaded.curve(), fileName);
+        if (!context->tell(reading.problems) || !reading.isRead) {
+            return false;
         }
-    }
-    if (!context->tell(problems) || !isRead) {
-        return false;
-    }
-    for (LoadedCurve& curve : loaded) {
-        if (hasPlaceForContent(curve.node)) { // the box of an error may have let anything happen
-            const std::optional<QString> text =
-                expressionTextOf(curve.content->curve()->expression());
-            contents.add(curve.node, curve.content->takeSpline(), text);
+        // The box of an error may have let anything happen.
+        if (hasPlaceForContent(node)) {
+            const std::optional<QString> text = expressionTextOf(loaded.curve()->expression());
+            contents.add(node, loaded.takeSpline(), text);
         }
     }
     return true;

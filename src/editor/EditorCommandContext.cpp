@@ -2,6 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditor.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/CommandLine.h"
 
 #include <QPointer>
@@ -155,7 +156,7 @@ void EditorCommandContext::showParsed(CommandLine* line, const ParseMessage& mes
 
 EditorCommandContext& EditorCommandContext::of(const CurveEditor& editor)
 {
-    return *editor.commandContext;
+    return editor.d->commandContext;
 }
 
 CommandContext& contextOf(CurveEditor* editor)
