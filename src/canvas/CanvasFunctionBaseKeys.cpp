@@ -5,6 +5,7 @@
 #include "canvas/KeyPlacing.h"
 #include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"
+#include "commands/CommandAddFunc.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetPointsType.h"
@@ -12,6 +13,7 @@
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 
+using curve_editor::CommandAddFunc;
 using curve_editor::CommandChangePoints;
 using curve_editor::CommandDelPoints;
 using curve_editor::CommandSetPointsType;
@@ -166,4 +168,13 @@ void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
         updateCanvas();
     }
     commitMoveCommand();
+}
+
+void CanvasFunctionBase::switchAddFuncToSpline()
+{
+    endGestures();
+    const int type = editingType();
+    if (type == expressionCurve || type == splinePlusExpressionCurve) {
+        editor->getCmdManager()->doCommand(new CommandAddFunc(editor));
+    }
 }

@@ -16,6 +16,7 @@ class QXmlStreamWriter;
 
 namespace curve_editor {
 struct CurveXmlContent;
+struct NodeStruct;
 } // namespace curve_editor
 
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
@@ -39,6 +40,8 @@ public:
                   const QColor& color, float curveValue, SplineBase* spline,
                   FunctionFloatBase** expressionSlot, float minimumValue, float maximumValue,
                   bool notifiesHost);
+    /// A curve made for a tree, which knows it from now on, of what the record lends.
+    CurveNodeBase(CurveTree& tree, const curve_editor::NodeStruct& record);
     ~CurveNodeBase() override;
 
     bool isCurve() const override;
@@ -118,6 +121,9 @@ private slots:
     void createNodeAtCursor();
 
 private:
+    CurveNodeBase(CurveTree* tree, const QString& name, const QString& path,
+                  const curve_editor::NodeStruct& content);
+
     FunctionFloatBase** livingSlot() const;
     double framesPerSecond() const;
     int labelDecimals() const;

@@ -2,11 +2,11 @@
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveVisit.h"
 #include "curves/DottedName.h"
 #include "widgets/ControlMenu2.h"
 
@@ -84,7 +84,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
     if (!record) {
         return;
     }
-    const CanvasVisit visit(&functionEditor->canvas());
+    const CurveVisit visit(&functionEditor->canvas().tree());
     selectionBusy = true;
     if (!record->isEditing) {
         enterCanvas(record, curve);
@@ -100,9 +100,7 @@ void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
     CanvasFunctionBase& canvas = functionEditor->canvas();
     dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
     if (!canvas.attachCanvasCurve(curve)) {  // none was given, or it has been freed since
-        curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
-                                      record->livingSpline(), record->livingSlot(),
-                                      record->minValue, record->maxValue, record->notifyHost);
+        curve = canvas.addCanvasCurve(*record);
     }
     record->isEditing = true;
     auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);

@@ -2,10 +2,10 @@
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/CurveVisit.h"
 #include "curves/DottedName.h"
 
 #include <QSet>
@@ -99,8 +99,8 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     if (!record) {
         return;
     }
-    const CanvasVisit visit(
-        &functionEditor->canvas()); // whoever listens to the tree may do anything
+    // Whoever listens to the tree may do anything.
+    const CurveVisit visit(&functionEditor->canvas().tree());
     CurveNode* const held = functionEditor->canvas().findLeaf(oldName);
     record->dotName = newName;
     record->curveName = newCurve;

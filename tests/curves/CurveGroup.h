@@ -11,7 +11,7 @@
 #include <vector>
 
 /// A group and its curves, each with a spline and a slot of its own.
-struct CurveTree
+struct CurveGroup
 {
     struct Host
     {
@@ -20,7 +20,7 @@ struct CurveTree
         ~Host() { delete expression; }
     };
 
-    CurveTree()
+    CurveGroup()
         : top(std::make_unique<CurveNode>(nullptr, "n", ""))
     {}
 

@@ -1,6 +1,7 @@
-#include "canvas/UnlinkedCurves.h"
+#include "curves/UnlinkedCurves.h"
 
 #include "curves/CurveNodeBase.h"
+#include "curves/EditingSet.h"
 
 #include <algorithm>
 
@@ -25,7 +26,7 @@ void dropPixels(CurveNode* root)
 
 } // namespace
 
-UnlinkedCurves::UnlinkedCurves(const QList<CurveNode*>& editingCurves)
+UnlinkedCurves::UnlinkedCurves(const EditingSet& editingCurves)
     : editing(editingCurves)
 {}
 

@@ -1,20 +1,20 @@
 #pragma once
 
-#include <QList>
 #include <QSet>
 
 class CurveNode;
+class EditingSet;
 
-/// The curve objects that have left the tree of a canvas, until nobody names them any more. One is
-/// named by a CurveHold, by the curves being edited, and by whatever stands on the stack during a
-/// CanvasVisit. The moment of its end depends on these alone: no event loop, no timer.
+/// The curve objects that have left their tree, until nobody names them any more. One is named by
+/// a CurveHold, by the curves being edited, and by whatever stands on the stack during a
+/// CurveVisit. The moment of its end depends on these alone: no event loop, no timer.
 ///
 /// Of several that left together the root counts: it lives while anything below it is named.
 class UnlinkedCurves
 {
 public:
-    /// The curves being edited may name some that have left with their group. Not owned.
-    explicit UnlinkedCurves(const QList<CurveNode*>& editing);
+    /// The curves being edited may name some that have left with their group.
+    explicit UnlinkedCurves(const EditingSet& editing);
     UnlinkedCurves(const UnlinkedCurves&) = delete;
     UnlinkedCurves& operator=(const UnlinkedCurves&) = delete;
 
@@ -33,8 +33,8 @@ private:
     void freeUnnamed();
     bool isNamed(CurveNode* node) const;
 
-    const QList<CurveNode*>& editing;
-    QSet<CurveNode*> roots;   ///< owned
-    QSet<CurveNode*> doubted; ///< those of the roots that may be named no longer
+    const EditingSet& editing; ///< not owned
+    QSet<CurveNode*> roots;    ///< owned
+    QSet<CurveNode*> doubted;  ///< those of the roots that may be named no longer
     int visits = 0;
 };

@@ -1,5 +1,5 @@
 #include "curves/CurveHold.h"
-#include "support/CanvasTest.h"
+#include "curves/CurveTreeTest.h"
 
 #include <QRandomGenerator>
 #include <QTest>
@@ -7,9 +7,9 @@
 namespace {
 
 /// The rule itself: the first node that a walk of the tree meets.
-CurveNode* walk(const CanvasFunctionBase& canvas, const QString& name)
+CurveNode* walk(const CurveTree& tree, const QString& name)
 {
-    for (CurveNode* top : canvas.topNodes()) {
+    for (CurveNode* top : tree.topNodes()) {
         if (CurveNode* found = top->findNode(name)) {
             return found;
         }
@@ -32,13 +32,13 @@ QString randomName(QRandomGenerator& random)
 } // namespace
 
 /// A curve is found by name as by a walk of the tree, whatever happened to the tree.
-class TestFindCurve : public CanvasTest
+class TestFindCurve : public CurveTreeTest
 {
     Q_OBJECT
 
 private slots:
-    void init() { openCanvas(); }
-    void cleanup() { closeCanvas(); }
+    void init() { openTree(); }
+    void cleanup() { closeTree(); }
 
     void theAnswerIsThatOfTheWalk();
 };
@@ -59,9 +59,9 @@ void TestFindCurve::theAnswerIsThatOfTheWalk()
                 kept.emplace_back(added);
             }
         } else if (what < 4) {
-            canvas->removeCanvasCurve(any->dotName());
+            tree->remove(any->dotName());
         } else if (what < 5) {
-            canvas->attachCanvasCurve(any->isCurve() ? any : nullptr);
+            tree->attach(any->isCurve() ? any : nullptr);
         } else if (what < 6) {
             any->setDotName(randomName(random));
         } else if (what < 7) {
@@ -70,17 +70,17 @@ void TestFindCurve::theAnswerIsThatOfTheWalk()
             any->unlink();
         }
         if (known.size() > 30) {
-            canvas->clearCurves();
+            tree->clear();
             known.clear();
             kept.clear();
         }
         for (int i = 0; i < 10; ++i) {
             const QString name = randomName(random);
-            QCOMPARE(canvas->findCurve(name), walk(*canvas, name));
+            QCOMPARE(tree->findCurve(name), walk(*tree, name));
         }
         for (CurveNode* node : std::as_const(known)) {
-            CurveNode* const found = walk(*canvas, node->dotName());
-            QCOMPARE(canvas->findCurve(node->dotName()), found);
+            CurveNode* const found = walk(*tree, node->dotName());
+            QCOMPARE(tree->findCurve(node->dotName()), found);
             shared += found && found != node ? 1 : 0;
         }
     }
