@@ -1,9 +1,9 @@
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <algorithm>
 

@@ -4,9 +4,9 @@
 
 #include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/MousePixel.h"
 #include "curves/CurveNode.h"
 #include "editor/CurveEditor.h"
+#include "graphs/MousePixel.h"
 
 #include <QMouseEvent>
 #include <QPoint>

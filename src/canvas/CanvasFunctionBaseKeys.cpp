@@ -3,15 +3,15 @@
 #include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/KeyPlacing.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandAddFunc.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetPointsType.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 
 using curve_editor::CommandAddFunc;
 using curve_editor::CommandChangePoints;

@@ -4,10 +4,10 @@
 #include "canvas/CanvasGesture.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SelectedKeys.h"
 #include "core/Truncate.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveVisit.h"
+#include "curves/SelectedKeys.h"
 
 #include <QPainter>
 

@@ -1,11 +1,11 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasGesture.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <algorithm>
 

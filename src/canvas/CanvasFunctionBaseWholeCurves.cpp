@@ -1,8 +1,6 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
 #include "commands/EligibleCurves.h"
@@ -11,6 +9,8 @@
 #include "curves/CurveVisit.h"
 #include "curves/DetachedCurve.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <utility>
 

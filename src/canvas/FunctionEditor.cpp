@@ -1,9 +1,9 @@
 #include "canvas/FunctionEditor.h"
 
-#include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "graphs/MousePixel.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QMouseEvent>

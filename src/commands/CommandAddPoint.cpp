@@ -3,8 +3,8 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
 #include "editor/CurveEditor.h"
+#include "graphs/ControlSplineNode.h"
 
 namespace curve_editor {
 

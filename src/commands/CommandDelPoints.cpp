@@ -2,8 +2,8 @@
 
 #include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
 #include "editor/CurveEditor.h"
+#include "graphs/ControlSplineNode.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,10 +1,10 @@
 #include "commands/EligibleCurves.h"
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 
 namespace curve_editor {
 

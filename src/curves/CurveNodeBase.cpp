@@ -1,19 +1,19 @@
 #include "curves/CurveNodeBase.h"
 
-#include "canvas/ExpressionCurveGraph.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
+#include "core/CurveLimits.h"
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
-#include "curves/CurveEvaluation.h"
 #include "curves/CurveHost.h"
 #include "curves/CurveTree.h"
 #include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
 #include "curves/DottedName.h"
-#include "curves/EvaluatedCurve.h"
 #include "curves/NodeStruct.h"
+#include "graphs/EvaluatedCurve.h"
+#include "graphs/ExpressionCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPointer>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "core/SplineHandle.h"
 #include "curves/CurveNode.h"
-#include "curves/SplineHandle.h"
 
 #include <QColor>
 #include <QObject>

@@ -1,8 +1,5 @@
 // How a curve keeps its pixels up to date and draws them.
 
-#include "canvas/ExpressionCurveGraph.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
@@ -12,7 +9,10 @@
 #include "curves/CurveTree.h"
 #include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
-#include "curves/EvaluatedCurve.h"
+#include "graphs/EvaluatedCurve.h"
+#include "graphs/ExpressionCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 

@@ -1,11 +1,11 @@
 #include "curves/CurveTree.h"
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
 #include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <algorithm>
 #include <utility>

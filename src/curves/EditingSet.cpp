@@ -1,9 +1,9 @@
 #include "curves/EditingSet.h"
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QSet>
 

@@ -2,9 +2,9 @@
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
+#include "graphs/CanvasColors.h"
 #include "widgets/NodeTypePositions.h"
 
 #include <QAction>

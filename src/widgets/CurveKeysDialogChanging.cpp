@@ -3,7 +3,6 @@
 #include "widgets/CurveKeysDialog.h"
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
@@ -11,6 +10,7 @@
 #include "core/SplineBase.h"
 #include "curves/CurveVisit.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 #include "widgets/NodeTypePositions.h"
 
 #include <cmath>

@@ -1,8 +1,8 @@
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveGroup.h"
 #include "curves/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 

@@ -1,10 +1,10 @@
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveHold.h"
 #include "curves/CurveHost.h"
 #include "curves/CurveTreeTest.h"
 #include "curves/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 #include "support/BoxCatcher.h"
 
 #include <QTest>

@@ -1,5 +1,5 @@
-#include "canvas/CanvasColors.h"
-#include "canvas/ExpressionCurveGraph.h"
+#include "graphs/CanvasColors.h"
+#include "graphs/ExpressionCurveGraph.h"
 #include "support/FailOnWarning.h"
 #include "support/GraphFixture.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "curves/ControlSplineNode.h"
+#include "graphs/ControlSplineNode.h"
 
 #include <QColor>
 #include <QPoint>

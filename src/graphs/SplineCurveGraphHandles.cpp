@@ -1,8 +1,8 @@
-#include "canvas/CanvasColors.h"
-#include "canvas/ChosenKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/Truncate.h"
+#include "graphs/CanvasColors.h"
+#include "graphs/ChosenKeys.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 

@@ -1,9 +1,9 @@
-#include "canvas/CanvasColors.h"
-#include "canvas/ChosenKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
+#include "core/Decimals.h"
 #include "core/Truncate.h"
-#include "widgets/CustomEditLine.h"
+#include "graphs/CanvasColors.h"
+#include "graphs/ChosenKeys.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 
@@ -90,7 +90,7 @@ void SplineCurveGraph::drawLabels(QPainter* painter, const double& fps, const bo
     painter->setRenderHint(QPainter::Antialiasing, false);
 
     const QRect canvas(0, 0, view->viewWidth, view->viewHeight);
-    const int digits = std::min(decimals, CustomEditLine::mostDecimals);
+    const int digits = std::min(decimals, curve_editor::mostDecimals);
     const qsizetype count = std::min(keyPixels.size(), static_cast<qsizetype>(keys.size()));
     for (qsizetype i = 0; i < count; ++i) {
         const PointInfo* key = keys[static_cast<std::size_t>(i)];

@@ -1,4 +1,4 @@
-#include "canvas/SplineCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QSet>
 

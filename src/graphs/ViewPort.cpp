@@ -1,7 +1,7 @@
-#include "canvas/ViewPort.h"
+#include "graphs/ViewPort.h"
 
-#include "canvas/MousePixel.h"
 #include "core/Truncate.h"
+#include "graphs/MousePixel.h"
 
 #include <QMouseEvent>
 

@@ -1,4 +1,4 @@
-#include "curves/ControlSplineNodeTest.h"
+#include "graphs/ControlSplineNodeTest.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // What moves the current key and its handles.
 
-#include "curves/ControlSplineNode.h"
+#include "graphs/ControlSplineNode.h"
 
 #include "core/SplineBase.h"
 

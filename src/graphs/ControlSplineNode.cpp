@@ -1,4 +1,4 @@
-#include "curves/ControlSplineNode.h"
+#include "graphs/ControlSplineNode.h"
 
 #include "core/SplineBase.h"
 

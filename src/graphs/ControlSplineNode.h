@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/KeyRef.h"
-#include "curves/SplineHandle.h"
+#include "core/SplineHandle.h"
 
 #include <QList>
 #include <QObject>

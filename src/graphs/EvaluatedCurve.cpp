@@ -1,4 +1,4 @@
-#include "curves/EvaluatedCurve.h"
+#include "graphs/EvaluatedCurve.h"
 
 #include "core/EvaluationTime.h"
 

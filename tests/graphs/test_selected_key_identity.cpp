@@ -1,6 +1,6 @@
 #include "support/KeyAddresses.h"
 
-#include "curves/ControlSplineNodeTest.h"
+#include "graphs/ControlSplineNodeTest.h"
 
 #include <QTest>
 

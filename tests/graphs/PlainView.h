@@ -1,6 +1,6 @@
 #pragma once
 
-#include "canvas/ViewPort.h"
+#include "graphs/ViewPort.h"
 
 #include <QTest>
 

@@ -1,4 +1,4 @@
-#include "canvas/ExpressionCurveGraph.h"
+#include "graphs/ExpressionCurveGraph.h"
 
 #include <QPainter>
 

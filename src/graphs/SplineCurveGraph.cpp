@@ -1,7 +1,7 @@
-#include "canvas/SplineCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
 
-#include "canvas/ViewPort.h"
 #include "core/Truncate.h"
+#include "graphs/ViewPort.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "canvas/PlainView.h"
+#include "graphs/PlainView.h"
 #include "support/FailOnWarning.h"
 
 /// Pixels and world, the rectangles that become the view, and its settings.

@@ -1,4 +1,4 @@
-#include "canvas/CanvasColors.h"
+#include "graphs/CanvasColors.h"
 
 CanvasColors& CanvasColors::shared()
 {

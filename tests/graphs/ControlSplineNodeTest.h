@@ -1,7 +1,7 @@
 #pragma once
 
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
+#include "graphs/ControlSplineNode.h"
 #include "support/FailOnWarning.h"
 
 #include <QObject>

@@ -1,9 +1,9 @@
-#include "canvas/SelectedKeys.h"
+#include "curves/SelectedKeys.h"
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
+#include "core/CurveLimits.h"
 #include "core/EvaluationTime.h"
 #include "core/Truncate.h"
-#include "curves/CurveEvaluation.h"
-#include "curves/EvaluatedCurve.h"
+#include "graphs/EvaluatedCurve.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <algorithm>
 #include <cmath>
