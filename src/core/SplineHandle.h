@@ -4,6 +4,8 @@
 
 #include <memory>
 
+namespace curve_editor {
+
 /// A pointer to a spline of somebody else's, who may destroy it at any time.
 class SplineHandle
 {
@@ -24,3 +26,5 @@ private:
     SplineBase* spline = nullptr; ///< not owned
     std::weak_ptr<const void> life;
 };
+
+} // namespace curve_editor

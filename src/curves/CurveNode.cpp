@@ -11,13 +11,13 @@
 CurveNode::CurveNode(CanvasFunctionBase* canvas, const QString& name, const QString& path)
     : CurveNode(treeOf(canvas), name, path, leaf)
 {
-    childList = new QList<CurveNode*>;
+    childList = std::make_unique<QList<CurveNode*>>();
 }
 
 CurveNode::CurveNode(CurveTree& owner, const QString& name, const QString& path)
     : CurveNode(&owner, name, path, leaf)
 {
-    childList = new QList<CurveNode*>;
+    childList = std::make_unique<QList<CurveNode*>>();
 }
 
 CurveNode::CurveNode(CurveTree* owner, const QString& name, const QString& path, leafTag)
@@ -43,7 +43,6 @@ CurveNode::~CurveNode()
             child->parent = nullptr;
             delete child;
         }
-        delete childList;
     }
     if (tree) {
         tree->nodeDestroyed(this);
@@ -73,7 +72,7 @@ void CurveNode::updateGraph(ViewPort* viewport)
 
 QList<CurveNode*>* CurveNode::children()
 {
-    return childList;
+    return childList.get();
 }
 
 void CurveNode::addChild(CurveNode* child)

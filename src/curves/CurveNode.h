@@ -115,7 +115,7 @@ protected:
     QString ownName;
     QString parentPath;
     bool reportsToHost = true;
-    QList<CurveNode*>* childList = nullptr; ///< owned, and so is each child; null on a leaf
+    std::unique_ptr<QList<CurveNode*>> childList; ///< each child is owned, too; null on a leaf
 
 private:
     void renameChildren(const QString& oldDotName);

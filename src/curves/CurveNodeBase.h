@@ -140,7 +140,7 @@ private:
     void readExpression(std::ifstream& stream, FunctionParserBase& parser);
 
     bool changed = false;
-    SplineHandle hostSpline;
+    curve_editor::SplineHandle hostSpline;
     FunctionFloatBase** slot; ///< the host's; left alone once its spline is destroyed
     std::unique_ptr<SplineCurveGraph> keysGraph;
     std::unique_ptr<ExpressionCurveGraph> expressionGraph;

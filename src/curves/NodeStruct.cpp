@@ -7,17 +7,17 @@ namespace curve_editor {
 void NodeStruct::setSpline(SplineBase* hostSpline)
 {
     spline = hostSpline;
-    splineLife = hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>();
+    splineHandle = SplineHandle(hostSpline);
 }
 
 SplineBase* NodeStruct::livingSpline() const
 {
-    return splineLife.expired() ? nullptr : spline;
+    return splineHandle.get();
 }
 
 bool NodeStruct::isSplineLost() const
 {
-    return spline && splineLife.expired();
+    return spline && !splineHandle.get();
 }
 
 FunctionFloatBase** NodeStruct::livingSlot() const

@@ -18,7 +18,7 @@ SplineBase* ControlSplineNode::spline() const
 
 void ControlSplineNode::setSpline(SplineBase* spline)
 {
-    splineHandle = SplineHandle(spline);
+    splineHandle = curve_editor::SplineHandle(spline);
 }
 
 void ControlSplineNode::setCurrentPoint(PointInfo* point)

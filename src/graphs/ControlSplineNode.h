@@ -110,7 +110,7 @@ private:
     template <typename IsBetter>
     PointInfo* bestPoint(const IsBetter& isBetter) const;
 
-    SplineHandle splineHandle;
+    curve_editor::SplineHandle splineHandle;
 
     // Who the keys of the two public fields are, as far as these still say the same.
     mutable QList<PointInfo*> notedPoints;
