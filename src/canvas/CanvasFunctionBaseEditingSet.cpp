@@ -3,27 +3,12 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
-#include "core/FunctionParserBase.h"
-#include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
-
-#include <QMessageBox>
+#include "curves/ExpressionText.h"
 
 #include <fstream>
 #include <string>
-
-namespace {
-
-/// The piece of the message's text that its first span marks.
-QString markedText(const ParseMessage& message)
-{
-    const auto [start, length] = message.errorSpans.front();
-    const QByteArray text = QByteArray::fromStdString(message.expressionText);
-    return QString::fromLocal8Bit(text.mid(start, length));
-}
-
-} // namespace
 
 void CanvasFunctionBase::selectCurves(const QStringList& dotNames)
 {
@@ -133,17 +118,7 @@ void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
 
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    FunctionFloatBase* expression = FunctionParserBase::instance()->parseString(
-        text.toLocal8Bit().toStdString(), message, false);
-    if (message.errorSpans.empty()) {
-        return expression;
-    }
-    QString problem = tr("Unknown");
-    if (message.errorKind == ParseMessage::unknownName) {
-        problem = tr("Variable %1 not found").arg(markedText(message));
-    } else if (message.errorKind == ParseMessage::openParenthesis) {
-        problem = tr("Unmatched parenthesis");
-    }
-    QMessageBox::warning(nullptr, tr("Syntax error"), problem);
-    return expression;
+    std::unique_ptr<FunctionFloatBase> expression = curve_editor::parseText(text, message);
+    showBoxes(curve_editor::syntaxProblems(message));
+    return expression.release();
 }

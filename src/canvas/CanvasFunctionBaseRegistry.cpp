@@ -8,7 +8,11 @@
 #include "canvas/FunctionEditor.h"
 #include "curves/CurveVisit.h"
 #include "curves/DetachedCurve.h"
+#include "curves/DottedName.h"
 #include "curves/NodeStruct.h"
+
+using curve_editor::DottedName;
+using curve_editor::NodeStruct;
 
 CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEditor* dialog)
     : QObject(functionEditor)
@@ -79,19 +83,14 @@ CurveNode* CanvasFunctionBase::addCanvasCurve(const QString& dotName, const QCol
                                               const float& minValue, const float& maxValue,
                                               const bool& notifyHost)
 {
-    curve_editor::NodeStruct record;
-    record.dotName = dotName;
-    record.color = color;
-    record.curveValue = curveValue;
-    record.setSpline(spline);
-    record.function = expressionSlot;
-    record.minValue = minValue;
-    record.maxValue = maxValue;
-    record.notifyHost = notifyHost;
+    const DottedName name = DottedName::fromText(dotName);
+    NodeStruct record = NodeStruct::lent(name.node, name.curve, color, curveValue, spline,
+                                         expressionSlot, minValue, maxValue, notifyHost);
+    record.dotName = dotName; // which may have one element
     return addCanvasCurve(record);
 }
 
-CurveNode* CanvasFunctionBase::addCanvasCurve(const curve_editor::NodeStruct& record)
+CurveNode* CanvasFunctionBase::addCanvasCurve(const NodeStruct& record)
 {
     return curveTree.add(record);
 }

@@ -1,6 +1,7 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
 #include "commands/EligibleCurves.h"
@@ -101,8 +102,8 @@ void CanvasFunctionBase::resetEditingCurves()
 {
     endGestures();
     if (!editing.isEmpty()) {
-        editor->getCmdManager()->doCommand(
-            new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing.curves())));
+        editor->getCmdManager()->doCommand(new CommandResetCurves(
+            editor, curve_editor::recordsOf(curve_editor::contextOf(editor), editing.curves())));
     }
 }
 

@@ -37,20 +37,6 @@ QString pathOf(const QString& dotName)
     return end < 0 ? QString() : dotName.left(end);
 }
 
-NodeStruct contentOf(const QColor& color, float curveValue, SplineBase* spline,
-                     FunctionFloatBase** slot, float minimum, float maximum, bool notifiesHost)
-{
-    NodeStruct content;
-    content.setSpline(spline);
-    content.function = slot;
-    content.color = color;
-    content.curveValue = curveValue;
-    content.minValue = minimum;
-    content.maxValue = maximum;
-    content.notifyHost = notifiesHost;
-    return content;
-}
-
 /// Null without a tree, or where nobody shows its curves.
 ViewPort* viewOf(const CurveTree* tree)
 {

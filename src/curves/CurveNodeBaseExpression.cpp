@@ -7,10 +7,13 @@
 #include "curves/CurveTree.h"
 #include "curves/NodeStruct.h"
 
-#include <QMessageBox>
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
+
+using curve_editor::Problem;
+using curve_editor::Problems;
 
 namespace {
 
@@ -33,25 +36,32 @@ void markVariable(const QString& parserName, ParseMessage& message)
 
 void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& message)
 {
-    FunctionFloatBase** living = livingSlot();
-    if (!living) {
-        delete expression;
-    } else if (*living != expression) {
-        delete *living;
-        *living = expression;
+    FunctionFloatBase** const living = livingSlot();
+    if (living && *living == expression) {
+        *living = nullptr; // the same comes back, and is not to be deleted on the way
+    }
+    // A box runs an event loop, in which this curve may be drawn, or taken away.
+    const QPointer<CurveNodeBase> self(this);
+    showBoxes(takeExpression(std::unique_ptr<FunctionFloatBase>(expression), message));
+    if (self) {
+        changed = true;
+    }
+}
+
+Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expression,
+                                       ParseMessage& message)
+{
+    if (FunctionFloatBase** const living = livingSlot()) {
+        delete std::exchange(*living, expression.release());
     }
     changed = true;
     QString offender;
-    if (dependsOnItself(offender)) {
-        markVariable(curve_editor::parserForm(offender), message);
-        // The box runs an event loop, in which this curve may be drawn, or taken away.
-        const QPointer<CurveNodeBase> self(this);
-        const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
-        QMessageBox::warning(nullptr, tr("Cyclical dependency"), text);
-        if (self) {
-            changed = true;
-        }
+    if (!dependsOnItself(offender)) {
+        return {};
     }
+    markVariable(curve_editor::parserForm(offender), message);
+    const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
+    return {{Problem::warning, tr("Cyclical dependency"), text}};
 }
 
 bool CurveNodeBase::dependsOnItself(QString& offender) const

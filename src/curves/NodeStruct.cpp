@@ -1,8 +1,29 @@
 #include "curves/NodeStruct.h"
 
 #include "core/SplineBase.h"
+#include "curves/DottedName.h"
 
 namespace curve_editor {
+
+NodeStruct NodeStruct::lent(const QString& node, const QString& curve, const QColor& color,
+                            float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                            float minValue, float maxValue, bool notifyHost)
+{
+    const DottedName name(node, curve);
+    NodeStruct record;
+    record.setSpline(spline);
+    record.function = function;
+    record.color = color;
+    record.curveValue = curveValue;
+    record.minValue = minValue;
+    record.maxValue = maxValue;
+    record.mainNodeName = node;
+    record.curveName = curve;
+    record.dotName = name.text();
+    record.safeDotName = name.safeText();
+    record.notifyHost = notifyHost;
+    return record;
+}
 
 void NodeStruct::setSpline(SplineBase* hostSpline)
 {

@@ -33,6 +33,11 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
 
     SplineHandle splineHandle; ///< the same spline, as long as it lives
 
+    /// The record of a curve that a host lends, by what it gives to CurveEditor::addCurve.
+    static NodeStruct lent(const QString& node, const QString& curve, const QColor& color,
+                           float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                           float minValue, float maxValue, bool notifyHost);
+
     /// Takes the spline and notes its life.
     void setSpline(SplineBase* hostSpline);
 
