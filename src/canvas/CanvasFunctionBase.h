@@ -1,13 +1,12 @@
 #pragma once
 
-#include "canvas/UnlinkedCurves.h"
 #include "core/SplineBase.h"
+#include "curves/CurveTree.h"
+#include "curves/EditingSet.h"
 
 #include <QColor>
 #include <QList>
-#include <QMultiHash>
 #include <QObject>
-#include <QSet>
 #include <QStringList>
 
 #include <iosfwd>
@@ -16,6 +15,7 @@
 struct CanvasBackground;
 class CanvasGesture;
 class CurveEditor;
+class CurveHost;
 class CurveNode;
 class CurveNodeBase;
 class FrameGrid;
@@ -35,6 +35,7 @@ struct SelectionState;
 namespace curve_editor {
 class CurveCommand;
 class DetachedCurve;
+struct NodeStruct;
 } // namespace curve_editor
 
 /// The logic of the canvas: the tree of curve objects, the set of curves being edited, painting,
@@ -55,6 +56,8 @@ public:
 
     /// @name Registry: which curves are on the canvas, and which are being edited
     /// @{
+    CurveTree& tree();
+    const EditingSet& editingSet() const;
     /// The first node of that name, a group or a leaf; null if there is none.
     CurveNode* findCurve(const QString& dotName) const;
     /// The same where a curve answers; null where a group does.
@@ -68,11 +71,13 @@ public:
     CurveNode* addCanvasCurve(const QString& dotName, const QColor& color, const float& curveValue,
                               SplineBase* spline, FunctionFloatBase** expressionSlot,
                               const float& minValue, const float& maxValue, const bool& notifyHost);
+    /// The same of what a record lends.
+    CurveNode* addCanvasCurve(const curve_editor::NodeStruct& record);
     /// Puts an unlinked curve back into the tree, and owns it from then on, unless a node of its
     /// name is there, which is given back then. Null, too, for a curve that has been freed.
     CurveNode* attachCanvasCurve(CurveNode* curve);
     /// Unlinks the node of that name, and frees it as soon as nobody names it: see CurveHold and
-    /// CanvasVisit.
+    /// CurveVisit.
     void removeCanvasCurve(const QString& dotName);
     /// The same with all nodes that are linked.
     void clearCurves();
@@ -112,12 +117,6 @@ public:
     QList<CurveNode*> topNodes() const;
     /// Frees a node that stands unlinked as soon as nobody names it; does nothing on any other.
     void discardUnlinked(CurveNode* node);
-    /// Called by nodes when they come to life, when they get a new name, when the last hold of
-    /// them has ended and when they die.
-    void nodeCreated(CurveNode* node);
-    void nodeRenamed(CurveNode* node, const QString& oldDotName);
-    void nodeReleased(CurveNode* node);
-    void nodeDestroyed(CurveNode* node);
     /// @}
 
     /// @name Painting
@@ -265,15 +264,6 @@ signals:
     void showKeyProperties();
 
 private:
-    friend class CanvasVisit;
-
-    void link(CurveNode* node, CurveNode* group);
-    bool isLinked(const CurveNode* node) const;
-    QList<CurveNode*> linkedNodes(const QString& dotName) const;
-    void leaveEditing();
-    QStringList enterEditing(CurveNode* node);
-
-    bool areExactlyEdited(const QList<CurveNode*>& wanted) const;
     QList<SplineCurveGraph*> editableGraphs() const;
     QPointF worldAt(const QPoint& pixel) const;
 
@@ -295,14 +285,11 @@ private:
     FunctionEditor* widget; ///< not owned: the parent
     CurveEditor* editor;    ///< not owned: outlives the canvas but for its own last moments
     ViewPort* view;         ///< not owned: the widget's base
-    bool selectionPending = false;
-    QList<CurveNode*> editing; ///< leaves of the tree, not owned, each once
-    UnlinkedCurves unlinked{editing};
-    QList<CurveNode*> tops; ///< owned
-    QSet<CurveNode*> nodes; ///< every living node made for this canvas, linked or not
-    QMultiHash<QString, CurveNode*> nodesByName; ///< the same by dotted name
+    EditingSet editing;
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;
     std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
     std::unique_ptr<CanvasGesture> gesture;                 ///< never null
+    std::unique_ptr<CurveHost> curveHost;                   ///< never null
+    CurveTree curveTree; ///< the last field: whoever hears of a curve's end may use the others
 };

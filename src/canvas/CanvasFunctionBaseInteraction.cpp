@@ -2,11 +2,11 @@
 
 #include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/MousePixel.h"
 #include "commands/CommandAddPoint.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
+#include "graphs/MousePixel.h"
 
 #include <QKeyEvent>
 #include <QMenu>

@@ -3,15 +3,17 @@
 #include "canvas/CanvasGesture.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/KeyPlacing.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
+#include "commands/CommandAddFunc.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetPointsType.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 
+using curve_editor::CommandAddFunc;
 using curve_editor::CommandChangePoints;
 using curve_editor::CommandDelPoints;
 using curve_editor::CommandSetPointsType;
@@ -166,4 +168,13 @@ void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
         updateCanvas();
     }
     commitMoveCommand();
+}
+
+void CanvasFunctionBase::switchAddFuncToSpline()
+{
+    endGestures();
+    const int type = editingType();
+    if (type == expressionCurve || type == splinePlusExpressionCurve) {
+        editor->getCmdManager()->doCommand(new CommandAddFunc(editor));
+    }
 }

@@ -2,12 +2,12 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasGesture.h"
-#include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SelectedKeys.h"
 #include "core/Truncate.h"
 #include "curves/CurveNode.h"
+#include "curves/CurveVisit.h"
+#include "curves/SelectedKeys.h"
 
 #include <QPainter>
 
@@ -84,7 +84,7 @@ void CanvasFunctionBase::paint(QPainter* painter)
     if (view->rectValid || view->rectActive) {
         paintRubberBand(painter, *view, selectionColor, canvasColor);
     } else if (!editing.isEmpty()) {
-        paintSelectionSpan(painter, *view, editing, selectionColor);
+        paintSelectionSpan(painter, *view, editing.curves(), selectionColor);
     }
     if (gesture->showMark) {
         const QPointF mark = gesture->lastWorld;
@@ -95,8 +95,8 @@ void CanvasFunctionBase::paint(QPainter* painter)
     }
     grid->draw(painter);
     // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
-    const CanvasVisit visit(this);
-    const QList<CurveNode*> drawn = tops;
+    const CurveVisit visit(&curveTree);
+    const QList<CurveNode*> drawn = curveTree.topNodes();
     for (CurveNode* top : drawn) {
         top->draw(view, painter);
     }

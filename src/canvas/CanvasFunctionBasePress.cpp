@@ -3,9 +3,9 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasGesture.h"
-#include "canvas/MousePixel.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
+#include "graphs/MousePixel.h"
 
 #include <QMouseEvent>
 

@@ -1,17 +1,17 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "commands/CommandContext.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
 #include "commands/EligibleCurves.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/CurveVisit.h"
 #include "curves/DetachedCurve.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <utility>
 
@@ -103,20 +103,21 @@ void CanvasFunctionBase::resetEditingCurves()
     endGestures();
     if (!editing.isEmpty()) {
         editor->getCmdManager()->doCommand(new CommandResetCurves(
-            editor, curve_editor::recordsOf(curve_editor::contextOf(editor), editing)));
+            editor, curve_editor::recordsOf(curve_editor::contextOf(editor), editing.curves())));
     }
 }
 
 void CanvasFunctionBase::resetAllCurves()
 {
     endGestures();
+    const QList<CurveNode*> tops = curveTree.topNodes();
     if (tops.isEmpty()) {
         return;
     }
-    const CanvasVisit visit(this);
-    const QList<CurveNode*> former = editing;
+    const CurveVisit visit(&curveTree);
+    const QList<CurveNode*> former = editing.curves();
     QList<CurveNode*> all;
-    for (CurveNode* top : std::as_const(tops)) {
+    for (CurveNode* top : tops) {
         all += top->curves();
     }
     selectCurveObjects(all);
@@ -124,7 +125,7 @@ void CanvasFunctionBase::resetAllCurves()
     // A slot of the host may have taken some of them away.
     QList<CurveNode*> staying;
     for (CurveNode* curve : former) {
-        if (nodes.contains(curve) && isLinked(curve)) {
+        if (curveTree.isKnown(curve) && curveTree.isLinked(curve)) {
             staying.append(curve);
         }
     }

@@ -3,13 +3,13 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/KeyPlacing.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "curves/DottedName.h"
+#include "curves/SelectedKeys.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <cmath>
 #include <utility>
