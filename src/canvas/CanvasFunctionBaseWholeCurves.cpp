@@ -4,7 +4,7 @@
 #include "commands/CommandContext.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
