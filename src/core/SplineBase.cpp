@@ -105,7 +105,7 @@ const PointInfo* SplineBase::lastKey() const
     return controlPoints.empty() ? nullptr : controlPoints.back();
 }
 
-double SplineBase::getDefaultValue() const
+const double SplineBase::getDefaultValue() const
 {
     return defaultValue;
 }
@@ -115,7 +115,7 @@ void SplineBase::setDefaultValue(double value)
     defaultValue = value;
 }
 
-bool SplineBase::isAddFunc() const
+const bool SplineBase::isAddFunc() const
 {
     return addFunc;
 }
@@ -125,7 +125,7 @@ void SplineBase::setAddFunc(const bool& add)
     addFunc = add;
 }
 
-bool SplineBase::hasChanged() const
+const bool SplineBase::hasChanged() const
 {
     return changed;
 }

@@ -56,7 +56,7 @@ SplineBase::PointList::iterator SplineBase::find(const PointInfo* point)
     return std::find(controlPoints.begin(), controlPoints.end(), point);
 }
 
-int SplineBase::findIndex(const PointInfo* point)
+const int SplineBase::findIndex(const PointInfo* point)
 {
     return indexOf(point);
 }
