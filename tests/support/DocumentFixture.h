@@ -153,7 +153,7 @@ public:
     QStringList takeCalls() { return std::exchange(calls, {}); }
 
     /// The reports alone.
-    QStringList takeReports() { return takeCalls().filter(QLatin1Char('|')); }
+    QStringList takeReports() { return takeCalls().filter(QStringLiteral("|")); }
     /// @}
 
     const curve_editor::Catalogue& catalogue() const override { return records; }
