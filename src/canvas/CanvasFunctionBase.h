@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/CanvasMode.h"
 #include "canvas/UnlinkedCurves.h"
 #include "core/SplineBase.h"
 
@@ -10,11 +11,13 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 
 struct CanvasBackground;
-class CanvasGesture;
+class CanvasGestures;
+class CanvasPress;
 class CurveEditor;
 class CurveNode;
 class CurveNodeBase;
@@ -33,6 +36,7 @@ class ViewPort;
 struct SelectionState;
 
 namespace curve_editor {
+class CanvasHost;
 class CurveCommand;
 class DetachedCurve;
 } // namespace curve_editor
@@ -161,8 +165,8 @@ public:
     void endGestureOn(const QString& dotName);
     /// The same unless these names stand for exactly the curves being edited.
     void endGestureUnlessEditing(const QStringList& dotNames);
-    /// The same unless the gesture goes on in that mode of the editor.
-    void endGestureUnlessIn(const int& mode);
+    /// The same unless the gesture goes on in that mode.
+    void endGestureUnlessIn(curve_editor::CanvasMode mode);
     /// Ends a gesture of the mouse whose release was lost, as this event tells.
     void endLostGesture(QInputEvent* event);
     /// @}
@@ -265,6 +269,7 @@ signals:
     void showKeyProperties();
 
 private:
+    friend class CanvasPress;
     friend class CanvasVisit;
 
     void link(CurveNode* node, CurveNode* group);
@@ -277,13 +282,7 @@ private:
     QList<SplineCurveGraph*> editableGraphs() const;
     QPointF worldAt(const QPoint& pixel) const;
 
-    bool pressRight(const bool& outside, const bool& hitUnselected, const bool& anySelected,
-                    const QList<PointInfo*>& hits);
-    bool pressDefault(QMouseEvent* event, const bool& outside, const bool& hitUnselected,
-                      const bool& manySelected, const QList<PointInfo*>& hits);
-    bool pressAddToSelection(const bool& outside, const bool& keyWasHit,
-                             const QList<PointInfo*>& hits);
-    void pressDelete(const QList<PointInfo*>& hits);
+    void changeSelection(const std::function<void()>& change);
     void walkSelection(const bool& forward);
 
     void setPointsType(const zk_spline::interpolationType& type);
@@ -304,5 +303,6 @@ private:
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;
     std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
-    std::unique_ptr<CanvasGesture> gesture;                 ///< never null
+    std::unique_ptr<curve_editor::CanvasHost> host;         ///< null without an editor
+    std::unique_ptr<CanvasGestures> gestures;               ///< never null
 };

@@ -1,17 +1,18 @@
 // The set of curves being edited, and what it says of itself.
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "commands/CommandAddFunc.h"
+#include "commands/CurveCommandsManager.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
-#include "editor/CurveEditor.h"
 
 #include <QMessageBox>
 #include <QSet>
@@ -96,7 +97,7 @@ void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
 {
     const CanvasVisit visit(this);
     QList<CurveNode*> wanted = curves; // the argument may be our own list
-    if (gesture->isOnKeys() && !areExactlyEdited(wanted)) {
+    if (gestures->isOnKeys() && !areExactlyEdited(wanted)) {
         endGestures(); // whoever hears of its steps may free some of these
         wanted.removeIf([this](CurveNode* node) { return !nodes.contains(node); });
     }
@@ -198,7 +199,7 @@ void CanvasFunctionBase::switchAddFuncToSpline()
     endGestures();
     const int type = editingType();
     if (type == expressionCurve || type == splinePlusExpressionCurve) {
-        editor->getCmdManager()->doCommand(new curve_editor::CommandAddFunc(editor));
+        host->manager().doCommand(new curve_editor::CommandAddFunc(editor));
     }
 }
 

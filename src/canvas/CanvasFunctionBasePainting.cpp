@@ -1,7 +1,7 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasBackground.h"
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
@@ -86,8 +86,8 @@ void CanvasFunctionBase::paint(QPainter* painter)
     } else if (!editing.isEmpty()) {
         paintSelectionSpan(painter, *view, editing, selectionColor);
     }
-    if (gesture->showMark) {
-        const QPointF mark = gesture->lastWorld;
+    if (gestures->stage.showMark) {
+        const QPointF mark = gestures->stage.lastWorld;
         paintCrossHair(painter, *view, view->pixelX(mark.x()), view->pixelY(mark.y()));
     }
     if (view->canvasDirty) {

@@ -2,7 +2,8 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
@@ -32,7 +33,8 @@ CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEdit
     , editor(dialog)
     , view(functionEditor)
     , grid(std::make_unique<FrameGrid>(functionEditor))
-    , gesture(std::make_unique<CanvasGesture>(*this, dialog, functionEditor))
+    , host(curve_editor::canvasHostOf(dialog))
+    , gestures(std::make_unique<CanvasGestures>(*this, dialog, host.get(), functionEditor))
 {}
 
 CanvasFunctionBase::~CanvasFunctionBase()

@@ -1,16 +1,17 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
+#include "commands/CurveCommandsManager.h"
 #include "commands/EligibleCurves.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/DetachedCurve.h"
-#include "editor/CurveEditor.h"
 
 #include <utility>
 
@@ -92,7 +93,7 @@ void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOn
 {
     endGestures();
     if (!editing.isEmpty() && clipboard) {
-        editor->getCmdManager()->doCommand(
+        host->manager().doCommand(
             new CommandPasteCurve(editor, clipboard->curve(), offset, keysOnly));
     }
 }
@@ -101,7 +102,7 @@ void CanvasFunctionBase::resetEditingCurves()
 {
     endGestures();
     if (!editing.isEmpty()) {
-        editor->getCmdManager()->doCommand(
+        host->manager().doCommand(
             new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing)));
     }
 }

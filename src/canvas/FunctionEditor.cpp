@@ -148,11 +148,7 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!logic.ignoresRelease(event->button())) {
-        if (rubberDrag && viewDrag) {
-            applyRect(true);
-        }
-        clearDrags();
-        zoomMode = false;
+        endDrag();
         logic.release(event);
     }
     if (logic.isEditing()) {

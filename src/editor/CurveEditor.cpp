@@ -171,8 +171,6 @@ void CurveEditor::deleteSelectedKeys()
 void CurveEditor::flatTangents()
 {
     functionEditor->canvas().flatTangents();
-    functionEditor->canvas().updateCanvas();
-    functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::breakTangents()

@@ -36,6 +36,7 @@ class SplineBase;
 
 namespace curve_editor {
 class Catalogue;
+class EditorCanvasHost;
 class ModeControl;
 } // namespace curve_editor
 
@@ -555,6 +556,8 @@ public slots:
     void disableShowKeyPptiesBtn();
 
 private:
+    friend class curve_editor::EditorCanvasHost;
+
     // Shell: CurveEditor.cpp, CurveEditorShell.cpp
     void preInit();
     void initMainMenu();

@@ -130,7 +130,7 @@ void CurveEditor::connectModes()
     curve_editor::ModeCallbacks callbacks;
     callbacks.beforeTool = [this] { functionEditor->canvas().endGesture(); };
     callbacks.beforeMode = [this](CanvasMode next) {
-        functionEditor->canvas().endGestureUnlessIn(static_cast<int>(next));
+        functionEditor->canvas().endGestureUnlessIn(next);
     };
     callbacks.toolChanged = [this] {
         for (const ToolRow& tool : toolRows) {
