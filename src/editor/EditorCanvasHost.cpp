@@ -2,6 +2,7 @@
 
 #include "curves/DottedName.h"
 #include "editor/CurveEditor.h"
+#include "editor/CurveEditorPrivate.h"
 
 namespace curve_editor {
 
@@ -16,7 +17,7 @@ CurveCommandsManager& EditorCanvasHost::manager() const
 
 ModeControl& EditorCanvasHost::modes() const
 {
-    return *editor.modes;
+    return editor.d->modes;
 }
 
 NodeStruct* EditorCanvasHost::findRecord(const QString& dotName) const
