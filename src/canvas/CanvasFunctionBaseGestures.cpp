@@ -7,10 +7,10 @@
 #include "canvas/CanvasPress.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/ModeControl.h"
-#include "canvas/MousePixel.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "graphs/MousePixel.h"
 
 #include <QMouseEvent>
 #include <QPoint>
@@ -129,7 +129,7 @@ void CanvasFunctionBase::endGestureUnlessEditing(const QStringList& dotNames)
     for (const QString& name : dotNames) {
         named.append(findCurve(name));
     }
-    if (!areExactlyEdited(named)) {
+    if (!editing.isExactly(named)) {
         endGestures();
     }
 }
@@ -148,22 +148,6 @@ void CanvasFunctionBase::endLostGesture(QInputEvent* event)
         endGesture();
         watchModifiers(event);
     }
-}
-
-/// The leaves of these nodes, each once, in the order of the curves being edited. Null is passed
-/// over.
-bool CanvasFunctionBase::areExactlyEdited(const QList<CurveNode*>& wanted) const
-{
-    QList<CurveNode*> leaves;
-    for (CurveNode* node : wanted) {
-        const QList<CurveNode*> curves = node ? node->curves() : QList<CurveNode*>();
-        for (CurveNode* curve : curves) {
-            if (!leaves.contains(curve)) {
-                leaves.append(curve);
-            }
-        }
-    }
-    return std::equal(leaves.cbegin(), leaves.cend(), editing.cbegin(), editing.cend());
 }
 
 void CanvasFunctionBase::beginSelectCommand()

@@ -1,13 +1,15 @@
+// Modifiers, the keyboard, double clicks and the context menu.
+
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasGestures.h"
 #include "canvas/CanvasHost.h"
 #include "canvas/ModeControl.h"
-#include "canvas/MousePixel.h"
 #include "commands/CommandAddPoint.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "graphs/MousePixel.h"
 
 #include <QKeyEvent>
 #include <QMenu>

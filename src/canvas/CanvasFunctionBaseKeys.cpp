@@ -1,17 +1,21 @@
+// What is done to the selected keys.
+
 #include "canvas/CanvasFunctionBase.h"
 
 #include "canvas/CanvasGestures.h"
 #include "canvas/CanvasHost.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/KeyPlacing.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
+#include "commands/CommandAddFunc.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetPointsType.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "graphs/SplineCurveGraph.h"
 
+using curve_editor::CommandAddFunc;
 using curve_editor::CommandDelPoints;
 using curve_editor::CommandSetPointsType;
 
@@ -180,4 +184,13 @@ void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
         }
         updateCanvas();
     });
+}
+
+void CanvasFunctionBase::switchAddFuncToSpline()
+{
+    endGestures();
+    const int type = editingType();
+    if (type == expressionCurve || type == splinePlusExpressionCurve) {
+        host->manager().doCommand(new CommandAddFunc(editor));
+    }
 }

@@ -5,7 +5,7 @@
 #include "canvas/KeyDrag.h"
 #include "canvas/ModeControl.h"
 #include "canvas/RubberBand.h"
-#include "canvas/ViewPort.h"
+#include "graphs/ViewPort.h"
 
 #include <utility>
 

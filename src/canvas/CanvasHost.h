@@ -26,6 +26,11 @@ public:
     virtual ModeControl& modes() const = 0;
     /// The record of a curve by its dotted name; null where the list search finds none.
     virtual NodeStruct* findRecord(const QString& dotName) const = 0;
+    /// Whether the curve of that name, in the form of the parser, depends on itself. `offender`
+    /// gets the dotted name of the curve whose expression closes the ring; else it stays.
+    virtual bool dependsOnItself(const QString& parserName, QString& offender) const = 0;
+    /// Digits behind the point in the labels at keys.
+    virtual int numberOfDecimals() const = 0;
     /// Tells the application that a curve has changed, unless it does not report.
     virtual void reportCurve(const QString& dotName) = 0;
     /// The same of the curves being edited, then refreshes.

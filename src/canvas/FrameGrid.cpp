@@ -1,7 +1,7 @@
 #include "canvas/FrameGrid.h"
 
-#include "canvas/ViewPort.h"
 #include "core/Truncate.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 #include <QWidget>

@@ -6,11 +6,11 @@
 #include "canvas/GestureStage.h"
 #include "canvas/KeyPlacing.h"
 #include "canvas/ModeControl.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <cmath>
 #include <utility>

@@ -4,7 +4,7 @@
 #include "canvas/CanvasHost.h"
 #include "canvas/GestureStage.h"
 #include "canvas/ModeControl.h"
-#include "canvas/ViewPort.h"
+#include "graphs/ViewPort.h"
 
 using curve_editor::CanvasMode;
 

@@ -30,6 +30,7 @@ class SplineBase;
 namespace curve_editor {
 class CurveEditorPrivate;
 class EditorCanvasHost;
+class EditorCommandContext;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -548,8 +549,6 @@ public slots:
     void disableShowKeyPptiesBtn();
 
 private:
-    friend class curve_editor::EditorCanvasHost;
-
     void preInit();
     void setMinTime(const double& time);
     void setMaxTime(const double& time);
@@ -558,6 +557,9 @@ private:
 
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
+
+    friend class curve_editor::EditorCanvasHost;
+    friend class curve_editor::EditorCommandContext;
 
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given

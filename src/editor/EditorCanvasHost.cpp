@@ -25,6 +25,16 @@ NodeStruct* EditorCanvasHost::findRecord(const QString& dotName) const
     return editor.searchAllNodeList(dotName);
 }
 
+bool EditorCanvasHost::dependsOnItself(const QString& parserName, QString& offender) const
+{
+    return editor.checkDependencies(parserName, parserName, offender);
+}
+
+int EditorCanvasHost::numberOfDecimals() const
+{
+    return editor.getNumberOfDecimals();
+}
+
 void EditorCanvasHost::reportCurve(const QString& dotName)
 {
     DottedName name = DottedName::fromText(dotName);

@@ -14,6 +14,8 @@ public:
     CurveCommandsManager& manager() const override;
     ModeControl& modes() const override;
     NodeStruct* findRecord(const QString& dotName) const override;
+    bool dependsOnItself(const QString& parserName, QString& offender) const override;
+    int numberOfDecimals() const override;
     void reportCurve(const QString& dotName) override;
     void reportEditingCurves() override;
     void refresh() override;
