@@ -79,7 +79,7 @@ void CurveEditor::setTcb()
     for (CurveNode* const curve : curves) {
         curve->removeExpression(false);
     }
-    emit d->canvas().changeCommandLine();
+    d->canvas().markExpressionsChanged();
     d->functionEditor->update();
     update();
 }
