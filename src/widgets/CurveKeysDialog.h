@@ -16,6 +16,7 @@ class SplineCurveGraph;
 namespace curve_editor {
 class CommandChangePoints;
 class CommandMovePoints;
+class KeysDialogHost;
 } // namespace curve_editor
 
 /// The floating window of the selected keys' exact values, for one key or for many at once.
@@ -28,8 +29,11 @@ class CurveKeysDialog : public QDialog, public Ui::CurveKeysSetter
     Q_OBJECT
 
 public:
-    /// `parent` outlives the dialog, which the canvas widget owns.
+    /// Shows the keys of an editor, which outlives the dialog and hears of its combo boxes of the
+    /// behaviours and of its end. The folder of the editor defines this.
     explicit CurveKeysDialog(CurveEditor* parent);
+    /// Shows the keys that `host` has; `parent` may be null.
+    CurveKeysDialog(std::unique_ptr<curve_editor::KeysDialogHost> host, QWidget* parent);
     /// Frees what is pending; the keys stay as they are.
     ~CurveKeysDialog() override;
 
@@ -94,8 +98,6 @@ private:
     static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
     /// The selected keys of those graphs, as far as their splines hold them.
     QList<KeyRef> editableKeys() const;
-    /// A time in seconds is shown multiplied by it: 1, or the rate for frames.
-    double presentUnit() const;
     /// What there is to show of the graphs shown.
     curve_editor::ShownKeys selectedKeys() const;
     /// The open step is one of keys that are not the selected ones any more.
@@ -117,7 +119,7 @@ private:
     static void applyToKeys(SplineCurveGraph* graph, const curve_editor::keyFields& field,
                             const PointInfo& record);
 
-    CurveEditor* editor; ///< not owned: the parent
+    std::unique_ptr<curve_editor::KeysDialogHost> host;
     /// The curves whose selected keys are shown; not owned. Any may be gone: see editableGraphs.
     QList<SplineCurveGraph*> shownGraphs;
     curve_editor::ShownKeys shown; ///< at last
