@@ -1,9 +1,11 @@
+// Construction, and the order in which an event passes logic, view and key dialog.
+
 #include "canvas/FunctionEditor.h"
 
-#include "canvas/CanvasVisit.h"
-#include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/CurveVisit.h"
+#include "graphs/MousePixel.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QMouseEvent>
@@ -96,7 +98,7 @@ bool FunctionEditor::event(QEvent* event)
 {
     const bool isInput = CanvasFunctionBase::carriesModifiers(event);
     // A gesture may go on with its curves after it has reported to the host.
-    const CanvasVisit visit(isInput ? &logic : nullptr);
+    const CurveVisit visit(isInput ? &logic.tree() : nullptr);
     if (isInput) {
         logic.watchModifiers(static_cast<QInputEvent*>(event));
     }
@@ -148,11 +150,7 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!logic.ignoresRelease(event->button())) {
-        if (rubberDrag && viewDrag) {
-            applyRect(true);
-        }
-        clearDrags();
-        zoomMode = false;
+        endDrag();
         logic.release(event);
     }
     if (logic.isEditing()) {

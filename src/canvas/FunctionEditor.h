@@ -1,8 +1,8 @@
 #pragma once
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/ViewPort.h"
 #include "core/ZkTypes.h"
+#include "graphs/ViewPort.h"
 
 #include <QWidget>
 

@@ -3,7 +3,7 @@
 #include "commands/CommandContext.h"
 #include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
+#include "graphs/ControlSplineNode.h"
 
 namespace curve_editor {
 

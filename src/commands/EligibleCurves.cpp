@@ -1,11 +1,11 @@
 #include "commands/EligibleCurves.h"
 
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandContext.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "curves/DottedName.h"
+#include "graphs/SplineCurveGraph.h"
 
 namespace curve_editor {
 

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "core/SplineHandle.h"
 #include "curves/CurveNode.h"
 #include "curves/FileReading.h"
-#include "curves/SplineHandle.h"
 
 #include <QColor>
 #include <QObject>
@@ -17,6 +17,7 @@ class QXmlStreamWriter;
 
 namespace curve_editor {
 struct CurveXmlContent;
+struct NodeStruct;
 } // namespace curve_editor
 
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
@@ -40,6 +41,8 @@ public:
                   const QColor& color, float curveValue, SplineBase* spline,
                   FunctionFloatBase** expressionSlot, float minimumValue, float maximumValue,
                   bool notifiesHost);
+    /// A curve made for a tree, which knows it from now on, of what the record lends.
+    CurveNodeBase(CurveTree& tree, const curve_editor::NodeStruct& record);
     ~CurveNodeBase() override;
 
     bool isCurve() const override;
@@ -126,6 +129,9 @@ private slots:
     void createNodeAtCursor();
 
 private:
+    CurveNodeBase(CurveTree* tree, const QString& name, const QString& path,
+                  const curve_editor::NodeStruct& content);
+
     FunctionFloatBase** livingSlot() const;
     double framesPerSecond() const;
     int labelDecimals() const;
@@ -142,7 +148,7 @@ private:
     void readExpression(std::ifstream& stream, FunctionParserBase& parser);
 
     bool changed = false;
-    SplineHandle hostSpline;
+    curve_editor::SplineHandle hostSpline;
     FunctionFloatBase** slot; ///< the host's; left alone once its spline is destroyed
     std::unique_ptr<SplineCurveGraph> keysGraph;
     std::unique_ptr<ExpressionCurveGraph> expressionGraph;

@@ -1,7 +1,6 @@
 // A curve and the older curve file: three numbers of a colour, the curve type, the expression and
 // the spline, each on lines of its own.
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -9,6 +8,7 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/PipeOrDevice.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <fstream>
 #include <locale>

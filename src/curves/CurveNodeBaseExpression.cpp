@@ -1,11 +1,11 @@
 // Giving a curve an expression, and telling the user when the curve then depends on itself.
 
-#include "canvas/CanvasFunctionBase.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
+#include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveTree.h"
 #include "curves/NodeStruct.h"
-#include "editor/CurveEditor.h"
 
 #include <QPointer>
 
@@ -66,7 +66,6 @@ Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expres
 
 bool CurveNodeBase::dependsOnItself(QString& offender) const
 {
-    CurveEditor* editor = canvas ? canvas->curveEditor() : nullptr;
-    const QString name = curve_editor::parserForm(dotName());
-    return editor && editor->checkDependencies(name, name, offender);
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host && host->dependsOnItself(curve_editor::parserForm(dotName()), offender);
 }

@@ -1,6 +1,5 @@
 // A curve and its XML curve file.
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -10,6 +9,7 @@
 #include "curves/FileReplacement.h"
 #include "curves/PipeOrDevice.h"
 #include "curves/XmlInputGuard.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
 #include <QXmlStreamReader>

@@ -28,17 +28,17 @@ NodeStruct NodeStruct::lent(const QString& node, const QString& curve, const QCo
 void NodeStruct::setSpline(SplineBase* hostSpline)
 {
     spline = hostSpline;
-    splineLife = hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>();
+    splineHandle = SplineHandle(hostSpline);
 }
 
 SplineBase* NodeStruct::livingSpline() const
 {
-    return splineLife.expired() ? nullptr : spline;
+    return splineHandle.get();
 }
 
 bool NodeStruct::isSplineLost() const
 {
-    return spline && splineLife.expired();
+    return spline && !splineHandle.get();
 }
 
 FunctionFloatBase** NodeStruct::livingSlot() const

@@ -21,9 +21,9 @@ CurveCommandsManager& EditorKeysDialogHost::manager() const
     return *editor->getCmdManager();
 }
 
-CanvasFunctionBase* EditorKeysDialogHost::canvas() const
+CurveTree* EditorKeysDialogHost::tree() const
 {
-    return &editor->getFunctionEditor()->canvas();
+    return &editor->getFunctionEditor()->canvas().tree();
 }
 
 QList<SplineCurveGraph*> EditorKeysDialogHost::keyContainers() const

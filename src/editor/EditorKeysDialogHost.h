@@ -15,7 +15,7 @@ public:
 
     CommandContext& context() const override;
     CurveCommandsManager& manager() const override;
-    CanvasFunctionBase* canvas() const override;
+    CurveTree* tree() const override;
     QList<SplineCurveGraph*> keyContainers() const override;
     double timeUnit() const override;
     CustomEditLine* positionX() const override;

@@ -2,14 +2,14 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "canvas/CanvasVisit.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/CommandSetPointsType.h"
 #include "commands/CurveCommandsManager.h"
 #include "core/SplineBase.h"
+#include "curves/CurveVisit.h"
+#include "graphs/SplineCurveGraph.h"
 #include "widgets/KeysDialogHost.h"
 #include "widgets/NodeTypePositions.h"
 
@@ -146,7 +146,7 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
         return;
     }
     // Whoever hears of a twin's new text may take curves off the canvas.
-    const CanvasVisit visit(host->canvas());
+    const CurveVisit visit(host->tree());
     const double unit = field == timeField ? host->timeUnit() : 1.0;
     const double number = value / unit;
     const QList<SplineCurveGraph*> graphs = editableGraphs();

@@ -2,12 +2,12 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandContext.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "graphs/SplineCurveGraph.h"
 #include "widgets/KeysDialogHost.h"
 
 #include <QEvent>

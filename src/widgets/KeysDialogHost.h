@@ -2,7 +2,7 @@
 
 #include <QList>
 
-class CanvasFunctionBase;
+class CurveTree;
 class CustomEditLine;
 class SplineCurveGraph;
 
@@ -24,8 +24,8 @@ public:
     virtual CommandContext& context() const = 0;
     /// The history that they are handed to.
     virtual CurveCommandsManager& manager() const = 0;
-    /// The canvas, for a CanvasVisit.
-    virtual CanvasFunctionBase* canvas() const = 0;
+    /// The curve objects, for a CurveVisit.
+    virtual CurveTree* tree() const = 0;
     /// The graph of each curve being edited.
     virtual QList<SplineCurveGraph*> keyContainers() const = 0;
     /// What a time in seconds is multiplied by where it is shown: 1, or the rate for frames.
