@@ -4,6 +4,7 @@
 #include "commands/EligibleCurves.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveTree.h"
 
 namespace curve_editor {
 
@@ -37,7 +38,7 @@ bool CommandRemoveCurves::execute()
     const bool isFirst = curves.empty();
     for (const QString& name : leaving) {
         if (isFirst) {
-            curves.emplace_back(context->findCurve(name));
+            curves.emplace_back(context->tree().findCurve(name));
         }
         context->leaveEditing(name);
     }
