@@ -58,7 +58,7 @@ void CurveKeysDialog::connectLine(CustomEditLine* line, const char* start, const
             SLOT(valueChanged(ZK_DOUBLE, CustomEditLine*)));
 }
 
-QList<CustomEditLine*> CurveKeysDialog::linesOf(const keyFields& field) const
+QList<CustomEditLine*> CurveKeysDialog::linesOf(keyFields field) const
 {
     switch (field) {
     case timeField:

@@ -87,7 +87,7 @@ private:
     void connectFields();
     void connectLine(CustomEditLine* line, const char* start, const char* end);
     /// The lines of a number: two, twins of each other, for time and value, else one.
-    QList<CustomEditLine*> linesOf(const curve_editor::keyFields& field) const;
+    QList<CustomEditLine*> linesOf(curve_editor::keyFields field) const;
     curve_editor::keyFields fieldOf(CustomEditLine* line) const;
 
     // The keys: CurveKeysDialogKeys.cpp
@@ -102,7 +102,7 @@ private:
     curve_editor::ShownKeys selectedKeys() const;
     /// The open step is one of keys that are not the selected ones any more.
     bool isGestureOfOtherKeys() const;
-    void renewIfStale(const bool& onlyForOthers);
+    void renewIfStale(bool onlyForOthers);
 
     // Showing: CurveKeysDialogShowing.cpp
     void enableSeveralKeys(const bool& singleEach);
@@ -110,13 +110,13 @@ private:
     void beginFieldsAnew(const curve_editor::ShownKeys& now);
     void showKeys(const curve_editor::ShownKeys& now);
     void showPosition(const curve_editor::ShownKeys& now);
-    void showNumber(CustomEditLine* line, const bool& differs, const double& value);
+    void showNumber(CustomEditLine* line, bool differs, double value);
     void showTwin(const CustomEditLine* line);
     bool isBeingTyped(CustomEditLine* line) const;
 
     // Changing: CurveKeysDialogChanging.cpp
-    void selectNeighbour(const int& step);
-    static void applyToKeys(SplineCurveGraph* graph, const curve_editor::keyFields& field,
+    void selectNeighbour(int step);
+    static void applyToKeys(SplineCurveGraph* graph, curve_editor::keyFields field,
                             const PointInfo& record);
 
     std::unique_ptr<curve_editor::KeysDialogHost> host;

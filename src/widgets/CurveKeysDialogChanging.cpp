@@ -42,7 +42,7 @@ void CurveKeysDialog::clickedPrev()
 }
 
 /// Always a step of undo, even from a lonely key to itself.
-void CurveKeysDialog::selectNeighbour(const int& step)
+void CurveKeysDialog::selectNeighbour(int step)
 {
     host->manager().endGestures();
     const QList<SplineCurveGraph*> graphs = editableGraphs();
@@ -173,8 +173,7 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
     emit nodeTcbChanged();
 }
 
-void CurveKeysDialog::applyToKeys(SplineCurveGraph* graph, const keyFields& field,
-                                  const PointInfo& record)
+void CurveKeysDialog::applyToKeys(SplineCurveGraph* graph, keyFields field, const PointInfo& record)
 {
     const ControlSplineNode& selection = graph->selection();
     if (!selection.hasSelection()) {

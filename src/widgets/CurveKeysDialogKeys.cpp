@@ -170,7 +170,7 @@ bool CurveKeysDialog::eventFilter(QObject* watched, QEvent* event)
 
 /// What was typed is sent when its field loses the focus. That it stands for the right keys is all
 /// that matters then: their other numbers may be what they like.
-void CurveKeysDialog::renewIfStale(const bool& onlyForOthers)
+void CurveKeysDialog::renewIfStale(bool onlyForOthers)
 {
     if (isShowing) {
         return;

@@ -127,7 +127,7 @@ void CurveKeysDialog::setPosX(ZK_DOUBLE value)
     showTwin(posX);
 }
 
-void CurveKeysDialog::showNumber(CustomEditLine* line, const bool& differs, const double& value)
+void CurveKeysDialog::showNumber(CustomEditLine* line, bool differs, double value)
 {
     if (isBeingTyped(line)) {
         return;
