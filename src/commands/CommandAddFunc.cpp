@@ -1,8 +1,8 @@
 #include "commands/CommandAddFunc.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "curves/EditingSet.h"

@@ -1,6 +1,6 @@
 #include "commands/CommandContext.h"
 
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "curves/EditingSet.h"
 
 namespace curve_editor {

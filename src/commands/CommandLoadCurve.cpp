@@ -2,8 +2,8 @@
 
 #include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionParserBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"

@@ -1,4 +1,4 @@
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 
 #include "commands/CommandContext.h"
 #include "curves/Catalogue.h"
