@@ -11,6 +11,8 @@
 class CommandLine;
 class CurveEditor;
 class CurveNode;
+class CurveTree;
+class EditingSet;
 class ParseMessage;
 class QColor;
 
@@ -31,16 +33,12 @@ public:
     /// @name What there is
     /// @{
     virtual const Catalogue& catalogue() const = 0;
-    /// The node on the canvas of that dotted name, a curve or a group, or null.
-    virtual CurveNode* findCurve(const QString& dotName) const = 0;
-    virtual QList<CurveNode*> topCurves() const = 0;
-    virtual QList<CurveNode*> editingCurves() const = 0;
-    /// See curves/CurveType.h.
-    virtual int editingType() const = 0;
+    /// The curve objects on the canvas.
+    virtual const CurveTree& tree() const = 0;
+    virtual const EditingSet& editingSet() const = 0;
     virtual KeyDefaults keyDefaults() const = 0;
     /// The dotted names that are selected, in the order in which they were given.
     virtual QStringList selection() const = 0;
-    QStringList editingCurveNames() const;
     /// @}
 
     /// @name Curves come and go, which changes the document and what shows it

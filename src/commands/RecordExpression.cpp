@@ -1,6 +1,6 @@
 #include "commands/RecordExpression.h"
 
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"

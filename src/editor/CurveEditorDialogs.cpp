@@ -17,7 +17,7 @@
 
 namespace {
 
-QString numberText(const double& number)
+QString numberText(double number)
 {
     return QString("%1").arg(number, 0, 'g', -1, QLatin1Char(' '));
 }

@@ -6,7 +6,7 @@
 #include "commands/CommandContext.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNode.h"
 #include "curves/DependencyWalk.h"

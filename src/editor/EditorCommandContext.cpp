@@ -19,24 +19,14 @@ const Catalogue& EditorCommandContext::catalogue() const
     return records;
 }
 
-CurveNode* EditorCommandContext::findCurve(const QString& dotName) const
+const CurveTree& EditorCommandContext::tree() const
 {
-    return editor.curveFromDotName(dotName);
+    return editor.getFunctionEditor()->canvas().tree();
 }
 
-QList<CurveNode*> EditorCommandContext::topCurves() const
+const EditingSet& EditorCommandContext::editingSet() const
 {
-    return editor.getFunctionEditor()->canvas().topNodes();
-}
-
-QList<CurveNode*> EditorCommandContext::editingCurves() const
-{
-    return editor.getFunctionEditor()->canvas().editingCurves();
-}
-
-int EditorCommandContext::editingType() const
-{
-    return editor.getFunctionEditor()->canvas().editingType();
+    return editor.getFunctionEditor()->canvas().editingSet();
 }
 
 KeyDefaults EditorCommandContext::keyDefaults() const

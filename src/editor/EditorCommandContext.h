@@ -12,10 +12,8 @@ public:
     EditorCommandContext(CurveEditor& editor, const Catalogue& catalogue);
 
     const Catalogue& catalogue() const override;
-    CurveNode* findCurve(const QString& dotName) const override;
-    QList<CurveNode*> topCurves() const override;
-    QList<CurveNode*> editingCurves() const override;
-    int editingType() const override;
+    const CurveTree& tree() const override;
+    const EditingSet& editingSet() const override;
     KeyDefaults keyDefaults() const override;
     QStringList selection() const override;
 

@@ -12,13 +12,13 @@ namespace curve_editor {
 inline constexpr std::array<zk_spline::interpolationType, 4> nodeTypeOfPosition{
     zk_spline::tcb, zk_spline::bezier, zk_spline::linear, zk_spline::stepped};
 
-inline bool isNodeTypePosition(const int& position)
+inline bool isNodeTypePosition(int position)
 {
     return position >= 0 && position < static_cast<int>(nodeTypeOfPosition.size());
 }
 
 /// 0 for a number that is none of the interpolations.
-inline int positionOfNodeType(const int& type)
+inline int positionOfNodeType(int type)
 {
     const auto found = std::find(nodeTypeOfPosition.begin(), nodeTypeOfPosition.end(), type);
     return found == nodeTypeOfPosition.end() ? 0
