@@ -13,6 +13,8 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "^(GNU|Clang|AppleClang)$")
     # Nobody asks for traps or for errno, which would keep loops from working off several numbers
     # at once. No value changes.
     set(zk_quick_loops -fno-trapping-math -fno-math-errno)
+    # A constant result says nothing to callers, but is part of a member's type.
+    set(zk_constant_results -Wno-ignored-qualifiers)
     # A library's calls to itself stay its own, so that the compiler may inline them.
     set(zk_own_calls -fno-semantic-interposition)
 elseif(ZK_SANITIZE OR ZK_SANITIZE_THREADS)

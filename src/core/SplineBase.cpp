@@ -63,7 +63,7 @@ const PointInfo* SplineBase::getLast()
     return controlPoints.empty() ? nullptr : controlPoints.back();
 }
 
-double SplineBase::getDefaultValue() const
+const double SplineBase::getDefaultValue() const
 {
     return defaultValue;
 }
@@ -73,7 +73,7 @@ void SplineBase::setDefaultValue(double value)
     defaultValue = value;
 }
 
-bool SplineBase::isAddFunc() const
+const bool SplineBase::isAddFunc() const
 {
     return addFunc;
 }
@@ -83,7 +83,7 @@ void SplineBase::setAddFunc(const bool& add)
     addFunc = add;
 }
 
-bool SplineBase::hasChanged() const
+const bool SplineBase::hasChanged() const
 {
     return changed;
 }

@@ -16,6 +16,11 @@
 class DepartedKeys;
 class FunctionFloatBase;
 
+// The constness of what is returned is part of the type of a member: hosts spell it in pointers to
+// members. Compilers warn that it says nothing else.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wignored-qualifiers"
+
 /// A keyed curve: keys ascending in time, and a behaviour before the first and after the last.
 ///
 ///     SplineBase spline;
@@ -77,7 +82,7 @@ public:
     /// Empties the list without freeing any key. Leaves the changed flag alone.
     void clearCtrlPoints();
     /// The index of this key, -1 when it is not a key of this spline.
-    int findIndex(const PointInfo* point);
+    const int findIndex(const PointInfo* point);
 
     /// Copies all fields of source over the key, then takes it out and puts it back in order.
     void copyPoint(const PointInfo* target, const PointInfo* source);
@@ -111,15 +116,15 @@ public:
     void setBezier(unsigned index, const PointInfo::BezierData& data);
 
     /// The value of a spline without keys.
-    double getDefaultValue() const;
+    const double getDefaultValue() const;
     /// Leaves the changed flag alone.
     void setDefaultValue(double value);
     /// True when an expression is added to this spline.
-    bool isAddFunc() const;
+    const bool isAddFunc() const;
     /// Leaves the changed flag alone.
     void setAddFunc(const bool& add);
     /// True when something was edited since the flag was last cleared.
-    bool hasChanged() const;
+    const bool hasChanged() const;
     void setChanged(const bool& change);
     /// The behaviour before the first key.
     nodeType firstNodeType() const;
@@ -154,19 +159,19 @@ public:
     /// is the key's value, of several keys at that time the last one's. Between keys of finite
     /// values it is finite: a slope that is no finite number counts as level. Without keys the
     /// default value; at a time of NaN, NaN.
-    double operator()(const double& time) const;
+    const double operator()(const double& time) const;
     /// The same with the value of the expression added, which sees "t" as time, "f" as the frame,
     /// see EvaluationTime, and "fps"; all three are restored afterwards. A null expression adds
     /// nothing.
-    double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
+    const double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
     /// The slope (value per second) with which the curve comes into the key at the index, 0 to
     /// the number of keys minus one; 0 at any other index. A linear key answers with its chord, a
     /// stepped one with 0. `len` is always written: it sizes the handle, (1 - tension) / 2 held
     /// to 0..2 for a TCB key, else 0.667.
-    double getTangentLeftAtNode(const unsigned& index, double& len) const;
+    const double getTangentLeftAtNode(const unsigned& index, double& len) const;
     /// The slope with which the curve leaves the key before the index, which is 1 to the number
     /// of keys; else as getTangentLeftAtNode.
-    double getTangentRightAtNode(const unsigned& index, double& len) const;
+    const double getTangentRightAtNode(const unsigned& index, double& len) const;
     /// The nearest key strictly before the time, null if there is none.
     const PointInfo* getPrev(const double& time);
     /// The nearest key strictly after the time, null if there is none.
@@ -240,10 +245,10 @@ private:
     // local tension, continuity, and bias control", 1984. 0 weighs the gap to the previous key, 1
     // the gap to the next; L is the left end of the segment that follows, R the right end of the
     // one before.
-    double getFactorL0(const PointInfo* point) const;
-    double getFactorL1(const PointInfo* point) const;
-    double getFactorR0(const PointInfo* point) const;
-    double getFactorR1(const PointInfo* point) const;
+    const double getFactorL0(const PointInfo* point) const;
+    const double getFactorL1(const PointInfo* point) const;
+    const double getFactorR0(const PointInfo* point) const;
+    const double getFactorR1(const PointInfo* point) const;
 
     nodeType firstType = constant;
     nodeType lastType = constant;
@@ -258,3 +263,5 @@ private:
     mutable std::atomic<std::size_t> lastSegment{0}; ///< a guess only: it may be out of range
     LifeToken life;
 };
+
+#pragma GCC diagnostic pop

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-double SplineBase::operator()(const double& time, FunctionFloatBase* expression,
+const double SplineBase::operator()(const double& time, FunctionFloatBase* expression,
                               const double& fps) const
 {
     const double splineValue = (*this)(time);

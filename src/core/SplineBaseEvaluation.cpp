@@ -18,25 +18,25 @@ constexpr std::size_t keysInReach = 2000;
 
 using namespace spline_formulas;
 
-double SplineBase::getFactorL0(const PointInfo* point) const
+const double SplineBase::getFactorL0(const PointInfo* point) const
 {
     const PointInfo::TcbData& data = point->tcb;
     return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 + data.bias);
 }
 
-double SplineBase::getFactorL1(const PointInfo* point) const
+const double SplineBase::getFactorL1(const PointInfo* point) const
 {
     const PointInfo::TcbData& data = point->tcb;
     return (1.0 - data.tension) / 2.0 * (1.0 - data.continuity) * (1.0 - data.bias);
 }
 
-double SplineBase::getFactorR0(const PointInfo* point) const
+const double SplineBase::getFactorR0(const PointInfo* point) const
 {
     const PointInfo::TcbData& data = point->tcb;
     return (1.0 - data.tension) / 2.0 * (1.0 - data.continuity) * (1.0 + data.bias);
 }
 
-double SplineBase::getFactorR1(const PointInfo* point) const
+const double SplineBase::getFactorR1(const PointInfo* point) const
 {
     const PointInfo::TcbData& data = point->tcb;
     return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 - data.bias);
@@ -206,7 +206,7 @@ bool SplineBase::isCurvedSegment(std::size_t index) const
     return curvedBetween(left.value, right.value, out, in, u);
 }
 
-double SplineBase::operator()(const double& time) const
+const double SplineBase::operator()(const double& time) const
 {
     const std::size_t count = controlPoints.size();
     const std::size_t guess = lastSegment.load(std::memory_order_relaxed);

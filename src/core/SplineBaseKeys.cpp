@@ -48,7 +48,7 @@ SplineBase::PointList::iterator SplineBase::find(const PointInfo* point)
     return std::find(controlPoints.begin(), controlPoints.end(), point);
 }
 
-int SplineBase::findIndex(const PointInfo* point)
+const int SplineBase::findIndex(const PointInfo* point)
 {
     const auto found = find(point);
     return found == controlPoints.end() ? -1 : static_cast<int>(found - controlPoints.begin());

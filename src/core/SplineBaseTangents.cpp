@@ -20,12 +20,12 @@ double handleLength(const PointInfo& key)
 
 } // namespace
 
-double SplineBase::getTangentLeftAtNode(const unsigned& index, double& len) const
+const double SplineBase::getTangentLeftAtNode(const unsigned& index, double& len) const
 {
     return handleSlope(index, false, len);
 }
 
-double SplineBase::getTangentRightAtNode(const unsigned& index, double& len) const
+const double SplineBase::getTangentRightAtNode(const unsigned& index, double& len) const
 {
     // Index 0 wraps to one that is out of range for certain.
     return handleSlope(static_cast<std::size_t>(index) - 1, true, len);

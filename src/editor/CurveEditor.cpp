@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "canvas/ModeControl.h"
 #include "curves/Catalogue.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CurveKeysDialog.h"
@@ -38,10 +39,7 @@ ControlMenu* CurveEditor::canvasMenu = nullptr;
 CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     : QDialog(parent, Qt::WindowFlags())
     , catalogue(std::make_unique<curve_editor::Catalogue>())
-    , zoomModifier("alt")
-    , snapModifier("alt")
-    , addModifier("ctrl")
-    , add2selModifier("shift")
+    , modes(std::make_unique<curve_editor::ModeControl>())
     , iconsPath(iconsFolder)
     , manager(curve_editor::CurveCommandsManager::instance())
 {
@@ -59,6 +57,7 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     functionEditor->setFocusPolicy(Qt::ClickFocus);
     resize(500, 300);
     connectWidgets();
+    connectModes();
 
     setFocusPolicy(Qt::StrongFocus);
     setShowFrames();

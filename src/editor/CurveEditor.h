@@ -36,6 +36,7 @@ class SplineBase;
 
 namespace curve_editor {
 class Catalogue;
+class ModeControl;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -599,10 +600,8 @@ private:
     void releaseTool(const topToolButtons& which);
 
     // Modes: CurveEditorModes.cpp
-    void setModifier(QString& target, const QString& value);
-    bool isModifierPressed(QInputEvent* e, const QString& name) const;
-    void toggleTool(const curveEditorModes& tool);
-    QCursor buildCursor(const int& icon, const int& hotX, const int& hotY) const;
+    /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
+    void connectModes();
 
     // Files: CurveEditorFiles.cpp
     void saveCurve();
@@ -637,12 +636,7 @@ private:
     QStringList selectedDotNames;                       ///< the selection, in the order given
     bool selectionBusy = false;                         ///< re-entry guard of the selection
 
-    curveEditorModes currentMode = DEFAULT;
-    curveEditorModes userMode = DEFAULT;
-    QString zoomModifier;
-    QString snapModifier;
-    QString addModifier;
-    QString add2selModifier;
+    std::unique_ptr<curve_editor::ModeControl> modes; ///< mode, tool and modifier keys
 
     int iconSize = 25; ///< pixels
     QString iconsPath;

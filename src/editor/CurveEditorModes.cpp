@@ -3,14 +3,17 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "canvas/ModeControl.h"
 
 #include <QAction>
 #include <QCursor>
-#include <QKeyEvent>
 #include <QPixmap>
 
 #include <array>
 #include <iostream>
+
+using curve_editor::CanvasMode;
+using curve_editor::ModifierRole;
 
 namespace {
 
@@ -70,66 +73,96 @@ const std::array<ToolRow, 5> toolRows{{
     {CurveEditor::zoomToolButton, CurveEditor::ZOOM},
 }};
 
-struct ModifierRow
+CanvasMode canvasMode(CurveEditor::curveEditorModes mode)
 {
-    const char* name;
-    Qt::Key key;
-    Qt::KeyboardModifier flag;
-};
+    return static_cast<CanvasMode>(mode);
+}
 
-const std::array<ModifierRow, 4> modifierRows{{
-    {"alt", Qt::Key_Alt, Qt::AltModifier},
-    {"shift", Qt::Key_Shift, Qt::ShiftModifier},
-    {"ctrl", Qt::Key_Control, Qt::ControlModifier},
-    {"meta", Qt::Key_Meta, Qt::MetaModifier},
-}};
-
-bool isKeyEvent(const QInputEvent* event)
+CurveEditor::curveEditorModes editorMode(CanvasMode mode)
 {
-    return event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    return static_cast<CurveEditor::curveEditorModes>(mode);
+}
+
+/// The two enumerations name the same modes.
+constexpr bool areAlike(CanvasMode mode, CurveEditor::curveEditorModes same)
+{
+    return static_cast<int>(mode) == static_cast<int>(same);
+}
+
+static_assert(areAlike(CanvasMode::DEFAULT, CurveEditor::DEFAULT) &&
+              areAlike(CanvasMode::SELECT, CurveEditor::SELECT) &&
+              areAlike(CanvasMode::SELECTING, CurveEditor::SELECTING) &&
+              areAlike(CanvasMode::MOVE, CurveEditor::MOVE) &&
+              areAlike(CanvasMode::MOVING, CurveEditor::MOVING) &&
+              areAlike(CanvasMode::ADD, CurveEditor::ADD) &&
+              areAlike(CanvasMode::DEL, CurveEditor::DEL) &&
+              areAlike(CanvasMode::ADD2SEL, CurveEditor::ADD2SEL) &&
+              areAlike(CanvasMode::ADDING2SEL, CurveEditor::ADDING2SEL) &&
+              areAlike(CanvasMode::ZOOM, CurveEditor::ZOOM) &&
+              areAlike(CanvasMode::ZOOMING, CurveEditor::ZOOMING) &&
+              areAlike(CanvasMode::SCALE, CurveEditor::SCALE) &&
+              areAlike(CanvasMode::SNAP, CurveEditor::SNAP));
+
+/// The picture of a tool, its hot spot in pixels.
+QCursor buildCursor(const QString& folder, const ModeRow& row)
+{
+    const QString number = QString::number(row.icon).rightJustified(3, QLatin1Char('0'));
+    const QPixmap picture(QString("%1/curveeditor%2.png").arg(folder, number));
+    // A cursor made of an empty picture would be an arrow all the same, and a warning.
+    return picture.isNull() ? QCursor() : QCursor(picture, row.hotX, row.hotY);
+}
+
+/// Some modes leave the cursor as it is.
+void showCursor(QWidget& canvas, CanvasMode mode, const QString& folder)
+{
+    const ModeRow* const row = modeRow(static_cast<int>(mode));
+    if (row && row->cursor == arrowCursor) {
+        canvas.setCursor(Qt::ArrowCursor);
+    } else if (row && row->cursor == iconCursor) {
+        canvas.setCursor(buildCursor(folder, *row));
+    }
 }
 
 } // namespace
 
+void CurveEditor::connectModes()
+{
+    curve_editor::ModeCallbacks callbacks;
+    callbacks.beforeTool = [this] { functionEditor->canvas().endGesture(); };
+    callbacks.beforeMode = [this](CanvasMode next) {
+        functionEditor->canvas().endGestureUnlessIn(static_cast<int>(next));
+    };
+    callbacks.toolChanged = [this] {
+        for (const ToolRow& tool : toolRows) {
+            toolButtonActions[tool.button]->setChecked(getUserMode() == tool.mode);
+        }
+    };
+    callbacks.modeChanged = [this] {
+        functionEditor->zoomMode = getCurrentMode() == ZOOMING;
+        showCursor(*functionEditor, modes->mode(), iconsPath);
+        refreshEditor();
+    };
+    modes->setCallbacks(callbacks);
+}
+
 void CurveEditor::setCurrentMode(curveEditorModes newMode)
 {
-    if (newMode != currentMode) {
-        functionEditor->canvas().endGestureUnlessIn(newMode);
-    }
-    if (newMode == currentMode) {
-        return;
-    }
-    currentMode = newMode;
-    functionEditor->zoomMode = newMode == ZOOMING;
-    if (const ModeRow* const row = modeRow(newMode)) {
-        if (row->cursor == arrowCursor) {
-            functionEditor->setCursor(Qt::ArrowCursor);
-        } else if (row->cursor == iconCursor) {
-            functionEditor->setCursor(buildCursor(row->icon, row->hotX, row->hotY));
-        }
-    }
-    refreshEditor();
+    modes->setMode(canvasMode(newMode));
 }
 
 CurveEditor::curveEditorModes CurveEditor::getCurrentMode()
 {
-    return currentMode;
+    return editorMode(modes->mode());
 }
 
 void CurveEditor::setUserMode(curveEditorModes newMode)
 {
-    if (newMode == userMode) {
-        return;
-    }
-    userMode = newMode;
-    for (const ToolRow& tool : toolRows) {
-        toolButtonActions[tool.button]->setChecked(newMode == tool.mode);
-    }
+    modes->setUserMode(canvasMode(newMode));
 }
 
 CurveEditor::curveEditorModes CurveEditor::getUserMode()
 {
-    return userMode;
+    return editorMode(modes->userMode());
 }
 
 void CurveEditor::printMode(curveEditorModes theMode)
@@ -138,133 +171,92 @@ void CurveEditor::printMode(curveEditorModes theMode)
     std::cout << (row ? row->name : "UNKNOWN curve editor mode") << std::flush;
 }
 
-/// A second choice of the same tool puts it away.
-void CurveEditor::toggleTool(const curveEditorModes& tool)
-{
-    functionEditor->canvas().endGesture();
-    const curveEditorModes next = userMode == tool ? DEFAULT : tool;
-    setUserMode(next);
-    setCurrentMode(next);
-}
-
 void CurveEditor::setSelectMode()
 {
-    toggleTool(SELECT);
+    modes->toggleTool(CanvasMode::SELECT);
 }
 
 void CurveEditor::setMoveMode()
 {
-    toggleTool(MOVE);
+    modes->toggleTool(CanvasMode::MOVE);
 }
 
 void CurveEditor::setAddKeyMode()
 {
-    toggleTool(ADD);
+    modes->toggleTool(CanvasMode::ADD);
 }
 
 void CurveEditor::setDeleteKeyMode()
 {
-    toggleTool(DEL);
+    modes->toggleTool(CanvasMode::DEL);
 }
 
 void CurveEditor::setZoomMode()
 {
-    toggleTool(ZOOM);
+    modes->toggleTool(CanvasMode::ZOOM);
 }
 
 void CurveEditor::setDefaultMode()
 {
-    functionEditor->canvas().endGesture();
-    setUserMode(DEFAULT);
-    setCurrentMode(DEFAULT);
-}
-
-QCursor CurveEditor::buildCursor(const int& icon, const int& hotX, const int& hotY) const
-{
-    const QString number = QString::number(icon).rightJustified(3, QLatin1Char('0'));
-    const QPixmap picture(QString("%1/curveeditor%2.png").arg(iconsPath, number));
-    // A cursor made of an empty picture would be an arrow all the same, and a warning.
-    return picture.isNull() ? QCursor() : QCursor(picture, hotX, hotY);
-}
-
-void CurveEditor::setModifier(QString& target, const QString& value)
-{
-    target = value.toLower();
-}
-
-bool CurveEditor::isModifierPressed(QInputEvent* e, const QString& name) const
-{
-    if (!e) {
-        return false;
-    }
-    for (const ModifierRow& row : modifierRows) {
-        if (name != QLatin1String(row.name)) {
-            continue;
-        }
-        if (isKeyEvent(e) && static_cast<QKeyEvent*>(e)->key() == row.key) {
-            return e->type() == QEvent::KeyPress;
-        }
-        return e->modifiers().testFlag(row.flag);
-    }
-    return false;
+    modes->putToolAway();
 }
 
 void CurveEditor::setZoomModifier(QString mod)
 {
-    setModifier(zoomModifier, mod);
+    modes->setModifier(ModifierRole::zoom, mod);
 }
 
 ZK_BOOL CurveEditor::isZoomPressed(QInputEvent* e)
 {
-    return isModifierPressed(e, zoomModifier);
+    return modes->isPressed(ModifierRole::zoom, e);
 }
 
 QString CurveEditor::getZoomModifier()
 {
-    return zoomModifier;
+    return modes->modifier(ModifierRole::zoom);
 }
 
 void CurveEditor::setSnapModifier(QString mod)
 {
-    setModifier(snapModifier, mod);
+    modes->setModifier(ModifierRole::snap, mod);
 }
 
 ZK_BOOL CurveEditor::isSnapPressed(QInputEvent* e)
 {
-    return isModifierPressed(e, snapModifier);
+    return modes->isPressed(ModifierRole::snap, e);
 }
 
 QString CurveEditor::getSnapModifier()
 {
-    return snapModifier;
+    return modes->modifier(ModifierRole::snap);
 }
 
 void CurveEditor::setAddModifier(QString mod)
 {
-    setModifier(addModifier, mod);
+    modes->setModifier(ModifierRole::add, mod);
 }
 
 ZK_BOOL CurveEditor::isAddPressed(QInputEvent* e)
 {
-    return isModifierPressed(e, addModifier);
+    return modes->isPressed(ModifierRole::add, e);
 }
 
 QString CurveEditor::getAddModifier()
 {
-    return addModifier;
+    return modes->modifier(ModifierRole::add);
 }
 
 void CurveEditor::setAdd2selModifier(QString mod)
 {
-    setModifier(add2selModifier, mod);
+    modes->setModifier(ModifierRole::addToSelection, mod);
 }
 
 ZK_BOOL CurveEditor::isAdd2selPressed(QInputEvent* e)
 {
-    return isModifierPressed(e, add2selModifier);
+    return modes->isPressed(ModifierRole::addToSelection, e);
 }
 
 QString CurveEditor::getAdd2selModifier()
 {
-    return add2selModifier;
+    return modes->modifier(ModifierRole::addToSelection);
 }
