@@ -5,6 +5,7 @@
 #include "core/KeyValue.h"
 #include "core/ParserKeyEntry.h"
 #include "core/RoundingNoise.h"
+#include "core/VectorRegisters.h"
 
 #include <cstring>
 
@@ -64,6 +65,7 @@ EvaluationTime::EvaluationTime()
     , savedFrame(ParserKeyEntry::stored(timeKeys().frame))
     , savedFps(ParserKeyEntry::stored(timeKeys().fps))
 {
+    VectorRegisters::clearUpperHalves();
     // What an earlier evaluation worked out may have been edited since.
     if (++livingObjects == 1) {
         ++currentEpoch;

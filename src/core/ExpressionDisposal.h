@@ -6,7 +6,8 @@ class FunctionFloatBase;
 
 /// Frees the trees of expressions that have left their slot. While something is evaluated a tree is
 /// kept until that is over: a refresh function may take away the very expression that called it.
-/// For the user-interface thread, as all evaluation of trees is.
+/// The editor frees all trees so, and a host may. For the user-interface thread, as all evaluation
+/// of trees is.
 class ZK_CURVE_CORE_EXPORT ExpressionDisposal
 {
 public:

@@ -141,7 +141,8 @@ public:
     /// removed. A key that is inside already is only put in order; null does nothing.
     PointInfo* addPointPtr(PointInfo* point);
     /// The same for a caller who knows what the key is: new, with 0, or that which had this serial
-    /// here, however it has changed since. Returns the key with the serial that it now has.
+    /// here, however it has changed since. A serial that was never given out counts as 0; one that
+    /// another key has is the caller's error. Returns the key with the serial that it now has.
     KeyRef addPointPtr(PointInfo* point, std::uint64_t serial);
     /// Takes the key out without freeing it: it belongs to the caller.
     void remove(const PointInfo* point);
@@ -163,7 +164,8 @@ public:
     /// The same with the value of the expression added, which sees "t" as time, "f" as the frame,
     /// see EvaluationTime, and "fps"; all three are restored afterwards. A null expression adds
     /// nothing.
-    const double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
+    const double operator()(const double& time, FunctionFloatBase* expression,
+                            const double& fps) const;
     /// The slope (value per second) with which the curve comes into the key at the index, 0 to
     /// the number of keys minus one; 0 at any other index. A linear key answers with its chord, a
     /// stepped one with 0. `len` is always written: it sizes the handle, (1 - tension) / 2 held
