@@ -5,9 +5,9 @@
 #include <immintrin.h>
 #endif
 
-/// The vector registers of the processor. Code that is made for wide ones, of the toolkit's painting
-/// and text for instance, may leave their upper halves in use. On many x86 processors each call of
-/// `sin` or `exp` then takes ten times as long and more, until somebody clears them.
+/// The vector registers of the processor. Code that is made for wide ones, of the toolkit's
+/// painting and text for instance, may leave their upper halves in use. On many x86 processors each
+/// call of `sin` or `exp` then takes ten times as long and more, until somebody clears them.
 class VectorRegisters
 {
 public:
@@ -25,6 +25,9 @@ public:
 
 private:
 #ifdef ZK_HAS_WIDE_REGISTERS
-    __attribute__((target("avx"))) static void clear() { _mm256_zeroupper(); }
+    __attribute__((target("avx"))) static void clear()
+    {
+        _mm256_zeroupper();
+    }
 #endif
 };

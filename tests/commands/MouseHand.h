@@ -48,10 +48,10 @@ public:
     void queueMoveTo(const QPoint& pixel)
     {
         at = pixel;
-        QCoreApplication::postEvent(
-            &fixture.canvas(),
-            new QMouseEvent(QEvent::MouseMove, at, fixture.canvas().mapToGlobal(at), Qt::NoButton,
-                            buttons, modifiers));
+        QCoreApplication::postEvent(&fixture.canvas(),
+                                    new QMouseEvent(QEvent::MouseMove, at,
+                                                    fixture.canvas().mapToGlobal(at), Qt::NoButton,
+                                                    buttons, modifiers));
     }
 
     void release(const Qt::MouseButton& button)
