@@ -164,7 +164,7 @@ public:
     /// null, and the spline may be destroyed at any time. Values are drawn and shown held between
     /// `minValue` and `maxValue`. With `selectByDefault` a curve that has a key or an expression
     /// goes on the canvas and is selected alone. With `notifyHost` false its changes are not
-    /// reported. A curve that is being edited already is only selected again.
+    /// reported. A curve that is on the canvas already is only selected again.
     void addCurve(const QString& node, const QString& curve, const QColor& color, float curveValue,
                   SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue,
                   bool selectByDefault, bool notifyHost);
