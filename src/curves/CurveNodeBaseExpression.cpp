@@ -1,5 +1,6 @@
 // Giving a curve an expression, and telling the user when the curve then depends on itself.
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveHost.h"
@@ -52,7 +53,9 @@ Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expres
                                        ParseMessage& message)
 {
     if (FunctionFloatBase** const living = livingSlot()) {
-        delete std::exchange(*living, expression.release());
+        ExpressionDisposal::take(std::exchange(*living, expression.release()));
+    } else {
+        ExpressionDisposal::take(expression.release());
     }
     changed = true;
     QString offender;

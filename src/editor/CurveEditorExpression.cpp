@@ -7,6 +7,7 @@
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
 #include "commands/RecordKeys.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNode.h"
 #include "curves/DependencyWalk.h"
@@ -94,7 +95,7 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
 {
     if (!isVisible()) {
         if (slot) {
-            delete std::exchange(*slot, nullptr);
+            ExpressionDisposal::take(std::exchange(*slot, nullptr));
         }
         return;
     }
