@@ -1,7 +1,7 @@
 #include "canvas/CanvasCurveHost.h"
 
 #include "canvas/CanvasFunctionBase.h"
-#include "editor/CurveEditor.h"
+#include "canvas/CanvasHost.h"
 
 namespace {
 
@@ -9,8 +9,10 @@ const int decimalsWithoutEditor = 2;
 
 } // namespace
 
-CanvasCurveHost::CanvasCurveHost(CanvasFunctionBase& shower)
+CanvasCurveHost::CanvasCurveHost(CanvasFunctionBase& shower,
+                                 const curve_editor::CanvasHost* canvasHost)
     : canvas(shower)
+    , host(canvasHost)
 {}
 
 ViewPort* CanvasCurveHost::view() const
@@ -20,14 +22,12 @@ ViewPort* CanvasCurveHost::view() const
 
 int CanvasCurveHost::labelDecimals() const
 {
-    const CurveEditor* const editor = canvas.curveEditor();
-    return editor ? editor->getNumberOfDecimals() : decimalsWithoutEditor;
+    return host ? host->numberOfDecimals() : decimalsWithoutEditor;
 }
 
 bool CanvasCurveHost::dependsOnItself(const QString& parserName, QString& offender) const
 {
-    CurveEditor* const editor = canvas.curveEditor();
-    return editor && editor->checkDependencies(parserName, parserName, offender);
+    return host && host->dependsOnItself(parserName, offender);
 }
 
 void CanvasCurveHost::createNodeAtCursor(CurveNode* curve)

@@ -4,12 +4,16 @@
 
 class CanvasFunctionBase;
 
-/// Answers the curve objects of a canvas from its view and its editor, which may be null.
+namespace curve_editor {
+class CanvasHost;
+} // namespace curve_editor
+
+/// Answers the curve objects of a canvas from its view and its host.
 class CanvasCurveHost : public CurveHost
 {
 public:
-    /// Not owned; outlives this object.
-    explicit CanvasCurveHost(CanvasFunctionBase& shower);
+    /// Neither is owned; both outlive this object. The host is null without an editor.
+    CanvasCurveHost(CanvasFunctionBase& shower, const curve_editor::CanvasHost* canvasHost);
 
     ViewPort* view() const override;
     int labelDecimals() const override;
@@ -18,4 +22,5 @@ public:
 
 private:
     CanvasFunctionBase& canvas;
+    const curve_editor::CanvasHost* host;
 };

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "canvas/CanvasClipboard.h"
+#include "canvas/CanvasMode.h"
+#include "canvas/CanvasOptions.h"
 #include "core/SplineBase.h"
 #include "curves/CurveTree.h"
 #include "curves/EditingSet.h"
@@ -9,11 +12,14 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 
 struct CanvasBackground;
-class CanvasGesture;
+class CanvasGestures;
+class CanvasPainter;
+class CanvasPress;
 class CurveEditor;
 class CurveHost;
 class CurveNode;
@@ -33,14 +39,14 @@ class ViewPort;
 struct SelectionState;
 
 namespace curve_editor {
+class CanvasHost;
 class CurveCommand;
-class DetachedCurve;
 struct NodeStruct;
 } // namespace curve_editor
 
 /// The logic of the canvas: the tree of curve objects, the set of curves being edited, painting,
 /// and every gesture on keys and handles.
-class CanvasFunctionBase : public QObject
+class CanvasFunctionBase : public QObject, public CanvasOptions
 {
     Q_OBJECT
 
@@ -160,8 +166,8 @@ public:
     void endGestureOn(const QString& dotName);
     /// The same unless these names stand for exactly the curves being edited.
     void endGestureUnlessEditing(const QStringList& dotNames);
-    /// The same unless the gesture goes on in that mode of the editor.
-    void endGestureUnlessIn(const int& mode);
+    /// The same unless the gesture goes on in that mode.
+    void endGestureUnlessIn(curve_editor::CanvasMode mode);
     /// Ends a gesture of the mouse whose release was lost, as this event tells.
     void endLostGesture(QInputEvent* event);
     /// @}
@@ -233,18 +239,6 @@ public:
     CurveEditor* curveEditor() const;
     ViewPort* viewPort() const;
 
-    double vSnapRadius = 0.25; ///< share of the grid step
-    double hSnapRadius = 0.1;
-    bool verticalSnap = false;
-    bool horizontalSnap = false;
-    bool toolTipsOn = false;                 ///< labels at selected keys always
-    bool toolTipsWhileDragging = true;       ///< labels at selected keys during a drag
-    bool defaultBrokenTangent = false;       ///< new keys
-    bool defaultAddFunction = false;         ///< stored and read by nobody
-    int defaultNodeType = zk_spline::bezier; ///< new keys
-    QColor selectionColor{20, 10, 105, 255};
-    QColor canvasColor{0, 0, 0};
-
 public slots:
     void currentNodeHasChanged();
     void hideMark();
@@ -264,32 +258,27 @@ signals:
     void showKeyProperties();
 
 private:
+    friend class CanvasPress;
+
     QList<SplineCurveGraph*> editableGraphs() const;
     QPointF worldAt(const QPoint& pixel) const;
 
-    bool pressRight(const bool& outside, const bool& hitUnselected, const bool& anySelected,
-                    const QList<PointInfo*>& hits);
-    bool pressDefault(QMouseEvent* event, const bool& outside, const bool& hitUnselected,
-                      const bool& manySelected, const QList<PointInfo*>& hits);
-    bool pressAddToSelection(const bool& outside, const bool& keyWasHit,
-                             const QList<PointInfo*>& hits);
-    void pressDelete(const QList<PointInfo*>& hits);
+    void changeSelection(const std::function<void()>& change);
     void walkSelection(const bool& forward);
 
     void setPointsType(const zk_spline::interpolationType& type);
 
     CurveNodeBase* copySource() const;
-    double offsetToTimeline() const;
     void pasteClipboard(const double& offset, const bool& keysOnly);
 
     FunctionEditor* widget; ///< not owned: the parent
     CurveEditor* editor;    ///< not owned: outlives the canvas but for its own last moments
     ViewPort* view;         ///< not owned: the widget's base
     EditingSet editing;
-    std::unique_ptr<FrameGrid> grid;
-    std::unique_ptr<CanvasBackground> background;
-    std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
-    std::unique_ptr<CanvasGesture> gesture;                 ///< never null
-    std::unique_ptr<CurveHost> curveHost;                   ///< never null
+    std::unique_ptr<curve_editor::CanvasHost> host; ///< null without an editor
+    std::unique_ptr<CanvasGestures> gestures;       ///< never null
+    std::unique_ptr<CanvasPainter> ground;          ///< null in the last moments
+    CanvasClipboard clipboard;
+    std::unique_ptr<CurveHost> curveHost; ///< never null
     CurveTree curveTree; ///< the last field: whoever hears of a curve's end may use the others
 };

@@ -1,3 +1,5 @@
+// How far keys reach, for fitting the view.
+
 #include "canvas/CanvasFunctionBase.h"
 
 #include "curves/CurveNode.h"

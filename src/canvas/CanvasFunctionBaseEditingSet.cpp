@@ -1,7 +1,7 @@
 // The set of curves being edited, and what it says of itself.
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
 #include "canvas/FunctionEditor.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNodeBase.h"
@@ -24,7 +24,7 @@ void CanvasFunctionBase::selectCurveObjects(const QList<CurveNode*>& curves)
 {
     const CurveVisit visit(&curveTree);
     QList<CurveNode*> wanted = curves; // the argument may be our own list
-    if (gesture->isOnKeys() && !editing.isExactly(wanted)) {
+    if (gestures->isOnKeys() && !editing.isExactly(wanted)) {
         endGestures(); // whoever hears of its steps may free some of these
         wanted.removeIf([this](CurveNode* node) { return !curveTree.isKnown(node); });
     }

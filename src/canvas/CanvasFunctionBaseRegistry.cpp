@@ -1,13 +1,12 @@
 // Which curves are on the canvas, and which of them are being edited.
 
-#include "canvas/CanvasBackground.h"
 #include "canvas/CanvasCurveHost.h"
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasGesture.h"
-#include "canvas/FrameGrid.h"
+#include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
+#include "canvas/CanvasPainter.h"
 #include "canvas/FunctionEditor.h"
 #include "curves/CurveVisit.h"
-#include "curves/DetachedCurve.h"
 #include "curves/DottedName.h"
 #include "curves/NodeStruct.h"
 
@@ -19,16 +18,16 @@ CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEdit
     , widget(functionEditor)
     , editor(dialog)
     , view(functionEditor)
-    , grid(std::make_unique<FrameGrid>(functionEditor))
-    , gesture(std::make_unique<CanvasGesture>(*this, dialog, functionEditor))
-    , curveHost(std::make_unique<CanvasCurveHost>(*this))
+    , host(curve_editor::canvasHostOf(dialog))
+    , gestures(std::make_unique<CanvasGestures>(*this, dialog, host.get(), functionEditor))
+    , ground(std::make_unique<CanvasPainter>(functionEditor, functionEditor))
+    , curveHost(std::make_unique<CanvasCurveHost>(*this, host.get()))
     , curveTree(editing, curveHost.get())
 {}
 
 CanvasFunctionBase::~CanvasFunctionBase()
 {
-    grid.reset();
-    background.reset();
+    ground.reset();
     clearCurves();
 }
 

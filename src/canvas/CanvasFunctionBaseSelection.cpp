@@ -1,6 +1,8 @@
+// Which keys are selected, and which lie under the mouse.
+
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
 #include "curves/SelectedKeys.h"
@@ -51,7 +53,7 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
     const SelectionState state = selectionState();
     anySelected = state.any;
     manySelected = state.many;
-    const double time = gesture->lastWorld.x();
+    const double time = gestures->stage.lastWorld.x();
     const bool isInSpan = !(time < spanMin) && !(time > spanMax);
     return !hitSelected && !hitUnselected && !isInSpan;
 }
@@ -98,27 +100,30 @@ void CanvasFunctionBase::selectInRect(const bool& add)
     }
 }
 
+void CanvasFunctionBase::changeSelection(const std::function<void()>& change)
+{
+    gestures->run([](PendingCommands& commands) { commands.beginSelect(); }, change);
+}
+
 void CanvasFunctionBase::selectAllKeys()
 {
     endGestures();
-    beginSelectCommand();
-    for (CurveNode* curve : editing) {
-        SplineBase* spline = curve->spline();
-        if (spline && curve->splineGraph()) {
-            const std::vector<PointInfo*>& keys = spline->getControlPoints();
-            curve->splineGraph()->selection().selectPoints(
-                QList<PointInfo*>(keys.begin(), keys.end()));
+    changeSelection([this] {
+        for (CurveNode* curve : editing) {
+            SplineBase* spline = curve->spline();
+            if (spline && curve->splineGraph()) {
+                const std::vector<PointInfo*>& keys = spline->getControlPoints();
+                curve->splineGraph()->selection().selectPoints(
+                    QList<PointInfo*>(keys.begin(), keys.end()));
+            }
         }
-    }
-    commitSelectCommand();
+    });
 }
 
 void CanvasFunctionBase::deselectAllKeys()
 {
     endGestures();
-    beginSelectCommand();
-    clearSelection();
-    commitSelectCommand();
+    changeSelection([this] { clearSelection(); });
 }
 
 void CanvasFunctionBase::walkSelection(const bool& forward)

@@ -1,23 +1,21 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/CanvasHost.h"
 #include "commands/CommandContext.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
+#include "commands/CurveCommandsManager.h"
 #include "commands/RecordKeys.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
-#include "curves/DetachedCurve.h"
-#include "editor/CurveEditor.h"
-#include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 
 #include <utility>
 
 using curve_editor::CommandPasteCurve;
 using curve_editor::CommandResetCurves;
-using curve_editor::DetachedCurve;
 
 /// The only curve being edited, when it has keys; else null.
 CurveNodeBase* CanvasFunctionBase::copySource() const
@@ -31,24 +29,14 @@ CurveNodeBase* CanvasFunctionBase::copySource() const
 void CanvasFunctionBase::copy()
 {
     if (CurveNodeBase* const source = copySource()) {
-        auto copied = std::make_unique<DetachedCurve>(*source);
-        copied->spline()->copyDup(*source->spline(), 0.0);
-        clipboard = std::move(copied);
+        clipboard.copy(*source);
     }
 }
 
 void CanvasFunctionBase::copyKeys()
 {
-    CurveNodeBase* const source = copySource();
-    if (!source || !source->splineGraph()->selection().hasSelection()) {
-        return;
-    }
-    auto copied = std::make_unique<DetachedCurve>(*source);
-    copied->spline()->copySelected(*source->spline(),
-                                   source->splineGraph()->selection().selectedPointsVector());
-    // Another editor may have taken every selected key away.
-    if (copied->spline()->getFirst()) {
-        clipboard = std::move(copied);
+    if (CurveNodeBase* const source = copySource()) {
+        clipboard.copySelected(*source);
     }
 }
 
@@ -64,7 +52,7 @@ void CanvasFunctionBase::pasteOffset()
 
 void CanvasFunctionBase::pasteOnTimeline()
 {
-    pasteClipboard(offsetToTimeline(), false);
+    pasteClipboard(clipboard.offsetTo(view->timeLine), false);
 }
 
 void CanvasFunctionBase::pasteKeys()
@@ -79,22 +67,15 @@ void CanvasFunctionBase::pasteKeysOffset()
 
 void CanvasFunctionBase::pasteKeysOnTimeline()
 {
-    pasteClipboard(offsetToTimeline(), true);
-}
-
-/// What moves the clipboard's first key onto the time line, in seconds.
-double CanvasFunctionBase::offsetToTimeline() const
-{
-    const PointInfo* const first = clipboard ? clipboard->spline()->getFirst() : nullptr;
-    return first ? view->timeLine - first->time : view->timeLine;
+    pasteClipboard(clipboard.offsetTo(view->timeLine), true);
 }
 
 void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOnly)
 {
     endGestures();
-    if (!editing.isEmpty() && clipboard) {
-        editor->getCmdManager()->doCommand(
-            new CommandPasteCurve(editor, clipboard->curve(), offset, keysOnly));
+    if (!editing.isEmpty() && clipboard.curve()) {
+        host->manager().doCommand(
+            new CommandPasteCurve(editor, clipboard.curve(), offset, keysOnly));
     }
 }
 
@@ -102,7 +83,7 @@ void CanvasFunctionBase::resetEditingCurves()
 {
     endGestures();
     if (!editing.isEmpty()) {
-        editor->getCmdManager()->doCommand(new CommandResetCurves(
+        host->manager().doCommand(new CommandResetCurves(
             editor, curve_editor::recordsOf(curve_editor::contextOf(editor), editing.curves())));
     }
 }

@@ -1,3 +1,5 @@
+// Construction, and the order in which an event passes logic, view and key dialog.
+
 #include "canvas/FunctionEditor.h"
 
 #include "curves/CurveNodeBase.h"
@@ -83,9 +85,13 @@ void FunctionEditor::reportCursor(QMouseEvent* event)
     const QList<CurveNode*> curves = logic.editingCurves();
     if (!curves.isEmpty()) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(curves.first())) {
+            const QPointer<FunctionEditor> self(this);
             try {
                 functionValue = curve->evaluate(time);
             } catch (...) { // the same as in a paint
+            }
+            if (!self) {
+                return; // a refresh function has deleted the editor
             }
         }
     }
@@ -148,11 +154,7 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!logic.ignoresRelease(event->button())) {
-        if (rubberDrag && viewDrag) {
-            applyRect(true);
-        }
-        clearDrags();
-        zoomMode = false;
+        endDrag();
         logic.release(event);
     }
     if (logic.isEditing()) {

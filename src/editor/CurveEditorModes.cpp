@@ -53,7 +53,7 @@ const std::array<ModeRow, 13> modeRows{{
 }};
 
 /// Null for a value that is no mode.
-const ModeRow* modeRow(const int& mode)
+const ModeRow* modeRow(int mode)
 {
     return mode >= 0 && mode < static_cast<int>(modeRows.size())
                ? &modeRows[static_cast<std::size_t>(mode)]
@@ -129,9 +129,7 @@ void CurveEditor::connectModes()
 {
     curve_editor::ModeCallbacks callbacks;
     callbacks.beforeTool = [this] { d->canvas().endGesture(); };
-    callbacks.beforeMode = [this](CanvasMode next) {
-        d->canvas().endGestureUnlessIn(static_cast<int>(next));
-    };
+    callbacks.beforeMode = [this](CanvasMode next) { d->canvas().endGestureUnlessIn(next); };
     callbacks.toolChanged = [this] {
         for (const ToolRow& tool : toolRows) {
             d->actions.buttonAction(tool.button)->setChecked(getUserMode() == tool.mode);

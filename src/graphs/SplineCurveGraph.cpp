@@ -1,3 +1,5 @@
+// Selection, colours and the keys with their pixels.
+
 #include "graphs/SplineCurveGraph.h"
 
 #include "core/Truncate.h"

@@ -1,3 +1,5 @@
+// Drawing of curve, keys, tangents and labels.
+
 #include "core/Decimals.h"
 #include "core/Truncate.h"
 #include "graphs/CanvasColors.h"

@@ -1,3 +1,5 @@
+// Where the handles of a key end, and how they look.
+
 #include "core/Truncate.h"
 #include "graphs/CanvasColors.h"
 #include "graphs/ChosenKeys.h"

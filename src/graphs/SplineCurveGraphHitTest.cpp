@@ -1,3 +1,5 @@
+// What lies under a pixel or in a rectangle.
+
 #include "graphs/SplineCurveGraph.h"
 
 #include <QSet>

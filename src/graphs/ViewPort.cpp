@@ -138,15 +138,6 @@ QRect ViewPort::rubberRect() const
                  truncateToPixel(downPixels));
 }
 
-void ViewPort::clearDrags()
-{
-    rubberDrag = false;
-    panDrag = false;
-    zoomDrag = false;
-    viewDrag = false;
-    selectDrag = false;
-}
-
 void ViewPort::wheelTurn(const int& delta, const QPoint& cursor)
 {
     anchorX = lastX = cursor.x();
@@ -207,6 +198,15 @@ void ViewPort::viewMove(QMouseEvent* event)
     lastY = pixel.y();
 }
 
+void ViewPort::endDrag()
+{
+    if (isZoomRectDragged()) {
+        applyRect(true);
+    }
+    clearDrags();
+    zoomMode = false;
+}
+
 void ViewPort::keepCandidateOf(const ViewPort& former)
 {
     newMinX = former.newMinX;
@@ -239,19 +239,9 @@ void ViewPort::centerTimeline()
 
 void ViewPort::resetView()
 {
-    const ViewPort initial;
-    showFrames = initial.showFrames;
-    minX = initial.minX;
-    maxX = initial.maxX;
-    minY = initial.minY;
-    maxY = initial.maxY;
-    newMinX = initial.newMinX;
-    newMaxY = initial.newMaxY;
-    newMaxX = initial.newMaxX;
-    newMinY = initial.newMinY;
-    minRectFraction = initial.minRectFraction;
-    rectValid = false;
-    rectActive = false;
+    showFrames = TimeAxis().showFrames;
+    static_cast<ViewRange&>(*this) = ViewRange();
+    static_cast<CandidateRect&>(*this) = CandidateRect();
     clearDrags();
     zoomMode = false;
     canvasDirty = true;
