@@ -163,7 +163,8 @@ public:
     /// The same with the value of the expression added, which sees "t" as time, "f" as the frame,
     /// see EvaluationTime, and "fps"; all three are restored afterwards. A null expression adds
     /// nothing.
-    const double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
+    const double operator()(const double& time, FunctionFloatBase* expression,
+                            const double& fps) const;
     /// The slope (value per second) with which the curve comes into the key at the index, 0 to
     /// the number of keys minus one; 0 at any other index. A linear key answers with its chord, a
     /// stepped one with 0. `len` is always written: it sizes the handle, (1 - tension) / 2 held

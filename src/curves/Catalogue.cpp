@@ -26,6 +26,11 @@ Catalogue::~Catalogue()
     }
 }
 
+const ParserScope& Catalogue::parserScope() const
+{
+    return scope;
+}
+
 const QList<MainNodeStruct*>& Catalogue::mainNodes() const
 {
     return mainList;
@@ -53,11 +58,12 @@ NodeStruct* Catalogue::addNode(const NodeStruct& content)
     entry.number = nextNumber++;
     entry.dotName = record->dotName;
     entry.parserName = parserForm(record->dotName);
-    entry.variable = std::make_unique<CurveVariable>(record);
+    entry.variable = std::make_unique<CurveVariable>(record, &scope);
     nodeList.append(record);
     dotNames.add(entry.dotName, entry.number, record);
     parserNames.add(entry.parserName, entry.number, record);
     entries.emplace(record, std::move(entry));
+    scope.adopt(record->livingExpression()); // left by an editor that is gone
     return record;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ParserScope.h"
 #include "curves/NameIndex.h"
 #include "curves/NodeStruct.h"
 
@@ -34,6 +35,9 @@ public:
     ~Catalogue();
     Catalogue(const Catalogue&) = delete;
     Catalogue& operator=(const Catalogue&) = delete;
+
+    /// Whose the variables of the records are.
+    const ParserScope& parserScope() const;
 
     const QList<MainNodeStruct*>& mainNodes() const;
     const QList<NodeStruct*>& allNodes() const;
@@ -84,6 +88,7 @@ private:
     MainNodeStruct* mainRecordFor(const QString& name);
     NodeStruct* recordFor(const NodeStruct& content);
 
+    ParserScope scope; // outlives the variables
     // The records outlive the variables, which read them.
     std::deque<MainNodeStruct> mainRecords;
     std::deque<NodeStruct> records;

@@ -11,6 +11,7 @@
 
 class ExpressionCurveGraph;
 class FunctionParserBase;
+class ParserScope;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
@@ -77,6 +78,12 @@ public:
     float minimumValue() const;
     float maximumValue() const;
 
+    /// Whose names expressions that are read from files read first: that of the canvas, or of the
+    /// curve that this one is a detached copy of. Not owned; null for neither.
+    const ParserScope* parserScope() const;
+    /// Lets a curve without a canvas read the names that another one reads.
+    void readNamesAs(const CurveNodeBase& other);
+
     /// Screen data must be rebuilt.
     bool hasChanged() const;
     /// Frees the screen data of a curve that is not to be drawn for some time.
@@ -141,4 +148,5 @@ private:
     float storedCurveValue;
     float minimum;
     float maximum;
+    const ParserScope* scopeWithoutCanvas = nullptr; ///< not owned; outlives the curve
 };

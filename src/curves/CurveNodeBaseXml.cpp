@@ -76,7 +76,8 @@ void CurveNodeBase::takeContent(CurveXmlContent& content, FunctionParserBase* pa
     if (hasKeys(content.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
     }
-    content.moveInto(spline(), livingSlot(), content.parseExpression(*reader, message));
+    content.moveInto(spline(), livingSlot(),
+                     content.parseExpression(*reader, parserScope(), message));
     if (hasKeys(content.type)) {
         keysGraph->setSpline(spline());
     }

@@ -23,6 +23,7 @@ class CurveNode;
 class CustomEditLine;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class QAction;
 class QInputEvent;
 class QLabel;
@@ -182,6 +183,9 @@ public:
     NodeStruct* searchAllNodeList(const QString& dotName) const;
     /// The first record whose name has this parser form: lower case, blanks as underscores.
     NodeStruct* searchAllNodeListCurveName(const QString& parserName) const;
+    /// Whose names the expressions that are typed here read first, before those that hosts have
+    /// registered: those of this editor's curves. Lives as long as the editor.
+    const ParserScope* parserScope() const;
     /// The same as searchAllNodeList.
     NodeStruct* structFromDotName(const QString& dotName) const;
     NodeStruct* structFromCurve(CurveNode const* curve) const;

@@ -76,6 +76,11 @@ CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& 
     return catalogue->findParserName(parserName);
 }
 
+const ParserScope* CurveEditor::parserScope() const
+{
+    return &catalogue->parserScope();
+}
+
 CurveEditor::NodeStruct* CurveEditor::structFromDotName(const QString& dotName) const
 {
     return searchAllNodeList(dotName);

@@ -65,7 +65,7 @@ void CurveEditor::populateDVarMenu()
     QMenu* const menu = menus[curve_editor::dVarsSubMenu];
     emptyMenu(menu);
     std::vector<std::string> names;
-    FunctionParserBase::instance()->getAllKeyNames(names);
+    FunctionParserBase::instance()->getAllKeyNames(names, parserScope());
     SubMenus subMenus(menu);
     for (const std::string& key : names) {
         const QString name = QString::fromLocal8Bit(key.c_str());
@@ -129,7 +129,8 @@ void CurveEditor::insertIVarFunc(QAction* action)
 void CurveEditor::insertDVarFunc(QAction* action)
 {
     if (action) {
-        insertAtLineCursor(action->objectName());
+        const std::string name = action->objectName().toLocal8Bit().toStdString();
+        insertAtLineCursor(QString::fromLocal8Bit(FunctionParserBase::writtenName(name).c_str()));
     }
 }
 
