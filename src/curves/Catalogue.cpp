@@ -67,6 +67,17 @@ NodeStruct* Catalogue::addNode(const NodeStruct& content)
     return record;
 }
 
+void Catalogue::lendAnew(NodeStruct* record, const NodeStruct& content)
+{
+    const NodeStruct former = *record;
+    *record = content;
+    record->mainNodeName = former.mainNodeName;
+    record->curveName = former.curveName;
+    record->dotName = former.dotName;
+    record->safeDotName = former.safeDotName;
+    scope.adopt(record->livingExpression());
+}
+
 void Catalogue::removeMainNode(MainNodeStruct* node)
 {
     const auto found = mainEntries.find(node);

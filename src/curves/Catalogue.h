@@ -47,6 +47,9 @@ public:
     MainNodeStruct* addMainNode(const QString& name);
     NodeStruct* addNode(const NodeStruct& content);
 
+    /// Replaces what a record in the list shows; its names stay.
+    void lendAnew(NodeStruct* record, const NodeStruct& content);
+
     /// Take a record out of its list without freeing it. One that is not in it is passed over.
     void removeMainNode(MainNodeStruct* node);
     void removeNode(NodeStruct* record);

@@ -12,6 +12,7 @@
 class ExpressionCurveGraph;
 class FunctionParserBase;
 class ParserScope;
+struct PointInfo;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
@@ -100,6 +101,19 @@ public:
     /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
     void writeXmlStream(QXmlStreamWriter& writer);
+    /// Reads on from the start element `point`. The caller owns the key; null after an error.
+    static PointInfo* readControlPoint(QXmlStreamReader& reader);
+    /// Whether the reader stands on an end element, of whatever name.
+    static bool isEndOf(QXmlStreamReader& reader, const QString& name);
+    /// Lets the reader fail with the message and the line and column of its place.
+    static void raiseXmlError(QXmlStreamReader& reader, const QString& message);
+    /// The texts of the file for numbers; "unknown" for a number without one.
+    static QString curveTypeName(const int& type);
+    static QString nodeTypeName(const int& type);
+    static QString interpolationTypeName(const int& type);
+    /// The numbers of texts in any case of letters; -1 for one that is none of them.
+    static int nodeTypeFromName(const QString& name);
+    static int interpolationTypeFromName(const QString& name);
     /// @}
 
     /// @name The older curve file
@@ -118,8 +132,9 @@ public slots:
     /// The host edited the spline: the pixels are to be rebuilt.
     void splineChanged();
 
-signals:
-    void curveHasChanged(QString& nodeName, QString& curveName);
+protected:
+    /// The curve changed. Connected to by its signature, from outside too.
+    Q_SIGNAL void curveHasChanged(QString& nodeName, QString& curveName);
 
 private slots:
     void createNodeAtCursor();

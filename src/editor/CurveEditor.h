@@ -556,6 +556,7 @@ private:
     void setMaxTime(const double& time);
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
+    void lendAnew(NodeStruct* record, const NodeStruct& content);
 
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
