@@ -148,7 +148,7 @@ void TestLendingAnew::curvesOfANodeWithoutANameAreFoundByThePointInFront()
     QCOMPARE(node->dotName(), QString(".a"));
     QCOMPARE(editor.structFromCurve(node), editor.searchAllNodeList(".a"));
     QCOMPARE(valueOf(*fixture, ".a"), 4.0);
-    editor.selectNodes({".a"});
+    editor.selectNodes(QStringList(".a"));
     QCOMPARE(fixture->logic().editingCurveNames(), QStringList{".a"});
     ParseMessage message;
     const std::unique_ptr<FunctionFloatBase> reads(

@@ -112,7 +112,7 @@ void TestTwoEditors::ownCurvesComeBeforeWhatAHostHasRegistered()
 {
     auto wind = std::make_unique<Variable>("stage.wind", 3.0);
     second->addCurve("stage.wind", {{0.0, 4.0}});
-    second->editor.selectNodes({"body.x"});
+    second->editor.selectNodes(QStringList("body.x"));
     enter("stage.wind");
     QCOMPARE(valueOf(*second, "body.x"), 4.0);
     second->editor.removeCurve("stage", "wind");
@@ -159,7 +159,7 @@ void TestTwoEditors::filesAreReadWithOwnNames()
     const QTemporaryDir folder;
     const QString path = folder.filePath("curve" + ending);
     second->addCurve("arm-left.y", {{0.0, 2.0}});
-    second->editor.selectNodes({"body.x"});
+    second->editor.selectNodes(QStringList("body.x"));
     enter("body.w+'arm-left.y'");
     auto* const curve = dynamic_cast<CurveNodeBase*>(second->editor.curveFromDotName("body.x"));
     if (ending == ".xml") {
@@ -181,7 +181,7 @@ void TestTwoEditors::filesAreReadWithOwnNames()
 void TestTwoEditors::curvesOfTheOtherCloseNoRing()
 {
     second->addCurve("body.y", {{0.0, 2.0}});
-    second->editor.selectNodes({"body.x"});
+    second->editor.selectNodes(QStringList("body.x"));
     enter("body.y");
     first->addCurve("body.x", {{0.0, 3.0}});
     first->editCurve("body.y", {});
@@ -193,9 +193,9 @@ void TestTwoEditors::curvesOfTheOtherCloseNoRing()
 
 void TestTwoEditors::ownRingsAreTold()
 {
-    second->editor.selectNodes({"body.w"});
+    second->editor.selectNodes(QStringList("body.w"));
     enter("body.x");
-    second->editor.selectNodes({"body.x"});
+    second->editor.selectNodes(QStringList("body.x"));
     enter("body.w");
     QCOMPARE(boxes->titles, QStringList{"Cyclical dependency"});
     QCOMPARE(valueOf(*second, "body.x"), 0.0);
@@ -213,7 +213,7 @@ void TestTwoEditors::anEditorOpenedAnewReadsItsOwnCurves()
         former.editor.addCurve("body", "h", Qt::red, 0, &height.spline, &height.expression, -100,
                                100, true, true);
         former.editor.setCurveEditableOn(former.editor.searchAllNodeList("body.h"));
-        former.editor.selectNodes({"body.h"});
+        former.editor.selectNodes(QStringList("body.h"));
         ExpressionLine(former).enter("body.w+1");
     }
     QCOMPARE(expressionOf(height), QString("body.w+1"));
