@@ -2,6 +2,7 @@
 // the spline, each on lines of its own.
 
 #include "canvas/SplineCurveGraph.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -15,6 +16,7 @@
 #include <fstream>
 #include <locale>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -80,8 +82,7 @@ void CurveNodeBase::readExpression(std::ifstream& stream, FunctionParserBase& pa
     ParseMessage message;
     std::unique_ptr<FunctionFloatBase> read(parser.parseWithin(parserScope(), word, message));
     if (FunctionFloatBase** living = livingSlot()) {
-        delete *living;
-        *living = read.release();
+        ExpressionDisposal::take(std::exchange(*living, read.release()));
     }
 }
 
