@@ -27,6 +27,7 @@ class CurveNodeBase;
 class FrameGrid;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class ParseMessage;
 class QInputEvent;
 class QKeyEvent;
@@ -237,6 +238,8 @@ public:
 
     SelectionState selectionState() const;
     CurveEditor* curveEditor() const;
+    /// Whose names expressions read first; not owned. Null without an editor.
+    const ParserScope* parserScope() const;
     ViewPort* viewPort() const;
 
 public slots:

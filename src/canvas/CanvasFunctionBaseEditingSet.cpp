@@ -117,9 +117,15 @@ void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
     curve->saveCrv(stream);
 }
 
+const ParserScope* CanvasFunctionBase::parserScope() const
+{
+    return host ? host->parserScope() : nullptr;
+}
+
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    std::unique_ptr<FunctionFloatBase> expression = curve_editor::parseText(text, message);
+    std::unique_ptr<FunctionFloatBase> expression =
+        curve_editor::parseText(text, message, parserScope());
     showBoxes(curve_editor::syntaxProblems(message));
     return expression.release();
 }
