@@ -48,7 +48,7 @@ void CommandAddCurve::undo()
     if (isNewRecord) {
         context->unlistCurve(content.mainNodeName, content.curveName);
     } else {
-        context->leaveEditing(content.dotName);
+        context->leaveCanvas(content.dotName);
     }
     context->select(previousSelection);
     context->reportEditingCurves();

@@ -41,7 +41,7 @@ bool CommandRemoveCurves::execute()
         if (isFirst) {
             curves.emplace_back(context->tree().findCurve(name));
         }
-        context->leaveEditing(name);
+        context->leaveCanvas(name);
     }
     context->reportEditingCurves();
     return true;
@@ -53,7 +53,7 @@ void CommandRemoveCurves::undo()
     for (qsizetype i = 0; i < count; ++i) {
         CurveNode* const curve = curves[static_cast<std::size_t>(i)].get();
         if (NodeStruct* const record = context->catalogue().find(names.at(i))) {
-            context->enterEditing(record, fits(curve, record) ? curve : nullptr);
+            context->enterCanvas(record, fits(curve, record) ? curve : nullptr);
             context->setColor(record, record->color);
         }
     }

@@ -54,7 +54,7 @@ void EditorCommandContext::unlistCurve(const QString& node, const QString& curve
     editor.removeCurve(node, curve);
 }
 
-void EditorCommandContext::enterEditing(NodeStruct* record, CurveNode* object)
+void EditorCommandContext::enterCanvas(NodeStruct* record, CurveNode* object)
 {
     editor.setCurveEditableOn(record, object);
 }
@@ -70,7 +70,7 @@ void EditorCommandContext::enterSelected(const QString& node, const QString& cur
     editor.setDefaultSelected(node, curve, object);
 }
 
-void EditorCommandContext::leaveEditing(const QString& dotName)
+void EditorCommandContext::leaveCanvas(const QString& dotName)
 {
     editor.removeCurveFromEditing(dotName);
 }

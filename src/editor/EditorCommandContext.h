@@ -19,10 +19,10 @@ public:
 
     void listCurve(const NodeStruct& content) override;
     void unlistCurve(const QString& node, const QString& curve) override;
-    void enterEditing(NodeStruct* record, CurveNode* object) override;
+    void enterCanvas(NodeStruct* record, CurveNode* object) override;
     void enterSelected(const QString& node, const QString& curve) override;
     void enterSelected(const QString& node, const QString& curve, CurveNode* object) override;
-    void leaveEditing(const QString& dotName) override;
+    void leaveCanvas(const QString& dotName) override;
     void setColor(NodeStruct* record, const QColor& color) override;
     void select(const QStringList& dotNames) override;
 

@@ -10,8 +10,8 @@
 #include "core/SplineBase.h"
 #include "curves/CurveVisit.h"
 #include "graphs/SplineCurveGraph.h"
+#include "widgets/InterpolationPositions.h"
 #include "widgets/KeysDialogHost.h"
-#include "widgets/NodeTypePositions.h"
 
 #include <cmath>
 
@@ -64,12 +64,12 @@ void CurveKeysDialog::selectNeighbour(int step)
 
 void CurveKeysDialog::changeNodeType(int index)
 {
-    if (!isNodeTypePosition(index)) {
+    if (!isInterpolationPosition(index)) {
         return;
     }
     host->manager().endGestures();
     host->manager().doCommand(new CommandSetPointsType(
-        host->context(), nodeTypeOfPosition[static_cast<std::size_t>(index)]));
+        host->context(), interpolationOfPosition[static_cast<std::size_t>(index)]));
     loadKeys(QList<SplineCurveGraph*>(shownGraphs));
     emit nodeTcbChanged();
 }

@@ -2,8 +2,8 @@
 
 #include "widgets/CurveKeysDialog.h"
 
+#include "widgets/InterpolationPositions.h"
 #include "widgets/KeysDialogHost.h"
-#include "widgets/NodeTypePositions.h"
 
 #include <QScopedValueRollback>
 
@@ -103,7 +103,7 @@ void CurveKeysDialog::showKeys(const ShownKeys& now)
     for (CustomEditLine* const line : {easeFrom, easeTo}) {
         line->setBounds(0.0, 1.0);
     }
-    nodeTypeCombo->setCurrentIndex(positionOfNodeType(now.reference.type));
+    nodeTypeCombo->setCurrentIndex(positionOfInterpolation(now.reference.type));
     nodeTypeWidgetStack->setCurrentWidget(now.reference.type == zk_spline::bezier ? ioPage
                                                                                   : tcbPage);
     tcbCurve->showKey(now.reference);

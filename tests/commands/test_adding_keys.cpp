@@ -97,7 +97,7 @@ private slots:
         fixture.addCurve("n.b", {{1, 1}});
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
         fixture.manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 5.0, 7.0));
-        fixture.leaveEditing("n.a");
+        fixture.leaveCanvas("n.a");
         fixture.edit({"n.b"});
         fixture.takeCalls();
         fixture.manager.undo();

@@ -83,7 +83,7 @@ void TestAddingSplines::aCurveOffTheCanvasIsAddedToo()
 {
     const LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     QVERIFY(steps->addFunc());
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QVERIFY(!a.spline.isAddFunc());
     steps->redo();
@@ -104,7 +104,7 @@ void TestAddingSplines::aRecordOfTheSameNameIsLeftAlone()
 {
     // The curve on the canvas took the name of one that stands before it in the list.
     const LentCurve& hidden = fixture->addCurve("n.a", {{1, 1}});
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     const LentCurve& shown = fixture->editCurve("n.b", {{2, 2}}, "t");
     fixture->renameCurve("n.b", "n.a");
     fixture->edit({"n.a"});

@@ -156,7 +156,7 @@ void TestExpressionCommands::settingWritesIntoTheSlotOfACurveThatHasLeftTheCanva
 {
     const LentCurve& a = fixture->editCurve("n.a", {}, "t");
     QVERIFY(steps->parse("f", {"n.a"}));
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QCOMPARE(expressionOf(a), QString("t"));
     steps->redo();
@@ -231,11 +231,11 @@ void TestExpressionCommands::deletingIsUndoneOnACurveThatHasLeftTheCanvas()
     a.spline.setAddFunc(true);
     NodeStruct* const record = fixture->record("n.a");
     QVERIFY(steps->removeRecords({record}));
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QCOMPARE(expressionOf(a), QString("t"));
     QVERIFY(a.spline.isAddFunc());
-    fixture->enterEditing(record, nullptr);
+    fixture->enterCanvas(record, nullptr);
     CurveNode* const returned = fixture->tree().findCurve("n.a");
     QCOMPARE(returned->expression(), a.expression);
     QCOMPARE(returned->curveType(), 2);
@@ -246,7 +246,7 @@ void TestExpressionCommands::deletingAgainOnACurveThatHasLeftTheCanvasNoLongerAd
     LentCurve& lent = fixture->editCurve("n.a", {{10, 10}}, "t");
     lent.spline.setAddFunc(true);
     QVERIFY(steps->remove(QStringList{"n.a"}));
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QVERIFY(lent.spline.isAddFunc());
     steps->redo();
@@ -259,11 +259,11 @@ void TestExpressionCommands::deletingOffTheCanvasEmptiesTheSlotAlone()
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
     NodeStruct* const record = fixture->record("n.a");
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     QVERIFY(steps->removeRecords({record}));
     QCOMPARE(expressionOf(a), QString("none"));
     QVERIFY(a.spline.isAddFunc());
-    fixture->enterEditing(record, nullptr);
+    fixture->enterCanvas(record, nullptr);
     QVERIFY(steps->parse("f", {"n.a"}));
     for (int round = 0; round < 2; ++round) {
         QCOMPARE(expressionOf(a), QString("f"));
@@ -283,9 +283,9 @@ void TestExpressionCommands::deletingOffTheCanvasIsRedoneTheSameOnTheCanvas()
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
     NodeStruct* const record = fixture->record("n.a");
-    fixture->leaveEditing("n.a");
+    fixture->leaveCanvas("n.a");
     QVERIFY(steps->removeRecords({record}));
-    fixture->enterEditing(record, nullptr);
+    fixture->enterCanvas(record, nullptr);
     steps->undo();
     steps->redo();
     QCOMPARE(expressionOf(a), QString("none"));

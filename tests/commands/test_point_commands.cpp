@@ -84,7 +84,7 @@ private slots:
         QCOMPARE(behaviour(b), int(SplineBase::zero));
         QVERIFY(b.spline.hasChanged());
         QCOMPARE(fixture.takeReports(), (QStringList{"n|a", "n|b"}));
-        fixture.leaveEditing("n.b"); // it works on the spline alone
+        fixture.leaveCanvas("n.b"); // it works on the spline alone
         QCOMPARE(QString::fromStdString(manager.undo()->getDescription()),
                  QString(isFirst ? "Set First Node Behaviour" : "Set Last Node Behaviour"));
         QCOMPARE(behaviour(a), int(SplineBase::zero));

@@ -63,7 +63,7 @@ private slots:
             fixture.selectKeys("n.a", {1});
             fixture.selectKeys("n.b", {1});
         }));
-        fixture.leaveEditing("n.a");
+        fixture.leaveCanvas("n.a");
         fixture.manager.undo();
         QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(0));
         fixture.manager.redo();
@@ -80,7 +80,7 @@ private slots:
         fixture.selectKeys("n.a", {0});
         fixture.selectKeys("n.b", {0});
         QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
-            fixture.leaveEditing("n.a");
+            fixture.leaveCanvas("n.a");
             fixture.selectKeys("n.b", {0, 1});
         }));
         fixture.manager.undo();

@@ -69,7 +69,7 @@ public:
         const auto parts = curve_editor::DottedName::fromText(name);
         listCurve(NodeStruct::lent(parts.node, parts.curve, Qt::green, 0.0f, spline, slot, -1000.0f,
                                    1000.0f, true));
-        enterEditing(record(name), nullptr);
+        enterCanvas(record(name), nullptr);
         return record(name);
     }
 
@@ -153,7 +153,7 @@ public:
     QStringList takeCalls() { return std::exchange(calls, {}); }
 
     /// The reports alone.
-    QStringList takeReports() { return takeCalls().filter(QLatin1Char('|')); }
+    QStringList takeReports() { return takeCalls().filter(QStringLiteral("|")); }
     /// @}
 
     const curve_editor::Catalogue& catalogue() const override { return records; }
@@ -176,13 +176,13 @@ public:
     {
         const QString name = curve_editor::DottedName(node, curve).text();
         NodeStruct* const gone = record(name);
-        leaveEditing(name);
+        leaveCanvas(name);
         if (gone) {
             records.removeNode(gone);
         }
     }
 
-    void enterEditing(NodeStruct* entering, CurveNode* object) override
+    void enterCanvas(NodeStruct* entering, CurveNode* object) override
     {
         if (entering && !entering->isEditing) {
             entering->isEditing = objects.attach(object) || objects.add(*entering);
@@ -197,11 +197,11 @@ public:
     void enterSelected(const QString& node, const QString& curve, CurveNode* object) override
     {
         const QString name = curve_editor::DottedName(node, curve).text();
-        enterEditing(record(name), object);
+        enterCanvas(record(name), object);
         select({name});
     }
 
-    void leaveEditing(const QString& dotName) override
+    void leaveCanvas(const QString& dotName) override
     {
         objects.remove(dotName);
         if (NodeStruct* const left = record(dotName)) {
