@@ -29,8 +29,6 @@ class SplineBase;
 
 namespace curve_editor {
 class CurveEditorPrivate;
-class EditorCanvasHost;
-class EditorCommandContext;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -554,13 +552,10 @@ private:
     void setMaxTime(const double& time);
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
-
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
 
-    friend class curve_editor::EditorCanvasHost;
-    friend class curve_editor::EditorCommandContext;
-
+    friend class curve_editor::CurveEditorPrivate;
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given
     bool selectionBusy = false;     ///< re-entry guard of the selection
