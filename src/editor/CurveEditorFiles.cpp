@@ -16,6 +16,7 @@
 
 #include <memory>
 #include <ostream>
+#include <utility>
 
 using curve_editor::DeviceStreamBuffer;
 using curve_editor::isPipeOrDevice;
@@ -99,7 +100,7 @@ void CurveEditor::loadImage()
             return;
         }
     }
-    d->canvas().setBackground(picture.release());
+    d->canvas().setBackground(std::move(picture));
     d->repaintAll();
 }
 
