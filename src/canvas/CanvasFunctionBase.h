@@ -130,8 +130,8 @@ public:
     /// @{
     void paint(QPainter* painter);
     FrameGrid* frameGrid() const;
-    /// Takes ownership; null removes the picture.
-    void setBackground(CanvasBackground* picture);
+    /// Null removes the picture.
+    void setBackground(std::unique_ptr<CanvasBackground> picture);
     CanvasBackground* backgroundPicture() const;
     bool curvesBounds(double& x1, double& x2, double& y1, double& y2) const;
     bool selectionBounds(double& x1, double& x2, double& y1, double& y2) const;

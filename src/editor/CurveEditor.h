@@ -30,8 +30,6 @@ class SplineBase;
 
 namespace curve_editor {
 class CurveEditorPrivate;
-class EditorCanvasHost;
-class EditorCommandContext;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -559,13 +557,10 @@ private:
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
     void lendAnew(NodeStruct* record, const NodeStruct& content);
-
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
 
-    friend class curve_editor::EditorCanvasHost;
-    friend class curve_editor::EditorCommandContext;
-
+    friend class curve_editor::CurveEditorPrivate;
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given
     bool selectionBusy = false;     ///< re-entry guard of the selection

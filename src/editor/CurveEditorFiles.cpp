@@ -17,6 +17,7 @@
 
 #include <memory>
 #include <ostream>
+#include <utility>
 
 using curve_editor::DeviceStreamBuffer;
 using curve_editor::isPipeOrDevice;
@@ -100,7 +101,7 @@ void CurveEditor::loadImage()
             return;
         }
     }
-    d->canvas().setBackground(picture.release());
+    d->canvas().setBackground(std::move(picture));
     d->repaintAll();
 }
 

@@ -23,6 +23,11 @@ CurveEditorPrivate::CurveEditorPrivate(CurveEditor* owner, const QString& iconsF
 
 CurveEditorPrivate::~CurveEditorPrivate() = default;
 
+CurveEditorPrivate& CurveEditorPrivate::of(const CurveEditor& editor)
+{
+    return *editor.d;
+}
+
 void CurveEditorPrivate::initCanvas()
 {
     QFrame* const place = editor->functionView;

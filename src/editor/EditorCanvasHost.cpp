@@ -17,7 +17,7 @@ CurveCommandsManager& EditorCanvasHost::manager() const
 
 ModeControl& EditorCanvasHost::modes() const
 {
-    return editor.d->modes;
+    return CurveEditorPrivate::of(editor).modes;
 }
 
 NodeStruct* EditorCanvasHost::findRecord(const QString& dotName) const

@@ -145,14 +145,9 @@ void EditorCommandContext::showParsed(CommandLine* line, const ParseMessage& mes
     line->setParseMessage(message);
 }
 
-EditorCommandContext& EditorCommandContext::of(const CurveEditor& editor)
-{
-    return editor.d->commandContext;
-}
-
 CommandContext& contextOf(CurveEditor* editor)
 {
-    return EditorCommandContext::of(*editor);
+    return CurveEditorPrivate::of(*editor).commandContext;
 }
 
 } // namespace curve_editor
