@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/FunctionEditor.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNodeBase.h"
