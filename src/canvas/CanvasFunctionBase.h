@@ -15,6 +15,7 @@
 
 struct CanvasBackground;
 class CanvasGesture;
+class CanvasLayers;
 class CurveEditor;
 class CurveNode;
 class CurveNodeBase;
@@ -122,7 +123,11 @@ public:
 
     /// @name Painting
     /// @{
-    void paint(QPainter* painter);
+    /// With `onlyMoved` the time line or the rubber band has moved since the last time, and nobody
+    /// has asked for more.
+    void paint(QPainter* painter, const bool& onlyMoved = false);
+    /// What is kept of the last picture.
+    CanvasLayers& layers();
     FrameGrid* frameGrid() const;
     /// Takes ownership; null removes the picture.
     void setBackground(CanvasBackground* picture);
@@ -267,6 +272,7 @@ signals:
 private:
     friend class CanvasVisit;
 
+    void paintCurves(QPainter* painter, const bool& onlyMoved);
     void link(CurveNode* node, CurveNode* group);
     bool isLinked(const CurveNode* node) const;
     QList<CurveNode*> linkedNodes(const QString& dotName) const;
@@ -304,5 +310,6 @@ private:
     std::unique_ptr<FrameGrid> grid;
     std::unique_ptr<CanvasBackground> background;
     std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
+    std::unique_ptr<CanvasLayers> keptLayers;               ///< never null
     std::unique_ptr<CanvasGesture> gesture;                 ///< never null
 };

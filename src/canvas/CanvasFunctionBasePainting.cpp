@@ -2,16 +2,21 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasGesture.h"
+#include "canvas/CanvasLayers.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
+#include "canvas/LayerPlace.h"
 #include "canvas/SelectedKeys.h"
 #include "core/Truncate.h"
 #include "curves/CurveNode.h"
+#include "editor/CurveEditor.h"
 
 #include <QPainter>
 
 namespace {
+
+constexpr int decimalsWithoutEditor = 2;
 
 /// Scales the picture to the canvas, with no regard for its aspect ratio.
 void scaleBackground(CanvasBackground& picture, const ViewPort& view)
@@ -63,7 +68,7 @@ void paintCrossHair(QPainter* painter, const ViewPort& view, const int& x, const
 
 } // namespace
 
-void CanvasFunctionBase::paint(QPainter* painter)
+void CanvasFunctionBase::paint(QPainter* painter, const bool& onlyMoved)
 {
     if (!widget->isVisible()) {
         return;
@@ -93,13 +98,35 @@ void CanvasFunctionBase::paint(QPainter* painter)
     if (view->canvasDirty) {
         grid->update(*view);
     }
-    grid->draw(painter);
-    // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
+    // What is evaluated for the pixels may be the host's, who may add or remove curves.
     const CanvasVisit visit(this);
+    paintCurves(painter, onlyMoved);
+}
+
+/// Grid and curves: from what is kept of them, or one by one where that would not do.
+void CanvasFunctionBase::paintCurves(QPainter* painter, const bool& onlyMoved)
+{
     const QList<CurveNode*> drawn = tops;
+    if (const std::optional<LayerPlace> place = LayerPlace::of(painter)) {
+        QList<CurveNode*> curves;
+        for (CurveNode* top : drawn) {
+            curves += top->curves();
+        }
+        keptLayers->draw(painter, *place, *grid, curves, view,
+                         editor ? editor->getNumberOfDecimals() : decimalsWithoutEditor,
+                         onlyMoved);
+        painter->setRenderHint(QPainter::Antialiasing, true); // as the curves themselves leave it
+        return;
+    }
+    grid->draw(painter);
     for (CurveNode* top : drawn) {
         top->draw(view, painter);
     }
+}
+
+CanvasLayers& CanvasFunctionBase::layers()
+{
+    return *keptLayers;
 }
 
 FrameGrid* CanvasFunctionBase::frameGrid() const

@@ -145,18 +145,28 @@ void FrameGrid::update(const ViewPort& view)
 
 void FrameGrid::draw(QPainter* painter)
 {
+    drawLines(painter);
+    drawTimeLine(painter);
+    painter->setPen(fontColor);
+    drawLabels(painter);
+}
+
+void FrameGrid::drawLines(QPainter* painter) const
+{
     painter->setPen(linePen);
     painter->drawLines(lines);
     painter->setPen(QPen(QBrush(vLineColor), borderWidth, Qt::SolidLine));
     painter->drawLine(0, gridHeight, gridWidth, gridHeight);
     painter->setPen(QPen(QBrush(hLineColor), borderWidth, Qt::SolidLine));
     painter->drawLine(0, 0, 0, gridHeight);
+}
+
+void FrameGrid::drawTimeLine(QPainter* painter) const
+{
     if (0 <= timeLinePixel && timeLinePixel <= gridWidth) {
         painter->setPen(QPen(QBrush(timeLineColor), borderWidth, Qt::SolidLine));
         painter->drawLine(timeLinePixel, 0, timeLinePixel, gridHeight);
     }
-    painter->setPen(fontColor);
-    drawLabels(painter);
 }
 
 void FrameGrid::drawLabels(QPainter* painter) const

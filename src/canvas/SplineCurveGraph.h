@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/CurveCourse.h"
 #include "curves/ControlSplineNode.h"
 
 #include <QColor>
@@ -64,6 +65,7 @@ public:
     QPolygon curvePixels; ///< between first and last key, held to the limits
     QPolygon tailPixels;  ///< behind the last key, up to the right edge
     QPolygon rawPixels;   ///< as curvePixels, not held to the limits
+    CurveCourse course;   ///< what is painted of them
 
 private:
     /// The keys of the living spline, after bringing keyPixels to their number and place. Empty

@@ -1,13 +1,24 @@
 #include "canvas/CanvasColors.h"
 #include "canvas/ChosenKeys.h"
+#include "canvas/CurvePen.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
-#include "core/Truncate.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QPainter>
 
 #include <algorithm>
+
+namespace {
+
+/// Far outside counts as just outside.
+double heldToCanvas(const double& place, const int& length)
+{
+    constexpr double margin = 4.0;
+    return std::clamp(place, -margin, length + margin);
+}
+
+} // namespace
 
 void SplineCurveGraph::drawCurve(QPainter* painter)
 {
@@ -15,29 +26,27 @@ void SplineCurveGraph::drawCurve(QPainter* painter)
     if (!spline || !view || keyPixels.isEmpty()) {
         return;
     }
-    QPoint first = curvePixels.isEmpty() ? keyPixels.first() : curvePixels.first();
-    QPoint last = curvePixels.isEmpty() ? keyPixels.last() : curvePixels.last();
+    CurvePen pen(painter);
+    const bool isTraced = !course.limited.isEmpty();
+    QPointF first = isTraced ? course.limited.first() : keyPixels.first();
+    const QPointF last = isTraced ? course.limited.last() : keyPixels.last();
     const SplineBase::nodeType before = spline->firstNodeType();
     if (before == SplineBase::zero) {
-        const double scaleY = view->viewHeight / (view->maxY - view->minY);
-        first.setY(truncateToPixel(scaleY * (view->maxY - 0.0)));
+        first.setY(heldToCanvas(course.row(0.0), view->viewHeight));
     }
 
-    painter->setPen(QPen(QBrush(main), 1.0, Qt::DotLine));
-    if (first.x() > 0 && (before == SplineBase::zero || before == SplineBase::constant)) {
-        painter->drawLine(first, QPoint(0, first.y()));
+    pen.setColor(main, CurvePen::dotted);
+    if (first.x() > 0.0 && (before == SplineBase::zero || before == SplineBase::constant)) {
+        first.setX(heldToCanvas(first.x(), view->viewWidth));
+        pen.drawLine(first, QPointF(0.0, first.y()));
     }
-    if (last.x() < view->viewWidth && !tailPixels.isEmpty()) {
-        painter->drawPolyline(tailPixels);
+    if (last.x() < view->viewWidth) {
+        pen.drawStroke(course.tail);
     }
-    if (!rawPixels.isEmpty()) {
-        painter->setPen(QPen(QBrush(dim), 1.0, Qt::DotLine));
-        painter->drawPolyline(rawPixels);
-    }
-    painter->setPen(QPen(QBrush(main), 1.0, Qt::SolidLine));
-    if (!curvePixels.isEmpty()) {
-        painter->drawPolyline(curvePixels);
-    }
+    pen.setColor(dim, CurvePen::dotted);
+    pen.drawStroke(course.raw);
+    pen.setColor(main, CurvePen::solid);
+    pen.drawStroke(course.limited);
 }
 
 void SplineCurveGraph::drawKeys(QPainter* painter)

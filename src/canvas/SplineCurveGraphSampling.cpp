@@ -1,3 +1,4 @@
+#include "canvas/CurveTracing.h"
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "core/EvaluationTime.h"
@@ -93,11 +94,40 @@ private:
     double scaleY;
 };
 
+/// The course as it is painted, from the same values.
+template <typename LimitedAt, typename TailAt>
+void trace(CurveCourse& course, const ViewPort& view, SplineBase& spline, const double& begin,
+           const double& end, const bool& bends, LimitedAt limitedAt, TailAt tailAt)
+{
+    course.clear(view);
+    const curve_tracing::Keys& keys = spline.getControlPoints();
+    curve_tracing::traceKeys(course, keys, begin, end, bends, spline, limitedAt);
+
+    const double from = std::max(end, view.minX);
+    if (!(from < view.maxX) || !std::isfinite(view.maxX - from)) {
+        return;
+    }
+    const SplineBase::nodeType behaviour = spline.lastNodeType();
+    const bool repeats = behaviour == SplineBase::loop || behaviour == SplineBase::loopOffset;
+    course.addTail(from, tailAt(from));
+    const double behind = std::nextafter(from, view.maxX); // where the value may have jumped
+    course.addTail(behind, tailAt(behind));
+    if (bends || repeats || behaviour == SplineBase::followTangent) {
+        static thread_local std::vector<double> times;
+        curve_tracing::timesOfTail(keys, repeats, behind, view.maxX,
+                                   course.column(view.minX + 1.0), times);
+        for (const double& time : times) {
+            course.addTail(time, tailAt(time));
+        }
+    }
+    course.addTail(view.maxX, tailAt(view.maxX));
+}
+
 /// Fills the three polygons. `limitedAt` gives the value to draw between the keys from the time
 /// and the spline's own value, `tailAt` the one behind them from the time.
 template <typename LimitedAt, typename TailAt>
-void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, LimitedAt limitedAt,
-            TailAt tailAt)
+void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, const bool& bends,
+            LimitedAt limitedAt, TailAt tailAt)
 {
     const PointInfo* firstKey = spline.getFirst();
     const PointInfo* lastKey = spline.getLast();
@@ -128,6 +158,7 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, L
             graph.tailPixels << pixels.at(tail.at(i), tailAt(tail.at(i)));
         }
     }
+    trace(graph.course, view, spline, begin, end, bends, limitedAt, tailAt);
 }
 
 } // namespace
@@ -155,7 +186,7 @@ void SplineCurveGraph::rebuildSpline(ViewPort* newView, const float& minValue,
     const auto tail = [&](const double& time) {
         return clampToLimits(spline(time), minValue, maxValue);
     };
-    sample(*this, *view, spline, limited, tail);
+    sample(*this, *view, spline, false, limited, tail);
 }
 
 void SplineCurveGraph::rebuildSplineWithExpression(ViewPort* newView, const float& minValue,
@@ -168,15 +199,17 @@ void SplineCurveGraph::rebuildSplineWithExpression(ViewPort* newView, const floa
     SplineBase& spline = *keySelection.spline();
     const double fps = view->fps;
     EvaluationTime moment;
-    const auto limited = [&](const double& time, const double&) {
+    const auto limited = [&](const double& time, const double& raw) {
         moment.set(time, fps);
         const curve_editor::EvaluatedCurve asked(&spline, expression);
-        const double value = clampToLimits(spline(time, expression, fps), minValue, maxValue);
+        // Where the spline jumps, `raw` may be its value before.
+        const double sum = spline(time, expression, fps) + (raw - spline(time));
+        const double value = clampToLimits(sum, minValue, maxValue);
         return std::isfinite(value) ? value : static_cast<double>(maxValue);
     };
     const auto tail = [&](const double& time) {
         const curve_editor::EvaluatedCurve asked(&spline, expression);
         return clampToLimits(spline(time, expression, fps), minValue, maxValue);
     };
-    sample(*this, *view, spline, limited, tail);
+    sample(*this, *view, spline, true, limited, tail);
 }

@@ -1,0 +1,133 @@
+#include "canvas/CurvePen.h"
+
+#include "canvas/StrokeLine.h"
+
+#include <QPaintEngine>
+#include <QPainter>
+#include <QPen>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr int dotsPeriod = 3;
+constexpr int mostPointsOfColumn = 4;
+
+QPolygonF& sharedBuffer()
+{
+    static thread_local QPolygonF points;
+    return points;
+}
+
+/// The picture that the painter works on, if nothing but a whole number of its pixels lies between
+/// its coordinates and the logical ones.
+QImage* plainPicture(QPainter* painter)
+{
+    QPaintDevice* const device = painter->device();
+    if (!device || device->devType() != QInternal::Image || painter->hasClipping() ||
+        painter->opacity() != 1.0 || !painter->testRenderHint(QPainter::Antialiasing) ||
+        painter->compositionMode() != QPainter::CompositionMode_SourceOver) {
+        return nullptr;
+    }
+    auto* const picture = static_cast<QImage*>(device);
+    const QTransform transform = painter->deviceTransform();
+    const bool isPlain = transform.type() <= QTransform::TxScale &&
+                         transform.m11() == picture->devicePixelRatio() &&
+                         transform.m22() == picture->devicePixelRatio();
+    return isPlain && picture->isDetached() && LineRaster::canDrawInto(*picture) ? picture
+                                                                                 : nullptr;
+}
+
+} // namespace
+
+CurvePen::CurvePen(QPainter* onto)
+    : painter(onto)
+    , reduced(sharedBuffer())
+{
+    const QTransform transform = painter->deviceTransform();
+    ratio = std::hypot(transform.m11(), transform.m12());
+    if (QImage* const picture = plainPicture(painter)) {
+        raster.emplace(*picture);
+        origin = QPointF(transform.dx(), transform.dy());
+    }
+}
+
+void CurvePen::setColor(const QColor& color, const Style& style)
+{
+    if (!raster) {
+        painter->setPen(
+            QPen(QBrush(color), 1.0, style == dotted ? Qt::DotLine : Qt::SolidLine));
+        return;
+    }
+    raster->setPen(color, std::max(ratio, 1.0));
+    if (style == dotted) {
+        const int on = std::max(1, qRound(ratio));
+        raster->setDots(on, dotsPeriod * on);
+    }
+}
+
+void CurvePen::drawLine(const QPointF& from, const QPointF& to)
+{
+    const QPointF points[] = {from, to};
+    drawPiece(points, 2);
+}
+
+void CurvePen::drawStroke(const StrokeLine& line)
+{
+    for (qsizetype i = 0; i < line.pieceCount(); ++i) {
+        drawPiece(line.piece(i), line.pieceSize(i));
+    }
+}
+
+void CurvePen::drawPiece(const QPointF* points, const qsizetype& count)
+{
+    reduce(points, count);
+    if (raster) {
+        raster->restartDots();
+        raster->drawPolyline(reduced.constData(), reduced.size());
+        return;
+    }
+    for (QPointF& point : reduced) {
+        point /= ratio;
+    }
+    painter->drawPolyline(reduced);
+}
+
+void CurvePen::reduce(const QPointF* points, const qsizetype& count)
+{
+    reduced.clear();
+    columnCount = 0;
+    double present = 0.0;
+    for (qsizetype i = 0; i < count; ++i) {
+        const QPointF point = points[i] * ratio + origin;
+        const double itsColumn = std::floor(point.x());
+        if (columnCount > 0 && itsColumn != present) {
+            endColumn();
+        }
+        present = itsColumn;
+        if (columnCount < mostPointsOfColumn) {
+            column[columnCount] = point;
+        }
+        if (columnCount == 0 || point.y() < lowest.y()) {
+            lowest = point;
+            lowestIsFirst = false;
+        }
+        if (columnCount == 0 || point.y() > highest.y()) {
+            highest = point;
+            lowestIsFirst = true;
+        }
+        ++columnCount;
+    }
+    endColumn();
+}
+
+void CurvePen::endColumn()
+{
+    if (columnCount <= mostPointsOfColumn) {
+        std::copy(column, column + columnCount, std::back_inserter(reduced));
+    } else {
+        reduced << (lowestIsFirst ? lowest : highest) << (lowestIsFirst ? highest : lowest);
+    }
+    columnCount = 0;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "canvas/LineRaster.h"
+
+#include <QPolygonF>
+
+#include <optional>
+
+class QPainter;
+class StrokeLine;
+
+/// Draws the lines of curves on a painter: with the quick raster where the painter works on a
+/// picture's own pixels, and through the painter wherever else it leads.
+class CurvePen
+{
+public:
+    /// The painter is not owned and not used by anybody else while this lives.
+    explicit CurvePen(QPainter* painter);
+
+    enum Style
+    {
+        solid,
+        dotted ///< one logical pixel of three
+    };
+    /// Lines of one logical pixel.
+    void setColor(const QColor& color, const Style& style);
+    void drawLine(const QPointF& from, const QPointF& to);
+    /// Where many points share a column of the device's pixels, only the lowest and the highest of
+    /// them are drawn to: that moves the line within that column alone.
+    void drawStroke(const StrokeLine& line);
+
+private:
+    void drawPiece(const QPointF* points, const qsizetype& count);
+    void reduce(const QPointF* points, const qsizetype& count);
+    void endColumn();
+
+    QPainter* painter;
+    std::optional<LineRaster> raster;
+    double ratio = 1.0;  ///< the device's pixels a logical one
+    QPointF origin;      ///< of the logical pixels, on the device
+    QPolygonF& reduced;  ///< in the device's pixels; kept for the memory alone
+    QPointF column[4];   ///< the first points of the present column
+    QPointF lowest;
+    QPointF highest;
+    int columnCount = 0; ///< points in it
+    bool lowestIsFirst = true;
+};
