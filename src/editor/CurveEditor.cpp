@@ -3,8 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/ModeControl.h"
-#include "curves/Catalogue.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/ControlMenu2.h"
 #include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
@@ -38,12 +37,8 @@ ControlMenu* CurveEditor::canvasMenu = nullptr;
 
 CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     : QDialog(parent, Qt::WindowFlags())
-    , catalogue(std::make_unique<curve_editor::Catalogue>())
-    , modes(std::make_unique<curve_editor::ModeControl>())
-    , iconsPath(iconsFolder)
-    , manager(curve_editor::CurveCommandsManager::instance())
+    , d(std::make_unique<curve_editor::CurveEditorPrivate>(this, iconsFolder))
 {
-    manager.setMaxStackSize(10);
     setupUi(this);
     preInit();
 
@@ -51,17 +46,17 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
     checkListsEditing->clear();
     checkListsEditing->setAutoScroll(true);
 
-    initCanvas();
-    posX->setFocusPolicy(Qt::StrongFocus);
-    posY->setFocusPolicy(Qt::StrongFocus);
-    functionEditor->setFocusPolicy(Qt::ClickFocus);
+    d->initCanvas();
+    positionX()->setFocusPolicy(Qt::StrongFocus);
+    positionY()->setFocusPolicy(Qt::StrongFocus);
+    d->functionEditor->setFocusPolicy(Qt::ClickFocus);
     resize(500, 300);
-    connectWidgets();
+    d->connectWidgets();
     connectModes();
 
     setFocusPolicy(Qt::StrongFocus);
     setShowFrames();
-    functionEditor->canvas().clearCurves();
+    d->canvas().clearCurves();
     selectNodes(QStringList());
     QWidget::update();
 }
@@ -70,26 +65,26 @@ CurveEditor::CurveEditor(QWidget* parent, const QString& iconsFolder)
 /// is still there. Before it go the commands, which may name its curves.
 CurveEditor::~CurveEditor()
 {
-    manager.setGestureEnd({});
+    d->manager.setGestureEnd({});
     disconnect(commandLine, nullptr, this, nullptr);
-    disconnect(&functionEditor->canvas(), nullptr, this, nullptr);
-    disconnect(functionEditor, nullptr, this, nullptr);
+    disconnect(&d->canvas(), nullptr, this, nullptr);
+    disconnect(d->functionEditor, nullptr, this, nullptr);
     disconnect(checkListsEditing, nullptr, this, nullptr);
     disconnect(checkListsEditing->selectionModel(), nullptr, this, nullptr);
-    manager.clear();
-    delete functionEditor;
-    functionEditor = nullptr;
+    d->manager.clear();
+    delete d->functionEditor;
+    d->functionEditor = nullptr;
     keepMenusUntilTheirReturn(*this);
 }
 
 FunctionEditor* CurveEditor::getFunctionEditor() const
 {
-    return functionEditor;
+    return d->functionEditor;
 }
 
 curve_editor::CurveCommandsManager* CurveEditor::getCmdManager()
 {
-    return &manager;
+    return &d->manager;
 }
 
 /// QDialog's own handling of events is left out.
@@ -100,21 +95,21 @@ bool CurveEditor::event(QEvent* event)
 
 void CurveEditor::keyPressEvent(QKeyEvent* event)
 {
-    functionEditor->keyPressEvent(event);
+    d->functionEditor->keyPressEvent(event);
     QDialog::keyPressEvent(event);
 }
 
 void CurveEditor::keyReleaseEvent(QKeyEvent* event)
 {
-    functionEditor->keyReleaseEvent(event);
+    d->functionEditor->keyReleaseEvent(event);
     QWidget::keyReleaseEvent(event);
 }
 
 /// QDialog's own would ask reject(), which does nothing, and leave the window open.
 void CurveEditor::closeEvent(QCloseEvent* event)
 {
-    if (functionEditor->keysDialog()->isVisible()) {
-        functionEditor->keysDialog()->close();
+    if (d->keysDialog()->isVisible()) {
+        d->keysDialog()->close();
     }
     event->accept();
 }
@@ -124,67 +119,67 @@ void CurveEditor::reject() {}
 /// The host decides what becomes of it.
 void CurveEditor::undo()
 {
-    manager.endGestures(); // a host may ask what there is to undo
+    d->manager.endGestures(); // a host may ask what there is to undo
     emit curveEditorUndo();
 }
 
 void CurveEditor::redo()
 {
-    manager.endGestures(); // a host may ask what there is to redo
+    d->manager.endGestures(); // a host may ask what there is to redo
     emit curveEditorRedo();
 }
 
 void CurveEditor::clearStack()
 {
-    manager.clear();
+    d->manager.clear();
 }
 
 void CurveEditor::setUndoLevels(ZK_UINT levels)
 {
-    manager.setMaxStackSize(levels);
+    d->manager.setMaxStackSize(levels);
 }
 
 void CurveEditor::setEnableUndo(ZK_BOOL enable)
 {
-    manager.setEnable(enable);
+    d->manager.setEnable(enable);
 }
 
 void CurveEditor::selectAllKeys()
 {
-    functionEditor->canvas().selectAllKeys();
+    d->canvas().selectAllKeys();
     refreshEditor();
 }
 
 void CurveEditor::selectNoneKeys()
 {
-    functionEditor->canvas().deselectAllKeys();
-    functionEditor->refreshKeysDialog();
+    d->canvas().deselectAllKeys();
+    d->functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::deleteSelectedKeys()
 {
-    functionEditor->canvas().deleteSelectedNodes();
+    d->canvas().deleteSelectedNodes();
     refreshEditor();
-    functionEditor->refreshKeysDialog();
+    d->functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::flatTangents()
 {
-    functionEditor->canvas().flatTangents();
-    functionEditor->canvas().updateCanvas();
-    functionEditor->refreshKeysDialog();
+    d->canvas().flatTangents();
+    d->canvas().updateCanvas();
+    d->functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::breakTangents()
 {
-    functionEditor->canvas().setTangentsBroken(true);
-    functionEditor->canvas().updateCanvas();
-    functionEditor->refreshKeysDialog();
+    d->canvas().setTangentsBroken(true);
+    d->canvas().updateCanvas();
+    d->functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::unifyTangents()
 {
-    functionEditor->canvas().setTangentsBroken(false);
-    functionEditor->canvas().updateCanvas();
-    functionEditor->refreshKeysDialog();
+    d->canvas().setTangentsBroken(false);
+    d->canvas().updateCanvas();
+    d->functionEditor->refreshKeysDialog();
 }

@@ -11,32 +11,24 @@
 #include <QList>
 #include <QModelIndex>
 #include <QStringList>
-#include <QVector>
 
 #include <memory>
 #include <string>
-#include <vector>
 
 class ControlMenu;
-class ControlMenu2;
 class CurveNode;
 class CustomEditLine;
 class FunctionEditor;
 class FunctionFloatBase;
 class QAction;
 class QInputEvent;
-class QLabel;
 class QMenu;
-class QMenuBar;
 class QStyle;
-class QToolBar;
-class QToolButton;
 class QTreeWidgetItem;
 class SplineBase;
 
 namespace curve_editor {
-class Catalogue;
-class ModeControl;
+class CurveEditorPrivate;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -555,114 +547,17 @@ public slots:
     void disableShowKeyPptiesBtn();
 
 private:
-    // Shell: CurveEditor.cpp, CurveEditorShell.cpp
     void preInit();
-    void initMainMenu();
-    CustomEditLine* newPositionField(const char* name);
-    QLabel* newReadout(const char* name, const QString& text);
-    void initCanvas();
-    void connectWidgets();
+    void setMinTime(const double& time);
+    void setMaxTime(const double& time);
+    /// The dotted name of each record, one a line; for debugging.
+    std::string dumpNodeList() const;
 
-    // Steps of refreshEditor: CurveEditorRefresh.cpp
-    void refreshToolbars();
-    void refreshSnapDisplay();
-    void disableForEmptySet();
-    void refreshFileAndExpression(const int& type, const bool& multi);
-    void refreshEnabledStates(const int& type, const bool& multi, const bool& noKeys);
-    void refreshBehaviours();
-    void enableBehaviourFields(const bool& on);
-    bool hasSelectedKeys() const;
-    void setItemEnabled(const int& kind, const int& value, const bool& enabled);
-    void checkButton(const topToolButtons& which, const bool& checked);
-
-    // Toolbars and menus: CurveEditorToolbars.cpp, CurveEditorMenus.cpp
-    void initTopToolbar();
-    void addTopToolbar(const QString& name, const topToolBars& which);
-    void addTopToolbarMenu(const topToolButtons& button, const topToolBtnsMenus& menu);
-    void addTopToolbarBtn(const char* text, const QString& toolTip, const char* slot,
-                          const topToolButtons& which, QToolBar* toolbar);
-    void addTopToolbarMenuBtn(const char* text, const QString& toolTip, const char* slot,
-                              const topToolButtons& which, QMenu* menu);
-    QAction* newButtonAction(const char* text, const QString& toolTip, const char* slot,
-                             const topToolButtons& which, QWidget* parent);
-    void addDropDown(const topToolButtons& button);
-    void initToolButtonStates();
-    void initActions();
-    void initMenus();
-    void addMenuEntry(QMenu* menu, const int& kind, const int& value);
-    void initInsertMenu();
-
-    // Dialogs: CurveEditorDialogs.cpp
-    /// Stores the interpolation of new keys by its position in the settings, without a refresh;
-    /// false where the settings have no such position.
-    bool storeDefaultNodeType(const int& position);
-    /// Unchecks a button whose dialog has run, and refreshes.
-    void releaseTool(const topToolButtons& which);
-
-    // Modes: CurveEditorModes.cpp
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
 
-    // Files: CurveEditorFiles.cpp
-    void saveCurve();
-    void saveCurvesToFolder();
-    void rememberDir(const QString& path);
-
-    // View: CurveEditorView.cpp
-    void setMinTime(const double& time);
-    void setMaxTime(const double& time);
-    /// Sets canvasDirty and asks the canvas for a repaint.
-    void repaintCanvas();
-    void repaintAll();
-
-    // Types of keys and ends: CurveEditorNodeTypes.cpp
-    void doSetLastNode(const int& behaviour, const bool& isFirst);
-    void doSetPointsType(const int& interpolation);
-
-    // The menu "Insert": CurveEditorInsert.cpp
-    void executeInserted(const QString& text, const int& placeHolder);
-    void insertAtLineCursor(const QString& name);
-    bool executeInLine();
-
-    // Catalogue: CurveEditorCatalogue.cpp
-    std::string dumpNodeList() const;
-
-    // Editing set: CurveEditorEditingSet.cpp
-    void enterCanvas(NodeStruct* record, CurveNode* curve);
-    void addTreeItems(const NodeStruct* record);
-    void takeOutItem(QTreeWidgetItem* item);
-
-    std::unique_ptr<curve_editor::Catalogue> catalogue; ///< mainNodes, allNodes and their index
-    QStringList selectedDotNames;                       ///< the selection, in the order given
-    bool selectionBusy = false;                         ///< re-entry guard of the selection
-
-    std::unique_ptr<curve_editor::ModeControl> modes; ///< mode, tool and modifier keys
-
-    int iconSize = 25; ///< pixels
-    QString iconsPath;
-    QString currentDir; ///< of the dialogs of curve files, put before their names as it is
+    std::unique_ptr<curve_editor::CurveEditorPrivate> d;
+    QStringList selectedDotNames;   ///< the selection, in the order given
+    bool selectionBusy = false;     ///< re-entry guard of the selection
     bool hasSettingsAction = false; ///< the settings action is not built
-    int numberOfDecimals = 2;
-
-    FunctionEditor* functionEditor = nullptr; ///< a child widget
-    ControlMenu2* treeMenu = nullptr;         ///< a child
-    CustomEditLine* posX = nullptr;           ///< children of mainMenu
-    CustomEditLine* posY = nullptr;
-    QLabel* frameLabel = nullptr;
-    QLabel* timecodeLabel = nullptr;
-    QLabel* valueLabel = nullptr;
-    QLabel* functionLabel = nullptr;
-
-    QVector<QToolButton*> toolButtons;   ///< by topToolButtons; 38 is null
-    QVector<QToolBar*> topToolBarList;   ///< by topToolBars
-    QVector<QAction*> topToolBarActions; ///< by topToolBars: shown or hidden
-    QVector<QMenu*> topToolBtnMenus;     ///< by topToolBtnsMenus
-    QVector<QAction*> toolButtonActions; ///< by topToolButtons: the action made for each
-    QVector<QAction*> plainActions;      ///< by curve_editor::editorActions; children
-    QVector<QMenu*> menus;               ///< by curve_editor::editorMenus
-    QMenuBar* menuBar = nullptr;         ///< on mainMenu
-    /// Buttons that hold the entries of drop-downs; never shown, without a parent.
-    std::vector<std::unique_ptr<QToolButton>> menuEntryButtons;
-
-    curve_editor::CurveCommandsManager manager;
 };

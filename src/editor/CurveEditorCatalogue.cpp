@@ -4,9 +4,9 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandAddCurve.h"
-#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/DottedName.h"
+#include "editor/CurveEditorPrivate.h"
 
 #include <QTreeWidgetItem>
 
@@ -20,7 +20,7 @@ void CurveEditor::addNewMainNode(const QString& node)
     if (searchMainNode(node)) {
         return;
     }
-    catalogue->addMainNode(node);
+    d->catalogue.addMainNode(node);
     auto* const item = new QTreeWidgetItem(checkListsEditing);
     item->setText(0, node);
 }
@@ -49,7 +49,7 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
     content.safeDotName = name.safeText();
     content.isEditing = false;
     content.notifyHost = notifyHost;
-    catalogue->addNode(content);
+    d->catalogue.addNode(content);
 }
 
 void CurveEditor::addCurve(const QString& node, const QString& curve, const QColor& color,
@@ -63,17 +63,17 @@ void CurveEditor::addCurve(const QString& node, const QString& curve, const QCol
 
 CurveEditor::MainNodeStruct* CurveEditor::searchMainNode(const QString& node) const
 {
-    return catalogue->findMainNode(node);
+    return d->catalogue.findMainNode(node);
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& dotName) const
 {
-    return catalogue->find(dotName);
+    return d->catalogue.find(dotName);
 }
 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& parserName) const
 {
-    return catalogue->findParserName(parserName);
+    return d->catalogue.findParserName(parserName);
 }
 
 CurveEditor::NodeStruct* CurveEditor::structFromDotName(const QString& dotName) const
@@ -109,7 +109,7 @@ QList<CurveEditor::NodeStruct*> CurveEditor::structsFromDotNames(const QStringLi
 
 CurveNode* CurveEditor::curveFromDotName(const QString& dotName) const
 {
-    return functionEditor->canvas().findCurve(dotName);
+    return d->canvas().findCurve(dotName);
 }
 
 CurveNode* CurveEditor::curveFromStruct(NodeStruct const* record) const
@@ -146,14 +146,13 @@ QTreeWidgetItem* CurveEditor::getNodeItem(const QString& text) const
 
 void CurveEditor::updateCurves()
 {
-    functionEditor->canvasDirty = true;
-    functionEditor->canvas().updateCanvas();
+    d->repaintCanvas();
 }
 
 std::string CurveEditor::dumpNodeList() const
 {
     std::ostringstream text;
-    for (const NodeStruct* record : catalogue->allNodes()) {
+    for (const NodeStruct* record : d->catalogue.allNodes()) {
         text << record->dotName.toLocal8Bit().constData() << std::endl;
     }
     return text.str();

@@ -4,13 +4,14 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/CurveEditorSettings.h"
+#include "widgets/NodeTypePositions.h"
 #include "widgets/PanDialog.h"
 #include "widgets/ScaleDialog.h"
 #include "widgets/ViewportSettings.h"
 
 #include <QPointer>
-#include <QToolButton>
 
 #include <cmath>
 
@@ -55,7 +56,7 @@ private:
 
 void CurveEditor::setOptions()
 {
-    CanvasFunctionBase& canvas = functionEditor->canvas();
+    CanvasFunctionBase& canvas = d->canvas();
     Question<CurveEditorSettings> question(this);
     question->radiusH->setText(numberText(canvas.hSnapRadius));
     question->radiusV->setText(numberText(canvas.vSnapRadius));
@@ -71,25 +72,25 @@ void CurveEditor::setOptions()
     canvas.defaultBrokenTangent = question->defaultBroken->isChecked();
     canvas.defaultAddFunction = question->defaultAddFunc->isChecked();
     canvas.toolTipsWhileDragging = question->showToolTipsOnDrag->isChecked();
-    storeDefaultNodeType(question->nodeTypeCombo->currentIndex());
-    repaintCanvas();
+    curve_editor::setNodeTypeAt(question->nodeTypeCombo->currentIndex(), canvas.defaultNodeType);
+    d->repaintCanvas();
 }
 
 void CurveEditor::setRange()
 {
     Question<ViewportSettings> question(this);
-    question->minX->setText(numberText(functionEditor->minX));
-    question->minY->setText(numberText(functionEditor->minY));
-    question->maxX->setText(numberText(functionEditor->maxX));
-    question->maxY->setText(numberText(functionEditor->maxY));
+    question->minX->setText(numberText(d->functionEditor->minX));
+    question->minY->setText(numberText(d->functionEditor->minY));
+    question->maxX->setText(numberText(d->functionEditor->maxX));
+    question->maxY->setText(numberText(d->functionEditor->maxY));
     if (!question.isAccepted()) {
         return;
     }
-    functionEditor->minX = numberIn(question->minX);
-    functionEditor->minY = numberIn(question->minY);
-    functionEditor->maxX = numberIn(question->maxX);
-    functionEditor->maxY = numberIn(question->maxY);
-    repaintCanvas();
+    d->functionEditor->minX = numberIn(question->minX);
+    d->functionEditor->minY = numberIn(question->minY);
+    d->functionEditor->maxX = numberIn(question->maxX);
+    d->functionEditor->maxY = numberIn(question->maxY);
+    d->repaintCanvas();
 }
 
 void CurveEditor::setScaleSelection()
@@ -98,39 +99,31 @@ void CurveEditor::setScaleSelection()
     question->scaleX->setText("1.0");
     question->scaleY->setText("1.0");
     if (question.isAccepted()) {
-        functionEditor->canvas().scaleSelection(numberIn(question->scaleX),
-                                                numberIn(question->scaleY));
+        d->canvas().scaleSelection(numberIn(question->scaleX), numberIn(question->scaleY));
     }
     if (question.hasAsker()) {
-        releaseTool(scaleSelectionButton);
+        d->actions.releaseButton(scaleSelectionButton);
+        refreshEditor();
     }
 }
 
 void CurveEditor::setPanSelection()
 {
     Question<PanDialog> question(this);
-    question->setSeconds(!functionEditor->showFrames);
-    question->fps = functionEditor->fps;
-    question->panX->setDecimals(numberOfDecimals);
-    question->panY->setDecimals(numberOfDecimals);
+    question->setSeconds(!d->functionEditor->showFrames);
+    question->fps = d->functionEditor->fps;
+    question->panX->setDecimals(d->numberOfDecimals);
+    question->panY->setDecimals(d->numberOfDecimals);
     question->panX->setValue(0.0);
     question->panY->setValue(0.0);
     if (question.isAccepted()) {
-        const double unit = question->isSeconds ? 1.0 : 1.0 / functionEditor->fps;
+        const double unit = question->isSeconds ? 1.0 : 1.0 / d->functionEditor->fps;
         const double offset = question->panX->value() * unit;
         // A rate of 0 frames per second gives no time.
-        functionEditor->canvas().panSelection(std::isfinite(offset) ? offset : 0.0,
-                                              question->panY->value());
+        d->canvas().panSelection(std::isfinite(offset) ? offset : 0.0, question->panY->value());
     }
     if (question.hasAsker()) {
-        releaseTool(panSelectionButton);
+        d->actions.releaseButton(panSelectionButton);
+        refreshEditor();
     }
-}
-
-void CurveEditor::releaseTool(const topToolButtons& which)
-{
-    if (QToolButton* const button = toolButtons.value(which, nullptr)) {
-        button->setChecked(false);
-    }
-    refreshEditor();
 }

@@ -5,9 +5,9 @@
 #include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
-#include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DottedName.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/ControlMenu2.h"
 
 #include <QColorDialog>
@@ -16,6 +16,7 @@
 
 using curve_editor::CommandRemoveCurves;
 using curve_editor::DottedName;
+using curve_editor::NodeStruct;
 
 namespace {
 
@@ -61,6 +62,61 @@ void dropEmptyGroup(CanvasFunctionBase& canvas, const QString& dotName)
     }
 }
 
+/// Gives a curve of the catalogue its object on the canvas, the given one or a new one.
+void enterCanvas(CurveEditor* editor, NodeStruct* record, CurveNode* curve)
+{
+    CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
+    dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
+    if (!canvas.attachCanvasCurve(curve)) {  // none was given, or it has been freed since
+        curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
+                                      record->livingSpline(), record->livingSlot(),
+                                      record->minValue, record->maxValue, record->notifyHost);
+    }
+    record->isEditing = true;
+    auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);
+    if (leaf && record->notifyHost) {
+        QObject::connect(leaf, SIGNAL(curveHasChanged(QString&, QString&)), editor,
+                         SLOT(emitSignalCurveHasChanged(QString&, QString&)));
+    }
+}
+
+/// The items on the way to a curve, as far as there are none.
+void addTreeItems(EditingTree* tree, const NodeStruct* record)
+{
+    QTreeWidgetItem* item = tree->findTopItem(record->mainNodeName);
+    const QString name = DottedName(record->mainNodeName, record->curveName).text();
+    const QTreeWidgetItem* const leaf = tree->findTreeItem(name);
+    if (!item) {
+        item = new QTreeWidgetItem(tree);
+        item->setText(0, record->mainNodeName);
+    }
+    if (leaf) {
+        return;
+    }
+    QString path = record->mainNodeName;
+    const QStringList parts = record->curveName.split(QLatin1Char('.'));
+    for (const QString& part : parts) {
+        path += QLatin1Char('.') + part;
+        item->setExpanded(true);
+        QTreeWidgetItem* child = tree->findTreeItem(path);
+        if (!child) {
+            child = newChild(item, part);
+        }
+        item = child;
+    }
+}
+
+/// Only an item at the top is freed.
+void takeOutItem(EditingTree* tree, QTreeWidgetItem* item)
+{
+    const int index = tree->indexOfTopLevelItem(item);
+    if (index >= 0) {
+        delete tree->takeTopLevelItem(index);
+    } else {
+        tree->removeItemWidget(item, 0);
+    }
+}
+
 /// Invalid after a cancel, and when a host has deleted the editor meanwhile, which takes the dialog
 /// along: the toolkit's own static call does not survive that.
 QColor chosenColor(const QColor& present, CurveEditor* editor)
@@ -84,56 +140,15 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
     if (!record) {
         return;
     }
-    const CanvasVisit visit(&functionEditor->canvas());
+    const CanvasVisit visit(&d->canvas());
     selectionBusy = true;
     if (!record->isEditing) {
-        enterCanvas(record, curve);
+        enterCanvas(this, record, curve);
     }
-    addTreeItems(record);
+    addTreeItems(checkListsEditing, record);
     selectionBusy = false;
-    functionEditor->canvas().updateCanvas();
+    d->canvas().updateCanvas();
     update();
-}
-
-void CurveEditor::enterCanvas(NodeStruct* record, CurveNode* curve)
-{
-    CanvasFunctionBase& canvas = functionEditor->canvas();
-    dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
-    if (!canvas.attachCanvasCurve(curve)) {  // none was given, or it has been freed since
-        curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
-                                      record->livingSpline(), record->livingSlot(),
-                                      record->minValue, record->maxValue, record->notifyHost);
-    }
-    record->isEditing = true;
-    auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);
-    if (leaf && record->notifyHost) {
-        connect(leaf, SIGNAL(curveHasChanged(QString&, QString&)), this,
-                SLOT(emitSignalCurveHasChanged(QString&, QString&)));
-    }
-}
-
-void CurveEditor::addTreeItems(const NodeStruct* record)
-{
-    QTreeWidgetItem* item = getNodeItem(record->mainNodeName);
-    const QTreeWidgetItem* const leaf = checkListsEditing->findTreeItem(dotName(record));
-    if (!item) {
-        item = new QTreeWidgetItem(checkListsEditing);
-        item->setText(0, record->mainNodeName);
-    }
-    if (leaf) {
-        return;
-    }
-    QString path = record->mainNodeName;
-    const QStringList parts = record->curveName.split(QLatin1Char('.'));
-    for (const QString& part : parts) {
-        path += QLatin1Char('.') + part;
-        item->setExpanded(true);
-        QTreeWidgetItem* child = checkListsEditing->findTreeItem(path);
-        if (!child) {
-            child = newChild(item, part);
-        }
-        item = child;
-    }
 }
 
 void CurveEditor::setCurveEditableOff(NodeStruct* record)
@@ -141,9 +156,9 @@ void CurveEditor::setCurveEditableOff(NodeStruct* record)
     if (!record) {
         return;
     }
-    functionEditor->canvas().endGestureOn(record->dotName);
+    d->canvas().endGestureOn(record->dotName);
     selectionBusy = true;
-    CanvasFunctionBase& canvas = functionEditor->canvas();
+    CanvasFunctionBase& canvas = d->canvas();
     const QString name = record->dotName;
     if (!isPeopledGroup(canvas, name)) {
         const QStringList groups =
@@ -182,7 +197,7 @@ void CurveEditor::setDefaultSelected(const QString& node, const QString& curve,
 
 void CurveEditor::cleanSelecteds()
 {
-    const QList<NodeStruct*> records = catalogue->allNodes();
+    const QList<NodeStruct*> records = d->catalogue.allNodes();
     for (NodeStruct* record : records) {
         setCurveEditableOff(record);
     }
@@ -191,14 +206,14 @@ void CurveEditor::cleanSelecteds()
 
 void CurveEditor::slotRemoveFromEditing(QModelIndexList indexes)
 {
-    manager.endGestures();
-    manager.doCommand(new CommandRemoveCurves(this, checkListsEditing->treeDotNames(indexes)));
+    d->manager.endGestures();
+    d->manager.doCommand(new CommandRemoveCurves(this, checkListsEditing->treeDotNames(indexes)));
 }
 
 void CurveEditor::removeCurvesFromEditing()
 {
-    manager.endGestures();
-    manager.doCommand(new CommandRemoveCurves(this, functionEditor->canvas().editingCurveNames()));
+    d->manager.endGestures();
+    d->manager.doCommand(new CommandRemoveCurves(this, d->canvas().editingCurveNames()));
 }
 
 void CurveEditor::slotMenuEditingNodeRemove()
@@ -227,33 +242,23 @@ void CurveEditor::removeCurveFromEditing(QString dotName)
         }
     }
     if (item && item->childCount() == 0) {
-        takeOutItem(item);
+        takeOutItem(checkListsEditing, item);
     }
     update();
 }
 
-void CurveEditor::takeOutItem(QTreeWidgetItem* item)
-{
-    const int index = checkListsEditing->indexOfTopLevelItem(item);
-    if (index >= 0) {
-        delete checkListsEditing->takeTopLevelItem(index);
-    } else {
-        checkListsEditing->removeItemWidget(item, 0);
-    }
-}
-
 void CurveEditor::rightButtonPressedEditingItem(QModelIndex index)
 {
-    if (!index.isValid() || treeMenu->isVisible()) {
+    if (!index.isValid() || d->treeMenu->isVisible()) {
         return; // a second loop of the same menu would never let the first end
     }
-    treeMenu->itemName = checkListsEditing->indexDotName(index);
-    treeMenu->exec(QCursor::pos());
+    d->treeMenu->itemName = checkListsEditing->indexDotName(index);
+    d->treeMenu->exec(QCursor::pos());
 }
 
 void CurveEditor::slotMenuEditingNodeColor()
 {
-    NodeStruct* const record = searchAllNodeList(treeMenu->itemName);
+    NodeStruct* const record = searchAllNodeList(d->treeMenu->itemName);
     if (!record) {
         return;
     }
@@ -274,7 +279,7 @@ void CurveEditor::setColorToEditingNode(NodeStruct* record, const QColor& color)
     record->color = color;
     CurveNode* const curve = curveFromDotName(record->dotName);
     if (curve && curve->isCurve()) {
-        curve->setColor(record->color, functionEditor->canvas().canvasColor);
+        curve->setColor(record->color, d->canvas().canvasColor);
     }
 }
 

@@ -7,10 +7,10 @@
 #include "commands/CommandParseExpr.h"
 #include "commands/EligibleCurves.h"
 #include "core/FunctionFloatBase.h"
-#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/DependencyWalk.h"
 #include "curves/DottedName.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
@@ -24,7 +24,7 @@ void CurveEditor::executeCommand()
     // The toolkit counts a text that the program set as an edit. Parsing it when the user merely
     // passes through would make a step of undo of nothing, or take "..." for an expression. And a
     // line that is disabled because the last curve has gone is left, too.
-    const bool hasBeenTyped = commandLine->isModified() && functionEditor->canvas().isEditing();
+    const bool hasBeenTyped = commandLine->isModified() && d->canvas().isEditing();
     if (commandLine->isBeingLeft() && !hasBeenTyped) {
         return;
     }
@@ -35,10 +35,9 @@ void CurveEditor::executeCommand()
         return;
     }
     const QPointer<CurveEditor> self(this);
-    manager.endGestures();
-    manager.doCommand(
-        new CommandParseExpr(this, functionEditor, commandLine,
-                             recordsOf(this, functionEditor->canvas().editingCurves())));
+    d->manager.endGestures();
+    d->manager.doCommand(new CommandParseExpr(this, d->functionEditor, commandLine,
+                                              recordsOf(this, d->canvas().editingCurves())));
     if (self) { // the box of an error runs an event loop
         refreshEditor();
     }
@@ -46,40 +45,39 @@ void CurveEditor::executeCommand()
 
 void CurveEditor::deleteCurveClicked()
 {
-    manager.endGestures();
-    manager.doCommand(
-        new CommandDelExpr(this, functionEditor, commandLine,
-                           recordsOf(this, functionEditor->canvas().editingCurves())));
+    d->manager.endGestures();
+    d->manager.doCommand(new CommandDelExpr(this, d->functionEditor, commandLine,
+                                            recordsOf(this, d->canvas().editingCurves())));
     update();
 }
 
 void CurveEditor::switchAddFuncToSpline()
 {
-    functionEditor->canvas().switchAddFuncToSpline();
+    d->canvas().switchAddFuncToSpline();
     refreshEditor();
 }
 
 void CurveEditor::refreshCommandLine()
 {
-    commandLine->setText(functionEditor->canvas().commandLineText());
+    commandLine->setText(d->canvas().commandLineText());
 }
 
 void CurveEditor::setExpression()
 {
-    functionEditor->keysDialog()->enableKeyFields(false);
-    functionEditor->canvas().markExpressionsChanged();
-    functionEditor->update();
+    d->keysDialog()->enableKeyFields(false);
+    d->canvas().markExpressionsChanged();
+    d->functionEditor->update();
     update();
 }
 
 void CurveEditor::setTcb()
 {
-    const QList<CurveNode*> curves = functionEditor->canvas().editingCurves();
+    const QList<CurveNode*> curves = d->canvas().editingCurves();
     for (CurveNode* const curve : curves) {
         curve->removeExpression(false);
     }
-    emit functionEditor->canvas().changeCommandLine();
-    functionEditor->update();
+    emit d->canvas().changeCommandLine();
+    d->functionEditor->update();
     update();
 }
 
@@ -98,7 +96,7 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
         return;
     }
     const DottedName name(node, curve);
-    if (CurveNode* const found = functionEditor->canvas().findLeaf(name.text())) {
+    if (CurveNode* const found = d->canvas().findLeaf(name.text())) {
         found->removeExpression(true);
     }
     refreshCommandLine();
@@ -106,7 +104,7 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
 
 bool CurveEditor::checkDependencies(const QString& variable, const QString& curve, QString& culprit)
 {
-    const NodeStruct* const found = dependencyCulprit(*catalogue, variable, curve);
+    const NodeStruct* const found = dependencyCulprit(d->catalogue, variable, curve);
     if (found) {
         culprit = found->dotName;
     }

@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "core/FunctionParserBase.h"
+#include "editor/CurveEditorPrivate.h"
 #include "editor/MenuTable.h"
 
 #include <QAction>
@@ -58,11 +59,53 @@ private:
     QHash<QString, QMenu*> byPath;
 };
 
+/// The line then has the focus. False if the host has deleted the editor while a box was open.
+bool executeInLine(CurveEditor* editor)
+{
+    const QPointer<CurveEditor> self(editor);
+    editor->executeCommand();
+    if (!self) {
+        return false;
+    }
+    editor->commandLine->setFocus();
+    return true;
+}
+
+/// Where the parser has marked an error, that stays selected.
+void executeInserted(CurveEditor* editor, const QString& text, int placeHolderAt = noPlaceHolder)
+{
+    CommandLine* const line = editor->commandLine;
+    line->setText(text);
+    const QString shown = line->text();
+    if (!executeInLine(editor)) {
+        return;
+    }
+    const bool isMarked = !line->parseMessage().errorSpans.empty();
+    if (placeHolderAt != noPlaceHolder && !isMarked && line->text() == shown) {
+        line->setSelection(placeHolderAt, static_cast<int>(placeHolder.size()));
+    }
+}
+
+void insertAtLineCursor(CurveEditor* editor, const QString& name)
+{
+    CommandLine* const line = editor->commandLine;
+    line->insertAtCursor(blank + name + blank);
+    const QString shown = line->text();
+    const int cursor = line->cursorPosition();
+    if (!executeInLine(editor)) {
+        return;
+    }
+    const bool isMarked = !line->parseMessage().errorSpans.empty();
+    if (!isMarked && line->text() == shown) {
+        line->setCursorPosition(cursor);
+    }
+}
+
 } // namespace
 
 void CurveEditor::populateDVarMenu()
 {
-    QMenu* const menu = menus[curve_editor::dVarsSubMenu];
+    QMenu* const menu = d->actions.menu(curve_editor::dVarsSubMenu);
     emptyMenu(menu);
     std::vector<std::string> names;
     FunctionParserBase::instance()->getAllKeyNames(names);
@@ -83,9 +126,8 @@ void CurveEditor::populateDVarMenu()
 void CurveEditor::insertUnaryFunc(QAction* action)
 {
     if (action) {
-        executeInserted(blank + action->text() + QLatin1String("(") + commandLine->text() +
-                            QLatin1String(") "),
-                        noPlaceHolder);
+        executeInserted(this, blank + action->text() + QLatin1String("(") + commandLine->text() +
+                                  QLatin1String(") "));
     }
 }
 
@@ -106,14 +148,15 @@ void CurveEditor::insertBinaryFunc(QAction* action)
         before = blank + commandLine->text() + sign;
         behind = blank;
     }
-    executeInserted(before + placeHolder + behind, static_cast<int>(before.size()));
+    executeInserted(this, before + placeHolder + behind, static_cast<int>(before.size()));
 }
 
 void CurveEditor::insertTernaryFunc(QAction* action)
 {
     if (action) {
         const QString before = blank + action->text() + QLatin1String("( ");
-        executeInserted(before + placeHolder + QLatin1String(", ") + commandLine->text() +
+        executeInserted(this,
+                        before + placeHolder + QLatin1String(", ") + commandLine->text() +
                             QLatin1String(", ") + placeHolder + QLatin1String(" ) "),
                         static_cast<int>(before.size()));
     }
@@ -122,53 +165,13 @@ void CurveEditor::insertTernaryFunc(QAction* action)
 void CurveEditor::insertIVarFunc(QAction* action)
 {
     if (action) {
-        insertAtLineCursor(action->text());
+        insertAtLineCursor(this, action->text());
     }
 }
 
 void CurveEditor::insertDVarFunc(QAction* action)
 {
     if (action) {
-        insertAtLineCursor(action->objectName());
-    }
-}
-
-/// The line then has the focus. False if the host has deleted the editor while a box was open.
-bool CurveEditor::executeInLine()
-{
-    const QPointer<CurveEditor> self(this);
-    executeCommand();
-    if (!self) {
-        return false;
-    }
-    commandLine->setFocus();
-    return true;
-}
-
-/// Where the parser has marked an error, that stays selected.
-void CurveEditor::executeInserted(const QString& text, const int& placeHolderAt)
-{
-    commandLine->setText(text);
-    const QString shown = commandLine->text();
-    if (!executeInLine()) {
-        return;
-    }
-    const bool isMarked = !commandLine->parseMessage().errorSpans.empty();
-    if (placeHolderAt != noPlaceHolder && !isMarked && commandLine->text() == shown) {
-        commandLine->setSelection(placeHolderAt, static_cast<int>(placeHolder.size()));
-    }
-}
-
-void CurveEditor::insertAtLineCursor(const QString& name)
-{
-    commandLine->insertAtCursor(blank + name + blank);
-    const QString shown = commandLine->text();
-    const int cursor = commandLine->cursorPosition();
-    if (!executeInLine()) {
-        return;
-    }
-    const bool isMarked = !commandLine->parseMessage().errorSpans.empty();
-    if (!isMarked && commandLine->text() == shown) {
-        commandLine->setCursorPosition(cursor);
+        insertAtLineCursor(this, action->objectName());
     }
 }

@@ -3,7 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/ModeControl.h"
+#include "editor/CurveEditorPrivate.h"
 
 #include <QAction>
 #include <QCursor>
@@ -14,6 +14,7 @@
 
 using curve_editor::CanvasMode;
 using curve_editor::ModifierRole;
+using curve_editor::ToolIcons;
 
 namespace {
 
@@ -104,22 +105,21 @@ static_assert(areAlike(CanvasMode::DEFAULT, CurveEditor::DEFAULT) &&
               areAlike(CanvasMode::SNAP, CurveEditor::SNAP));
 
 /// The picture of a tool, its hot spot in pixels.
-QCursor buildCursor(const QString& folder, const ModeRow& row)
+QCursor buildCursor(const ToolIcons& icons, const ModeRow& row)
 {
-    const QString number = QString::number(row.icon).rightJustified(3, QLatin1Char('0'));
-    const QPixmap picture(QString("%1/curveeditor%2.png").arg(folder, number));
+    const QPixmap picture(icons.file(row.icon));
     // A cursor made of an empty picture would be an arrow all the same, and a warning.
     return picture.isNull() ? QCursor() : QCursor(picture, row.hotX, row.hotY);
 }
 
 /// Some modes leave the cursor as it is.
-void showCursor(QWidget& canvas, CanvasMode mode, const QString& folder)
+void showCursor(QWidget& canvas, CanvasMode mode, const ToolIcons& icons)
 {
     const ModeRow* const row = modeRow(static_cast<int>(mode));
     if (row && row->cursor == arrowCursor) {
         canvas.setCursor(Qt::ArrowCursor);
     } else if (row && row->cursor == iconCursor) {
-        canvas.setCursor(buildCursor(folder, *row));
+        canvas.setCursor(buildCursor(icons, *row));
     }
 }
 
@@ -128,41 +128,41 @@ void showCursor(QWidget& canvas, CanvasMode mode, const QString& folder)
 void CurveEditor::connectModes()
 {
     curve_editor::ModeCallbacks callbacks;
-    callbacks.beforeTool = [this] { functionEditor->canvas().endGesture(); };
+    callbacks.beforeTool = [this] { d->canvas().endGesture(); };
     callbacks.beforeMode = [this](CanvasMode next) {
-        functionEditor->canvas().endGestureUnlessIn(static_cast<int>(next));
+        d->canvas().endGestureUnlessIn(static_cast<int>(next));
     };
     callbacks.toolChanged = [this] {
         for (const ToolRow& tool : toolRows) {
-            toolButtonActions[tool.button]->setChecked(getUserMode() == tool.mode);
+            d->actions.buttonAction(tool.button)->setChecked(getUserMode() == tool.mode);
         }
     };
     callbacks.modeChanged = [this] {
-        functionEditor->zoomMode = getCurrentMode() == ZOOMING;
-        showCursor(*functionEditor, modes->mode(), iconsPath);
+        d->functionEditor->zoomMode = getCurrentMode() == ZOOMING;
+        showCursor(*d->functionEditor, d->modes.mode(), d->icons);
         refreshEditor();
     };
-    modes->setCallbacks(callbacks);
+    d->modes.setCallbacks(callbacks);
 }
 
 void CurveEditor::setCurrentMode(curveEditorModes newMode)
 {
-    modes->setMode(canvasMode(newMode));
+    d->modes.setMode(canvasMode(newMode));
 }
 
 CurveEditor::curveEditorModes CurveEditor::getCurrentMode()
 {
-    return editorMode(modes->mode());
+    return editorMode(d->modes.mode());
 }
 
 void CurveEditor::setUserMode(curveEditorModes newMode)
 {
-    modes->setUserMode(canvasMode(newMode));
+    d->modes.setUserMode(canvasMode(newMode));
 }
 
 CurveEditor::curveEditorModes CurveEditor::getUserMode()
 {
-    return editorMode(modes->userMode());
+    return editorMode(d->modes.userMode());
 }
 
 void CurveEditor::printMode(curveEditorModes theMode)
@@ -173,90 +173,90 @@ void CurveEditor::printMode(curveEditorModes theMode)
 
 void CurveEditor::setSelectMode()
 {
-    modes->toggleTool(CanvasMode::SELECT);
+    d->modes.toggleTool(CanvasMode::SELECT);
 }
 
 void CurveEditor::setMoveMode()
 {
-    modes->toggleTool(CanvasMode::MOVE);
+    d->modes.toggleTool(CanvasMode::MOVE);
 }
 
 void CurveEditor::setAddKeyMode()
 {
-    modes->toggleTool(CanvasMode::ADD);
+    d->modes.toggleTool(CanvasMode::ADD);
 }
 
 void CurveEditor::setDeleteKeyMode()
 {
-    modes->toggleTool(CanvasMode::DEL);
+    d->modes.toggleTool(CanvasMode::DEL);
 }
 
 void CurveEditor::setZoomMode()
 {
-    modes->toggleTool(CanvasMode::ZOOM);
+    d->modes.toggleTool(CanvasMode::ZOOM);
 }
 
 void CurveEditor::setDefaultMode()
 {
-    modes->putToolAway();
+    d->modes.putToolAway();
 }
 
 void CurveEditor::setZoomModifier(QString mod)
 {
-    modes->setModifier(ModifierRole::zoom, mod);
+    d->modes.setModifier(ModifierRole::zoom, mod);
 }
 
 ZK_BOOL CurveEditor::isZoomPressed(QInputEvent* e)
 {
-    return modes->isPressed(ModifierRole::zoom, e);
+    return d->modes.isPressed(ModifierRole::zoom, e);
 }
 
 QString CurveEditor::getZoomModifier()
 {
-    return modes->modifier(ModifierRole::zoom);
+    return d->modes.modifier(ModifierRole::zoom);
 }
 
 void CurveEditor::setSnapModifier(QString mod)
 {
-    modes->setModifier(ModifierRole::snap, mod);
+    d->modes.setModifier(ModifierRole::snap, mod);
 }
 
 ZK_BOOL CurveEditor::isSnapPressed(QInputEvent* e)
 {
-    return modes->isPressed(ModifierRole::snap, e);
+    return d->modes.isPressed(ModifierRole::snap, e);
 }
 
 QString CurveEditor::getSnapModifier()
 {
-    return modes->modifier(ModifierRole::snap);
+    return d->modes.modifier(ModifierRole::snap);
 }
 
 void CurveEditor::setAddModifier(QString mod)
 {
-    modes->setModifier(ModifierRole::add, mod);
+    d->modes.setModifier(ModifierRole::add, mod);
 }
 
 ZK_BOOL CurveEditor::isAddPressed(QInputEvent* e)
 {
-    return modes->isPressed(ModifierRole::add, e);
+    return d->modes.isPressed(ModifierRole::add, e);
 }
 
 QString CurveEditor::getAddModifier()
 {
-    return modes->modifier(ModifierRole::add);
+    return d->modes.modifier(ModifierRole::add);
 }
 
 void CurveEditor::setAdd2selModifier(QString mod)
 {
-    modes->setModifier(ModifierRole::addToSelection, mod);
+    d->modes.setModifier(ModifierRole::addToSelection, mod);
 }
 
 ZK_BOOL CurveEditor::isAdd2selPressed(QInputEvent* e)
 {
-    return modes->isPressed(ModifierRole::addToSelection, e);
+    return d->modes.isPressed(ModifierRole::addToSelection, e);
 }
 
 QString CurveEditor::getAdd2selModifier()
 {
-    return modes->modifier(ModifierRole::addToSelection);
+    return d->modes.modifier(ModifierRole::addToSelection);
 }

@@ -8,89 +8,100 @@
 
 using namespace curve_editor;
 
-void CurveEditor::doSetLastNode(const int& behaviour, const bool& isFirst)
+namespace {
+
+enum curveEnds : int
 {
-    manager.endGestures();
-    manager.doCommand(
-        new CommandSetLastNode(this, static_cast<SplineBase::nodeType>(behaviour), isFirst));
+    firstEnd,
+    lastEnd
+};
+
+void setBehaviour(CurveEditor* editor, SplineBase::nodeType behaviour, curveEnds end)
+{
+    CurveCommandsManager* const manager = editor->getCmdManager();
+    manager->endGestures();
+    manager->doCommand(new CommandSetLastNode(editor, behaviour, end == firstEnd));
 }
 
-void CurveEditor::doSetPointsType(const int& interpolation)
+void setInterpolation(CurveEditor* editor, zk_spline::interpolationType type)
 {
-    manager.endGestures();
-    if (!functionEditor->canvas().editingCurves().isEmpty()) {
-        manager.doCommand(new CommandSetPointsType(
-            this, static_cast<zk_spline::interpolationType>(interpolation)));
+    CurveCommandsManager* const manager = editor->getCmdManager();
+    FunctionEditor* const view = editor->getFunctionEditor();
+    manager->endGestures();
+    if (!view->canvas().editingCurves().isEmpty()) {
+        manager->doCommand(new CommandSetPointsType(editor, type));
     }
-    functionEditor->refreshKeysDialog();
+    view->refreshKeysDialog();
 }
+
+} // namespace
 
 void CurveEditor::setFirstNodeZero()
 {
-    doSetLastNode(SplineBase::zero, true);
+    setBehaviour(this, SplineBase::zero, firstEnd);
 }
 
 void CurveEditor::setFirstNodeConstant()
 {
-    doSetLastNode(SplineBase::constant, true);
+    setBehaviour(this, SplineBase::constant, firstEnd);
 }
 
 void CurveEditor::setLastNodeZero()
 {
-    doSetLastNode(SplineBase::zero, false);
+    setBehaviour(this, SplineBase::zero, lastEnd);
 }
 
 void CurveEditor::setLastNodeConstant()
 {
-    doSetLastNode(SplineBase::constant, false);
+    setBehaviour(this, SplineBase::constant, lastEnd);
 }
 
 void CurveEditor::setLastNodeLoop()
 {
-    doSetLastNode(SplineBase::loop, false);
+    setBehaviour(this, SplineBase::loop, lastEnd);
 }
 
 void CurveEditor::setLastNodeLoopOffset()
 {
-    doSetLastNode(SplineBase::loopOffset, false);
+    setBehaviour(this, SplineBase::loopOffset, lastEnd);
 }
 
 void CurveEditor::setLastNodeFollowTangent()
 {
-    doSetLastNode(SplineBase::followTangent, false);
+    setBehaviour(this, SplineBase::followTangent, lastEnd);
 }
 
 /// Before the first key only zero and constant are offered; any other index makes no command.
 void CurveEditor::changeNodeFirstType(int index)
 {
     if (index == SplineBase::zero || index == SplineBase::constant) {
-        doSetLastNode(index, true);
+        setBehaviour(this, static_cast<SplineBase::nodeType>(index), firstEnd);
     }
 }
 
 void CurveEditor::changeNodeLastType(int index)
 {
     if (index >= SplineBase::zero && index <= SplineBase::followTangent) {
-        doSetLastNode(index, false);
+        setBehaviour(this, static_cast<SplineBase::nodeType>(index), lastEnd);
     }
 }
 
 void CurveEditor::setSelectedLinear()
 {
-    doSetPointsType(zk_spline::linear);
+    setInterpolation(this, zk_spline::linear);
 }
 
 void CurveEditor::setSelectedBezier()
 {
-    doSetPointsType(zk_spline::bezier);
+    setInterpolation(this, zk_spline::bezier);
 }
 
 void CurveEditor::setSelectedTcb()
 {
-    doSetPointsType(zk_spline::tcb);
+    setInterpolation(this, zk_spline::tcb);
 }
 
 void CurveEditor::setSelectedStep()
 {
-    doSetPointsType(zk_spline::stepped);
+    setInterpolation(this, zk_spline::stepped);
 }

@@ -5,146 +5,137 @@
 #include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/NodeTypePositions.h"
 
 #include <QAction>
 
 void CurveEditor::switchSnap()
 {
-    CanvasFunctionBase& canvas = functionEditor->canvas();
+    CanvasFunctionBase& canvas = d->canvas();
     const bool on = canvas.horizontalSnap != canvas.verticalSnap || !canvas.horizontalSnap;
     canvas.horizontalSnap = on;
     canvas.verticalSnap = on;
-    checkButton(snapToGridButton, on);
+    d->actions.checkButton(snapToGridButton, on);
     refreshEditor();
 }
 
 void CurveEditor::switchSnapH()
 {
-    bool& on = functionEditor->canvas().horizontalSnap;
+    bool& on = d->canvas().horizontalSnap;
     on = !on;
-    toolButtonActions[horizontalSnapButton]->setChecked(on);
+    d->actions.buttonAction(horizontalSnapButton)->setChecked(on);
     refreshEditor();
 }
 
 void CurveEditor::switchSnapV()
 {
-    bool& on = functionEditor->canvas().verticalSnap;
+    bool& on = d->canvas().verticalSnap;
     on = !on;
-    toolButtonActions[verticalSnapButton]->setChecked(on);
+    d->actions.buttonAction(verticalSnapButton)->setChecked(on);
     refreshEditor();
 }
 
 /// The snap entry is checked for a moment as well; the refresh puts it right.
 void CurveEditor::switchToolTips()
 {
-    bool& on = functionEditor->canvas().toolTipsOn;
+    bool& on = d->canvas().toolTipsOn;
     on = !on;
-    functionEditor->showLabels = on;
-    toolButtonActions[horizontalSnapButton]->setChecked(on);
+    d->functionEditor->showLabels = on;
+    d->actions.buttonAction(horizontalSnapButton)->setChecked(on);
     refreshEditor();
 }
 
 void CurveEditor::setHSnapRadius(const double& radius)
 {
-    functionEditor->canvas().hSnapRadius = radius;
+    d->canvas().hSnapRadius = radius;
 }
 
 double CurveEditor::getHSnapRadius() const
 {
-    return functionEditor->canvas().hSnapRadius;
+    return d->canvas().hSnapRadius;
 }
 
 void CurveEditor::setVSnapRadius(const double& radius)
 {
-    functionEditor->canvas().vSnapRadius = radius;
+    d->canvas().vSnapRadius = radius;
 }
 
 double CurveEditor::getVSnapRadius() const
 {
-    return functionEditor->canvas().vSnapRadius;
+    return d->canvas().vSnapRadius;
 }
 
 void CurveEditor::setDefaultNodeType(const int& position)
 {
-    if (storeDefaultNodeType(position)) {
+    if (curve_editor::setNodeTypeAt(position, d->canvas().defaultNodeType)) {
         refreshEditor();
     }
 }
 
-bool CurveEditor::storeDefaultNodeType(const int& position)
-{
-    if (!curve_editor::isNodeTypePosition(position)) {
-        return false;
-    }
-    functionEditor->canvas().defaultNodeType =
-        curve_editor::nodeTypeOfPosition[static_cast<std::size_t>(position)];
-    return true;
-}
-
 int CurveEditor::getDefaultNodeTypePos() const
 {
-    return curve_editor::positionOfNodeType(functionEditor->canvas().defaultNodeType);
+    return curve_editor::positionOfNodeType(d->canvas().defaultNodeType);
 }
 
 void CurveEditor::setTooltipsDrag(const bool& on)
 {
-    functionEditor->canvas().toolTipsWhileDragging = on;
+    d->canvas().toolTipsWhileDragging = on;
 }
 
 bool CurveEditor::isTooltipsDrag() const
 {
-    return functionEditor->canvas().toolTipsWhileDragging;
+    return d->canvas().toolTipsWhileDragging;
 }
 
 void CurveEditor::setDefaultBrokenTangent(const bool& on)
 {
-    functionEditor->canvas().defaultBrokenTangent = on;
+    d->canvas().defaultBrokenTangent = on;
 }
 
 bool CurveEditor::isDefaultBrokenTangent() const
 {
-    return functionEditor->canvas().defaultBrokenTangent;
+    return d->canvas().defaultBrokenTangent;
 }
 
 void CurveEditor::setDefaultAddFunc(const bool& on)
 {
-    functionEditor->canvas().defaultAddFunction = on;
+    d->canvas().defaultAddFunction = on;
 }
 
 bool CurveEditor::isDefaultAddFunc() const
 {
-    return functionEditor->canvas().defaultAddFunction;
+    return d->canvas().defaultAddFunction;
 }
 
 void CurveEditor::setIconSize(const int& size)
 {
-    iconSize = size;
+    d->icons.size = size;
 }
 
 int CurveEditor::getIconSize() const
 {
-    return iconSize;
+    return d->icons.size;
 }
 
 void CurveEditor::setIconsPath(const QString& path)
 {
-    iconsPath = path;
+    d->icons.folder = path;
 }
 
 QString CurveEditor::getIconsPath() const
 {
-    return iconsPath;
+    return d->icons.folder;
 }
 
 void CurveEditor::setCanvasColor(const QColor& color)
 {
-    functionEditor->canvas().canvasColor = color;
+    d->canvas().canvasColor = color;
 }
 
 void CurveEditor::setSelectionColor(const QColor& color)
 {
-    functionEditor->canvas().selectionColor = color;
+    d->canvas().selectionColor = color;
 }
 
 void CurveEditor::setControllerColor(const QColor& color)
@@ -174,7 +165,7 @@ void CurveEditor::setControlPointSelectedColor(const QColor& color)
 
 void CurveEditor::setFrameFontColor(const QColor& color)
 {
-    functionEditor->canvas().frameGrid()->fontColor = color;
+    d->canvas().frameGrid()->fontColor = color;
 }
 
 /// The whole pen is replaced by one of the colour alone, a hair line.
@@ -182,20 +173,20 @@ void CurveEditor::setFrameLinesColor(const QColor& color)
 {
     QPen pen(color);
     pen.setWidth(0);
-    functionEditor->canvas().frameGrid()->linePen = pen;
+    d->canvas().frameGrid()->linePen = pen;
 }
 
 void CurveEditor::setFrameHLineColor(const QColor& color)
 {
-    functionEditor->canvas().frameGrid()->hLineColor = color;
+    d->canvas().frameGrid()->hLineColor = color;
 }
 
 void CurveEditor::setFrameVLineColor(const QColor& color)
 {
-    functionEditor->canvas().frameGrid()->vLineColor = color;
+    d->canvas().frameGrid()->vLineColor = color;
 }
 
 void CurveEditor::setTimeLineColor(const QColor& color)
 {
-    functionEditor->canvas().frameGrid()->timeLineColor = color;
+    d->canvas().frameGrid()->timeLineColor = color;
 }

@@ -3,13 +3,9 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "editor/Timecode.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
-
-#include <QLabel>
-
-#include <algorithm>
 
 namespace {
 
@@ -25,42 +21,41 @@ double fieldValue(const CustomEditLine* field)
 
 void CurveEditor::setShowTime()
 {
-    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    CurveKeysDialog* const keys = d->keysDialog();
     keys->posXLabel->setText(tr("Time:"));
-    if (!functionEditor->showFrames) {
+    if (!d->functionEditor->showFrames) {
         return;
     }
     keys->endGesture();
-    functionEditor->showFrames = false;
-    functionEditor->canvasDirty = true;
-    keys->posX->setValue(fieldValue(keys->posX) / functionEditor->fps);
-    posX->setText(keys->posX->text());
-    posX->setToolTip(posX->text());
+    d->functionEditor->showFrames = false;
+    d->functionEditor->canvasDirty = true;
+    keys->posX->setValue(fieldValue(keys->posX) / d->functionEditor->fps);
+    d->readout.showTimeOf(keys->posX);
     keys->distrustTimes();
-    repaintCanvas();
+    d->repaintCanvas();
 }
 
 /// Here it is posY whose tool tip is renewed; posX keeps its old one.
 void CurveEditor::setShowFrames()
 {
-    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    CurveKeysDialog* const keys = d->keysDialog();
     keys->posXLabel->setText(tr("Frame:"));
-    if (functionEditor->showFrames) {
+    if (d->functionEditor->showFrames) {
         return;
     }
     keys->endGesture();
-    functionEditor->showFrames = true;
-    functionEditor->canvasDirty = true;
-    keys->posX->setValue(fieldValue(keys->posX) * functionEditor->fps);
-    posX->setText(keys->posX->text());
-    posY->setToolTip(posY->text());
+    d->functionEditor->showFrames = true;
+    d->functionEditor->canvasDirty = true;
+    keys->posX->setValue(fieldValue(keys->posX) * d->functionEditor->fps);
+    positionX()->setText(keys->posX->text());
+    positionY()->setToolTip(positionY()->text());
     keys->distrustTimes();
-    repaintCanvas();
+    d->repaintCanvas();
 }
 
 void CurveEditor::switchFramesTime()
 {
-    if (functionEditor->showFrames) {
+    if (d->functionEditor->showFrames) {
         setShowTime();
     } else {
         setShowFrames();
@@ -69,30 +64,19 @@ void CurveEditor::switchFramesTime()
 
 void CurveEditor::setPosX(ZK_DOUBLE valueX)
 {
-    CustomEditLine* const keysPosX = functionEditor->keysDialog()->posX;
-    keysPosX->setValue(functionEditor->showFrames ? valueX * functionEditor->fps : valueX);
-    posX->setText(keysPosX->text());
-    posX->setToolTip(posX->text());
+    CustomEditLine* const keysPosX = d->keysDialog()->posX;
+    keysPosX->setValue(d->functionEditor->showFrames ? valueX * d->functionEditor->fps : valueX);
+    d->readout.showTimeOf(keysPosX);
 }
 
 void CurveEditor::setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val)
 {
-    const int decimals = std::min(numberOfDecimals, CustomEditLine::mostDecimals);
-    const auto text = [&decimals](const QString& pattern, const double& number) {
-        return pattern.arg(number, 0, 'f', decimals);
-    };
-    const double fps = functionEditor->fps;
-    frameLabel->setText(functionEditor->showFrames ? text(tr("F %1"), fps * valueX)
-                                                   : text(tr("t %1"), valueX));
-    valueLabel->setText(text(tr("y %1"), valueY));
-    functionLabel->setText(text(tr("f(x) %1"), val));
-    timecodeLabel->setText(tr("TC %1").arg(
-        curve_editor::timecodeText(valueX, fps, numberOfDecimals, functionEditor->frameDigits)));
+    d->readout.showPointer(valueX, valueY, val, *d->functionEditor, d->numberOfDecimals);
 }
 
 void CurveEditor::setNumberOfDecimals(const int& decimals)
 {
-    numberOfDecimals = decimals;
+    d->numberOfDecimals = decimals;
     // Those of the key dialog are among them: its parent is the editor.
     for (CustomEditLine* const field : findChildren<CustomEditLine*>()) {
         field->setDecimals(decimals);
@@ -102,5 +86,5 @@ void CurveEditor::setNumberOfDecimals(const int& decimals)
 
 const int& CurveEditor::getNumberOfDecimals() const
 {
-    return numberOfDecimals;
+    return d->numberOfDecimals;
 }

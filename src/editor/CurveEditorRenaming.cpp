@@ -4,9 +4,9 @@
 
 #include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
-#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/DottedName.h"
+#include "editor/CurveEditorPrivate.h"
 
 #include <QSet>
 #include <QTreeWidgetItem>
@@ -50,9 +50,9 @@ void CurveEditor::removeCurve(const QString& node, const QString& curve)
     if (!searchMainNode(node)) {
         return;
     }
-    if (NodeStruct* const record = catalogue->findExactly(DottedName(node, curve).text())) {
+    if (NodeStruct* const record = d->catalogue.findExactly(DottedName(node, curve).text())) {
         setCurveEditableOff(record);
-        catalogue->removeNode(record);
+        d->catalogue.removeNode(record);
     }
     update();
 }
@@ -65,14 +65,14 @@ void CurveEditor::removeNode(const QString& node)
     if (!mainNode) {
         return;
     }
-    const QList<NodeStruct*> records = catalogue->allNodes();
+    const QList<NodeStruct*> records = d->catalogue.allNodes();
     for (NodeStruct* record : records) {
         if (record->mainNodeName == mainNode->name) {
             setCurveEditableOff(record);
-            catalogue->removeNode(record);
+            d->catalogue.removeNode(record);
         }
     }
-    catalogue->removeMainNode(mainNode);
+    d->catalogue.removeMainNode(mainNode);
 
     QTreeWidgetItem* const item = checkListsEditing->findTreeItem(name);
     if (!item) {
@@ -94,17 +94,16 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     }
     const QString oldName = DottedName(node, oldCurve).text();
     const QString newName = DottedName(node, newCurve).text();
-    functionEditor->canvas().endGestureOn(oldName);
-    NodeStruct* const record = catalogue->findExactly(oldName);
+    d->canvas().endGestureOn(oldName);
+    NodeStruct* const record = d->catalogue.findExactly(oldName);
     if (!record) {
         return;
     }
-    const CanvasVisit visit(
-        &functionEditor->canvas()); // whoever listens to the tree may do anything
-    CurveNode* const held = functionEditor->canvas().findLeaf(oldName);
+    const CanvasVisit visit(&d->canvas()); // whoever listens to the tree may do anything
+    CurveNode* const held = d->canvas().findLeaf(oldName);
     record->dotName = newName;
     record->curveName = newCurve;
-    catalogue->nameHasChanged(record);
+    d->catalogue.nameHasChanged(record);
     if (held) {
         held->setDotName(newName);
     }
@@ -118,11 +117,11 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
         checkListsEditing->removeTreeItem(oldName, item);
     }
     if (held) {
-        leaveForeignGroup(functionEditor->canvas(), held);
+        leaveForeignGroup(d->canvas(), held);
     }
     record->isEditing = false;
     setCurveEditableOn(record, held);
-    functionEditor->canvas().discardUnlinked(held); // a group of the new name had its place
+    d->canvas().discardUnlinked(held); // a group of the new name had its place
     if (newName.contains(oldCurveMarker)) {
         if (QTreeWidgetItem* const renamed = checkListsEditing->findTreeItem(newName)) {
             renamed->setHidden(true);
@@ -139,12 +138,12 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
     if (!mainNode) {
         return;
     }
-    const CanvasFunctionBase& canvas = functionEditor->canvas();
+    const CanvasFunctionBase& canvas = d->canvas();
 
     // The curves are looked up while all of them still answer to their old names.
     QList<NodeStruct*> records;
     QList<CurveNode*> curves;
-    for (NodeStruct* record : catalogue->allNodes()) {
+    for (NodeStruct* record : d->catalogue.allNodes()) {
         if (record->mainNodeName == oldName) {
             records.append(record);
             curves.append(canvas.findLeaf(record->dotName));
@@ -160,7 +159,7 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
         const DottedName renamed(newName, record->curveName);
         record->dotName = renamed.text();
         record->safeDotName = renamed.safeText();
-        catalogue->nameHasChanged(record);
+        d->catalogue.nameHasChanged(record);
         if (curves[i] && curves[i]->dotName() != record->dotName) {
             curves[i]->setDotName(record->dotName);
         }
@@ -169,5 +168,5 @@ void CurveEditor::renameNode(const QString& oldNode, const QString& newNode)
         item->setText(0, newName);
     }
     mainNode->name = newName;
-    catalogue->nameHasChanged(mainNode);
+    d->catalogue.nameHasChanged(mainNode);
 }

@@ -5,6 +5,7 @@
 #include "canvas/FunctionEditor.h"
 #include "curves/CurveNode.h"
 #include "curves/DottedName.h"
+#include "editor/CurveEditorPrivate.h"
 
 #include <utility>
 
@@ -12,8 +13,7 @@ using curve_editor::DottedName;
 
 void CurveEditor::emitSignalCurveHasChanged(QString& nodeName, QString& curveName)
 {
-    const CurveNode* const curve =
-        functionEditor->canvas().findCurve(DottedName(nodeName, curveName).text());
+    const CurveNode* const curve = d->canvas().findCurve(DottedName(nodeName, curveName).text());
     if (curve && !curve->notifiesHost()) {
         return;
     }
@@ -22,7 +22,7 @@ void CurveEditor::emitSignalCurveHasChanged(QString& nodeName, QString& curveNam
 
 void CurveEditor::emitSignalCurvesHaveChanged()
 {
-    emitSignalCurvesHaveChanged(functionEditor->canvas().editingCurveNames());
+    emitSignalCurvesHaveChanged(d->canvas().editingCurveNames());
 }
 
 void CurveEditor::emitSignalCurvesHaveChanged(QStringList dotNames)

@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "editor/CurveEditorPrivate.h"
 
 #include <QSet>
 
@@ -20,7 +21,7 @@ void CurveEditor::selectNodes(QStringList names)
         update();
         return;
     }
-    functionEditor->canvas().endGestureUnlessEditing(names);
+    d->canvas().endGestureUnlessEditing(names);
     selectionBusy = true;
     const QSet<QString> former(selectedDotNames.cbegin(), selectedDotNames.cend());
     const bool same = names.size() == selectedDotNames.size() &&
@@ -28,7 +29,7 @@ void CurveEditor::selectNodes(QStringList names)
                                   [&](const QString& name) { return former.contains(name); });
     selectedDotNames = names;
     checkListsEditing->selectTreeItems(names);
-    functionEditor->canvas().selectCurves(names);
+    d->canvas().selectCurves(names);
     refreshEditor();
     if (!same) {
         refreshCommandLine();
@@ -73,5 +74,5 @@ void CurveEditor::selectionChangedEditingItem(QItemSelection selected, QItemSele
 void CurveEditor::canvasSelectionChanged(QStringList curveNames)
 {
     selectNodes(curveNames);
-    functionEditor->refreshKeysDialog();
+    d->functionEditor->refreshKeysDialog();
 }

@@ -1,17 +1,14 @@
-// The window put together: canvas, tree, read-outs.
+// The window put together, and its menus in the present language.
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
-#include "editor/MenuTable.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/ControlMenu2.h"
-#include "widgets/CurveKeysDialog.h"
-#include "widgets/CustomEditLine.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QMenuBar>
+#include <QCursor>
+#include <QMenu>
+#include <QPointer>
 
 #include <cmath>
 
@@ -23,19 +20,16 @@ void CurveEditor::preInit()
     QPalette menuPalette = mainMenu->palette();
     menuPalette.setColor(QPalette::Disabled, QPalette::ButtonText, Qt::darkGray);
     mainMenu->setPalette(menuPalette);
-    menuBar = new QMenuBar(mainMenu);
-    menuBar->setNativeMenuBar(false);
-    mainMenu->addWidget(menuBar);
+    d->actions.initMenuBar();
 
-    menus.fill(nullptr, curve_editor::editorMenusCount);
-    initActions();
+    d->actions.initActions();
     addToSpline->setCheckable(true);
     addToSpline->setFlat(true);
-    initTopToolbar();
-    initMenus();
-    treeMenu = new ControlMenu2(this);
-    initMainMenu();
-    initInsertMenu();
+    d->actions.initTopToolbar();
+    d->actions.initMenus();
+    d->treeMenu = new ControlMenu2(this);
+    d->readout.build(mainMenu);
+    d->actions.initInsertMenu();
 
     tabExpresion->setContentsMargins(10, 0, 0, 0);
     hboxLayout->setSizeConstraint(QLayout::SetMinimumSize);
@@ -43,72 +37,45 @@ void CurveEditor::preInit()
     languageChange();
 }
 
-/// What stands on mainMenu to the right of the menu bar.
-void CurveEditor::initMainMenu()
-{
-    auto* const filler = new QLabel(mainMenu);
-    filler->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    filler->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    mainMenu->addWidget(filler);
-
-    posX = newPositionField("posX");
-    posX->setAccessibleName(tr("Position X"));
-    posY = newPositionField("posY");
-    posY->setAccessibleName(tr("Position Y"));
-
-    auto* const pointerLabel = new QLabel(tr("    Pointer:  "), mainMenu);
-    pointerLabel->setMinimumWidth(40);
-    mainMenu->addWidget(pointerLabel);
-    frameLabel = newReadout("frameLabel", tr("F "));
-    timecodeLabel = newReadout("timecodeLabel", tr("TC "));
-    valueLabel = newReadout("valueLabel", tr("y "));
-    functionLabel = newReadout("functionLabel", tr("f(x) "));
-}
-
-/// Disabled as long as no key is shown in it.
-CustomEditLine* CurveEditor::newPositionField(const char* name)
-{
-    auto* const field = new CustomEditLine(mainMenu);
-    field->setObjectName(name);
-    field->setMinimumSize(50, 20);
-    field->setMouseTracking(true);
-    field->setAcceptDrops(true);
-    field->setFocusPolicy(Qt::StrongFocus);
-    field->setEnabled(false);
-    mainMenu->addWidget(field);
-    return field;
-}
-
 CustomEditLine* CurveEditor::positionX() const
 {
-    return posX;
+    return d->readout.positionX();
 }
 
 CustomEditLine* CurveEditor::positionY() const
 {
-    return posY;
+    return d->readout.positionY();
 }
 
-QLabel* CurveEditor::newReadout(const char* name, const QString& text)
+void CurveEditor::languageChange()
 {
-    auto* const label = new QLabel(text, mainMenu);
-    label->setObjectName(name);
-    label->setFixedWidth(80);
-    mainMenu->addWidget(label);
-    return label;
+    setWindowTitle(tr("Curve Editor"));
+    d->actions.translate();
 }
 
-void CurveEditor::initCanvas()
+QMenu* CurveEditor::keysMenu() const
 {
-    functionEditor = new FunctionEditor(functionView, this);
-    manager.setGestureEnd([this](const curve_editor::CurveCommand* next) {
-        functionEditor->canvas().endGestureBefore(next);
-        functionEditor->keysDialog()->endGesture();
-    });
-    auto* const layout = new QHBoxLayout(functionView);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(functionEditor);
-    QPalette palette = functionView->palette();
-    palette.setColor(QPalette::Window, Qt::black);
-    functionView->setPalette(palette);
+    return d->actions.menu(curve_editor::keysMenu);
+}
+
+void CurveEditor::setDefaultButton(QAction* action, const topToolButtons& button)
+{
+    d->actions.setDefaultButton(action, button);
+}
+
+void CurveEditor::showTopToolbarMenu()
+{
+    // A text half typed is taken first: the opening menu would take it, and the box of an error
+    // would close the menu before it runs, so that it never returned.
+    const QPointer<CurveEditor> self(this);
+    if (commandLine->hasFocus() && commandLine->isModified()) {
+        executeCommand();
+    }
+    if (!self) {
+        return;
+    }
+    QMenu* const menu = d->actions.menu(curve_editor::toolbarsSubMenu);
+    if (!menu->isVisible()) {
+        menu->exec(QCursor::pos()); // of two loops the first would never end
+    }
 }

@@ -4,38 +4,39 @@
 
 #include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <cmath>
 
 void CurveEditor::setTimeLine(ZK_DOUBLE time)
 {
-    functionEditor->timeLine = time;
-    repaintCanvas();
+    d->functionEditor->timeLine = time;
+    d->repaintCanvas();
 }
 
 void CurveEditor::setTimeLine(ZK_INT frame)
 {
-    functionEditor->timeLine = frame / functionEditor->fps;
-    repaintCanvas();
+    d->functionEditor->timeLine = frame / d->functionEditor->fps;
+    d->repaintCanvas();
 }
 
 void CurveEditor::setFps(ZK_DOUBLE framesPerSecond)
 {
-    CurveKeysDialog* const keys = functionEditor->keysDialog();
-    if (functionEditor->showFrames && framesPerSecond != functionEditor->fps) {
+    CurveKeysDialog* const keys = d->keysDialog();
+    if (d->functionEditor->showFrames && framesPerSecond != d->functionEditor->fps) {
         keys->endGesture(); // its numbers are frames of the former rate
     }
-    functionEditor->fps = framesPerSecond;
-    functionEditor->frameDigits =
+    d->functionEditor->fps = framesPerSecond;
+    d->functionEditor->frameDigits =
         truncateToInt(std::ceil(std::log(framesPerSecond) / std::log(10.0)));
     keys->renewTimes();
-    repaintCanvas();
+    d->repaintCanvas();
 }
 
 double CurveEditor::getFps() const
 {
-    return functionEditor->fps;
+    return d->functionEditor->fps;
 }
 
 void CurveEditor::setTimeRange(ZK_DOUBLE timeMin, ZK_DOUBLE timeMax)
@@ -46,163 +47,151 @@ void CurveEditor::setTimeRange(ZK_DOUBLE timeMin, ZK_DOUBLE timeMax)
 
 void CurveEditor::setMinTime(const double& time)
 {
-    functionEditor->minX = time;
-    functionEditor->canvasDirty = true;
+    d->functionEditor->minX = time;
+    d->functionEditor->canvasDirty = true;
 }
 
 void CurveEditor::setMaxTime(const double& time)
 {
-    functionEditor->maxX = time;
-    repaintCanvas();
+    d->functionEditor->maxX = time;
+    d->repaintCanvas();
 }
 
 void CurveEditor::setMinValue(ZK_DOUBLE value)
 {
-    functionEditor->minY = value;
-    repaintCanvas();
+    d->functionEditor->minY = value;
+    d->repaintCanvas();
 }
 
 void CurveEditor::setMaxValue(ZK_DOUBLE value)
 {
-    functionEditor->maxY = value;
-    repaintCanvas();
+    d->functionEditor->maxY = value;
+    d->repaintCanvas();
 }
 
 bool CurveEditor::isModeFrames() const
 {
-    return functionEditor->showFrames;
+    return d->functionEditor->showFrames;
 }
 
 bool CurveEditor::isModeTime() const
 {
-    return !functionEditor->showFrames;
+    return !d->functionEditor->showFrames;
 }
 
 /// The key dialog's label keeps its word, whatever unit the field has from now on.
 void CurveEditor::resetViewport()
 {
-    functionEditor->canvas().endGesture(); // whose rectangle this would use
-    CurveKeysDialog* const keys = functionEditor->keysDialog();
-    if (!functionEditor->showFrames) {
+    d->canvas().endGesture(); // whose rectangle this would use
+    CurveKeysDialog* const keys = d->keysDialog();
+    if (!d->functionEditor->showFrames) {
         keys->endGesture();
     }
-    functionEditor->resetView();
+    d->functionEditor->resetView();
     keys->renewTimes();
-    functionEditor->canvas().updateCanvas();
+    d->canvas().updateCanvas();
 }
 
 void CurveEditor::centerTimeline()
 {
-    functionEditor->canvas().endGesture();
-    functionEditor->centerTimeline();
-    repaintAll();
+    d->canvas().endGesture();
+    d->functionEditor->centerTimeline();
+    d->repaintAll();
 }
 
 void CurveEditor::completeViewport()
 {
-    functionEditor->completeH();
-    functionEditor->completeV();
-    repaintAll();
+    d->functionEditor->completeH();
+    d->functionEditor->completeV();
+    d->repaintAll();
 }
 
 void CurveEditor::completeViewportH()
 {
-    functionEditor->completeH();
-    repaintAll();
+    d->functionEditor->completeH();
+    d->repaintAll();
 }
 
 void CurveEditor::completeViewportV()
 {
-    functionEditor->completeV();
-    repaintAll();
+    d->functionEditor->completeV();
+    d->repaintAll();
 }
 
 void CurveEditor::completeViewportSel()
 {
-    functionEditor->completeSelH();
-    functionEditor->completeSelV();
-    repaintAll();
+    d->functionEditor->completeSelH();
+    d->functionEditor->completeSelV();
+    d->repaintAll();
 }
 
 void CurveEditor::completeViewportSelH()
 {
-    functionEditor->completeSelH();
-    repaintAll();
+    d->functionEditor->completeSelH();
+    d->repaintAll();
 }
 
 void CurveEditor::completeViewportSelV()
 {
-    functionEditor->completeSelV();
-    repaintAll();
+    d->functionEditor->completeSelV();
+    d->repaintAll();
 }
 
 // A choice from a drop-down becomes what its button repeats.
 
 void CurveEditor::completeViewportBtn()
 {
-    setDefaultButton(toolButtonActions[fitViewButton], fitButton);
+    d->actions.setDefaultButton(fitViewButton, fitButton);
     completeViewport();
 }
 
 void CurveEditor::completeViewportHBtn()
 {
-    setDefaultButton(toolButtonActions[fitHorizontalViewButton], fitButton);
+    d->actions.setDefaultButton(fitHorizontalViewButton, fitButton);
     completeViewportH();
 }
 
 void CurveEditor::completeViewportVBtn()
 {
-    setDefaultButton(toolButtonActions[fitVerticalViewButton], fitButton);
+    d->actions.setDefaultButton(fitVerticalViewButton, fitButton);
     completeViewportV();
 }
 
 void CurveEditor::completeViewportSelBtn()
 {
-    setDefaultButton(toolButtonActions[fitViewToSelectionButton], fitSelectionButton);
+    d->actions.setDefaultButton(fitViewToSelectionButton, fitSelectionButton);
     completeViewportSel();
 }
 
 void CurveEditor::completeViewportSelHBtn()
 {
-    setDefaultButton(toolButtonActions[fitHorizontalViewToSelectionButton], fitSelectionButton);
+    d->actions.setDefaultButton(fitHorizontalViewToSelectionButton, fitSelectionButton);
     completeViewportSelH();
 }
 
 void CurveEditor::completeViewportSelVBtn()
 {
-    setDefaultButton(toolButtonActions[fitVerticalViewToSelectionButton], fitSelectionButton);
+    d->actions.setDefaultButton(fitVerticalViewToSelectionButton, fitSelectionButton);
     completeViewportSelV();
-}
-
-void CurveEditor::repaintCanvas()
-{
-    functionEditor->canvasDirty = true;
-    functionEditor->canvas().updateCanvas();
-}
-
-void CurveEditor::repaintAll()
-{
-    repaintCanvas();
-    QWidget::update();
 }
 
 void CurveEditor::showKeyProperties()
 {
-    CurveKeysDialog* const keys = functionEditor->keysDialog();
+    CurveKeysDialog* const keys = d->keysDialog();
     if (keys->isVisible()) {
         keys->close();
     } else {
         keys->show();
     }
-    checkButton(showKeyPropertiesButton, keys->isVisible());
+    d->actions.checkButton(showKeyPropertiesButton, keys->isVisible());
 }
 
 void CurveEditor::enableShowKeyPptiesBtn()
 {
-    checkButton(showKeyPropertiesButton, true);
+    d->actions.checkButton(showKeyPropertiesButton, true);
 }
 
 void CurveEditor::disableShowKeyPptiesBtn()
 {
-    checkButton(showKeyPropertiesButton, false);
+    d->actions.checkButton(showKeyPropertiesButton, false);
 }

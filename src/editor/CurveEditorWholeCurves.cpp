@@ -5,6 +5,7 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandDelCurves.h"
 #include "curves/DottedName.h"
+#include "editor/CurveEditorPrivate.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QPointer>
@@ -29,12 +30,12 @@ void pasteAndRepaint(CurveEditor* editor, void (CanvasFunctionBase::*paste)())
 
 void CurveEditor::copy()
 {
-    functionEditor->canvas().copy();
+    d->canvas().copy();
 }
 
 void CurveEditor::copyKeys()
 {
-    functionEditor->canvas().copyKeys();
+    d->canvas().copyKeys();
 }
 
 void CurveEditor::paste()
@@ -69,56 +70,56 @@ void CurveEditor::pasteKeysOnTimeline()
 
 void CurveEditor::copyBtn()
 {
-    setDefaultButton(toolButtonActions[copyCurveButton], copyButton);
+    d->actions.setDefaultButton(copyCurveButton, copyButton);
     copy();
 }
 
 void CurveEditor::copyKeysBtn()
 {
-    setDefaultButton(toolButtonActions[copySelectedKeysButton], copyButton);
+    d->actions.setDefaultButton(copySelectedKeysButton, copyButton);
     copyKeys();
 }
 
 void CurveEditor::pasteBtn()
 {
-    setDefaultButton(toolButtonActions[pasteAndReplaceButton], pasteButton);
+    d->actions.setDefaultButton(pasteAndReplaceButton, pasteButton);
     paste();
 }
 
 void CurveEditor::pasteOffsetBtn()
 {
-    setDefaultButton(toolButtonActions[pasteAndReplaceAfterTimelineButton], pasteButton);
+    d->actions.setDefaultButton(pasteAndReplaceAfterTimelineButton, pasteButton);
     pasteOffset();
 }
 
 void CurveEditor::pasteOnTimelineBtn()
 {
-    setDefaultButton(toolButtonActions[pasteAndReplaceOnCurrentFrameButton], pasteButton);
+    d->actions.setDefaultButton(pasteAndReplaceOnCurrentFrameButton, pasteButton);
     pasteOnTimeline();
 }
 
 void CurveEditor::pasteKeysBtn()
 {
-    setDefaultButton(toolButtonActions[pasteCombinedButton], pasteButton);
+    d->actions.setDefaultButton(pasteCombinedButton, pasteButton);
     pasteKeys();
 }
 
 void CurveEditor::pasteKeysOffsetBtn()
 {
-    setDefaultButton(toolButtonActions[pasteCombinedAfterTimelineButton], pasteButton);
+    d->actions.setDefaultButton(pasteCombinedAfterTimelineButton, pasteButton);
     pasteKeysOffset();
 }
 
 void CurveEditor::pasteKeysOnTimelineBtn()
 {
-    setDefaultButton(toolButtonActions[pasteCombinedOnCurrentFrameButton], pasteButton);
+    d->actions.setDefaultButton(pasteCombinedOnCurrentFrameButton, pasteButton);
     pasteKeysOnTimeline();
 }
 
 void CurveEditor::resetAllCheckedF()
 {
-    functionEditor->keysDialog()->enableKeyFields(false);
-    functionEditor->canvas().resetAllCurves();
+    d->keysDialog()->enableKeyFields(false);
+    d->canvas().resetAllCurves();
     refreshEditor();
     refreshCommandLine(); // the expressions are gone
     update();
@@ -126,8 +127,8 @@ void CurveEditor::resetAllCheckedF()
 
 void CurveEditor::resetSelectedF()
 {
-    functionEditor->keysDialog()->enableKeyFields(false);
-    functionEditor->canvas().resetEditingCurves();
+    d->keysDialog()->enableKeyFields(false);
+    d->canvas().resetEditingCurves();
     refreshEditor();
     refreshCommandLine(); // the expressions are gone
     update();
@@ -138,6 +139,6 @@ void CurveEditor::deleteCurveAndExp(const QString& node, const QString& curve,
 {
     NodeStruct* const record = searchAllNodeList(DottedName(node, curve).text());
     if (record) {
-        manager.doCommand(new CommandDelCurves(this, QList<NodeStruct*>{record}));
+        d->manager.doCommand(new CommandDelCurves(this, QList<NodeStruct*>{record}));
     }
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace curve_editor {
 
@@ -22,6 +23,16 @@ inline int positionOfNodeType(const int& type)
     const auto found = std::find(nodeTypeOfPosition.begin(), nodeTypeOfPosition.end(), type);
     return found == nodeTypeOfPosition.end() ? 0
                                              : static_cast<int>(found - nodeTypeOfPosition.begin());
+}
+
+/// Sets `type` to that at the position; false, and nothing is set, where there is none.
+inline bool setNodeTypeAt(int position, int& type)
+{
+    if (!isNodeTypePosition(position)) {
+        return false;
+    }
+    type = nodeTypeOfPosition[static_cast<std::size_t>(position)];
+    return true;
 }
 
 } // namespace curve_editor
