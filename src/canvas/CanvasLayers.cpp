@@ -1,10 +1,10 @@
 #include "canvas/CanvasLayers.h"
 
-#include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/LayerPlace.h"
-#include "canvas/ViewPort.h"
 #include "core/ContentHash.h"
+#include "graphs/CanvasColors.h"
+#include "graphs/ViewPort.h"
 
 #include <QHash>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "canvas/CurveLayers.h"
 
 #include "canvas/LayerPlace.h"
-#include "canvas/ViewPort.h"
 #include "curves/CurveNodeBase.h"
+#include "graphs/ViewPort.h"
 
 #include <QFont>
 #include <QPainter>
@@ -113,7 +113,8 @@ void CurveLayers::divide(const std::vector<Shown>& shown)
         divided.back().curves.push_back(each);
     }
     for (std::size_t i = 0; i < divided.size(); ++i) {
-        if (formerRuns[i] != none && divided[i].curves.size() == runs[formerRuns[i]].curves.size()) {
+        if (formerRuns[i] != none &&
+            divided[i].curves.size() == runs[formerRuns[i]].curves.size()) {
             Run& former = runs[formerRuns[i]];
             divided[i].isValid = former.isValid && !divided[i].isChanging;
             divided[i].picture = std::move(former.picture);
@@ -156,8 +157,8 @@ void CurveLayers::unite(std::size_t runLimit)
     const auto cost = [this](std::size_t i) {
         const Run& left = runs[i];
         const Run& right = runs[i + 1];
-        const std::size_t curves = (left.isValid ? left.curves.size() : 0) +
-                                   (right.isValid ? right.curves.size() : 0);
+        const std::size_t curves =
+            (left.isValid ? left.curves.size() : 0) + (right.isValid ? right.curves.size() : 0);
         const std::size_t all = left.curves.size() + right.curves.size();
         return curves + (left.isChanging != right.isChanging ? all : 0);
     };

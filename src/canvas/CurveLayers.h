@@ -32,6 +32,8 @@ public:
     /// How often a picture was made, and of how many curves, since the beginning.
     int paintedPictures() const { return pictureCount; }
     int paintedCurves() const { return curveCount; }
+    /// How many pictures are kept.
+    std::size_t runCount() const { return runs.size(); }
 
 private:
     /// A curve that draws something, and what it draws.

@@ -1,7 +1,7 @@
 #include "canvas/FrameGrid.h"
 
-#include "canvas/ViewPort.h"
 #include "core/Truncate.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 #include <QWidget>
@@ -89,15 +89,16 @@ QString labelText(const int& index, const int& zeroIndex, const double& value)
 } // namespace
 
 FrameGrid::FrameGrid(QWidget* canvasWidget)
-    : labelFont(QStringLiteral("Arial"), 8)
-    , linePen(QBrush(Qt::white), 1.0, Qt::SolidLine)
-    , fontColor(Qt::white)
-    , timeLineColor(220, 255, 255, 255)
-    , vLineColor(220, 255, 255, 255)
-    , hLineColor(220, 255, 255, 255)
-    , owner(canvasWidget)
+    : owner(canvasWidget)
 {
+    labelFont = QFont(QStringLiteral("Arial"), 8);
     labelFont.setStretch(87);
+    linePen = QPen(QBrush(Qt::white), 1.0, Qt::SolidLine);
+    fontColor = Qt::white;
+    const QColor borders(220, 255, 255, 255);
+    timeLineColor = borders;
+    vLineColor = borders;
+    hLineColor = borders;
 }
 
 void FrameGrid::update(const ViewPort& view)

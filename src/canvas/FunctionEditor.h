@@ -1,9 +1,10 @@
 #pragma once
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/ViewPort.h"
 #include "core/ZkTypes.h"
+#include "graphs/ViewPort.h"
 
+#include <QRegion>
 #include <QWidget>
 
 #include <memory>
@@ -35,6 +36,8 @@ public:
     /// Shows the selected keys in the key dialog, its fields open if the curves being edited have
     /// keys. Called whenever the selection may have changed.
     void refreshKeysDialog();
+    /// Moves the time line to a time in seconds. The next paint need not look at the curves for it.
+    void moveTimeLine(const double& time);
     /// Tells the editor time and value under the cursor and the first curve's value there.
     void reportCursor(QMouseEvent* event);
 
@@ -58,8 +61,12 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    QRect bandPlace() const;
+    QRect timeLineStrip() const;
+    void updateMoved(const QRect& before, const QRect& after);
     void showSelectedKeys(bool opensFields);
 
     CanvasFunctionBase logic;
+    QRegion moved; ///< where only the time line or the rubber band has moved since the last paint
     std::unique_ptr<CurveKeysDialog> keys; ///< its parent is the editor
 };

@@ -1,3 +1,5 @@
+// Fitting the view to keys.
+
 #include "canvas/FunctionEditor.h"
 
 namespace {

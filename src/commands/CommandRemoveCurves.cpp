@@ -1,9 +1,9 @@
 #include "commands/CommandRemoveCurves.h"
 
-#include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/EligibleCurves.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
-#include "editor/CurveEditor.h"
 
 namespace curve_editor {
 
@@ -21,9 +21,13 @@ bool fits(CurveNode* curve, const NodeStruct* record)
 
 } // namespace
 
-CommandRemoveCurves::CommandRemoveCurves(CurveEditor* curveEditor, const QStringList& dotNames)
-    : editor(curveEditor)
-    , previousSelection(curveEditor->getSelection())
+CommandRemoveCurves::CommandRemoveCurves(CurveEditor* editor, const QStringList& dotNames)
+    : CommandRemoveCurves(contextOf(editor), dotNames)
+{}
+
+CommandRemoveCurves::CommandRemoveCurves(CommandContext& given, const QStringList& dotNames)
+    : context(&given)
+    , previousSelection(given.selection())
     , names(dotNames)
 {}
 
@@ -33,11 +37,11 @@ bool CommandRemoveCurves::execute()
     const bool isFirst = curves.empty();
     for (const QString& name : leaving) {
         if (isFirst) {
-            curves.emplace_back(editor->curveFromDotName(name));
+            curves.emplace_back(context->findCurve(name));
         }
-        editor->removeCurveFromEditing(name);
+        context->leaveEditing(name);
     }
-    editor->emitSignalCurvesHaveChanged();
+    context->reportEditingCurves();
     return true;
 }
 
@@ -47,14 +51,14 @@ void CommandRemoveCurves::undo()
     const qsizetype count = qMin(returning.size(), static_cast<qsizetype>(curves.size()));
     for (qsizetype i = 0; i < count; ++i) {
         CurveNode* const curve = curves[static_cast<std::size_t>(i)].get();
-        if (NodeStruct* const record = editor->searchAllNodeList(returning[i])) {
-            editor->setCurveEditableOn(record, fits(curve, record) ? curve : nullptr);
-            editor->setColorToEditingNode(record, QColor(record->color));
+        if (NodeStruct* const record = context->catalogue().find(returning[i])) {
+            context->enterEditing(record, fits(curve, record) ? curve : nullptr);
+            context->setColor(record, record->color);
         }
     }
-    editor->selectNodes(previousSelection);
-    editor->update();
-    editor->emitSignalCurvesHaveChanged();
+    context->select(previousSelection);
+    context->repaint();
+    context->reportEditingCurves();
 }
 
 void CommandRemoveCurves::redo()

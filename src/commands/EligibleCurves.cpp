@@ -1,40 +1,46 @@
 #include "commands/EligibleCurves.h"
 
-#include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
+#include "commands/CommandContext.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
-#include "editor/CurveEditor.h"
+#include "curves/DottedName.h"
+#include "graphs/SplineCurveGraph.h"
 
 namespace curve_editor {
 
-NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve)
+QString dotNameOf(const NodeStruct& record)
 {
-    const QString name = curve->dotName();
-    NodeStruct* record = editor->searchAllNodeList(name);
+    return DottedName(record.mainNodeName, record.curveName).text();
+}
+
+NodeStruct* recordOf(const CommandContext& context, const CurveNode& curve)
+{
+    const QString name = curve.dotName();
+    NodeStruct* record = context.catalogue().find(name);
     if (!record) {
-        record = editor->searchAllNodeListCurveName(parserForm(name));
+        record = context.catalogue().findParserName(parserForm(name));
     }
     return record && record->dotName == name ? record : nullptr;
 }
 
-QList<NodeStruct*> eligibleRecords(CurveEditor* editor)
+QList<NodeStruct*> eligibleRecords(const CommandContext& context)
 {
     QList<CurveNode*> eligible;
-    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
+    const QList<CurveNode*> curves = context.editingCurves();
     for (CurveNode* curve : curves) {
         if (hasKeys(curve->curveType()) && curve->spline()) {
             eligible.append(curve);
         }
     }
-    return recordsOf(editor, eligible);
+    return recordsOf(context, eligible);
 }
 
-QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>& curves)
+QList<NodeStruct*> recordsOf(const CommandContext& context, const QList<CurveNode*>& curves)
 {
     QList<NodeStruct*> records;
     for (CurveNode* curve : curves) {
-        NodeStruct* const record = recordOf(editor, curve);
+        NodeStruct* const record = recordOf(context, *curve);
         if (showsRecord(curve, record)) {
             records.append(record);
         }
@@ -42,33 +48,38 @@ QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>&
     return records;
 }
 
-QList<KeyRef> selectedKeysOf(CurveEditor* editor, const NodeStruct* record)
+QList<KeyRef> selectedKeysOf(const CommandContext& context, const NodeStruct* record)
 {
-    const ControlSplineNode* const selection = selectionOf(editor, record);
+    const ControlSplineNode* const selection = selectionOf(context, record);
     return selection ? membersOf(record->livingSpline(), selection->commandKeys())
                      : QList<KeyRef>();
 }
 
-CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record)
+CurveNode* findLeaf(const CommandContext& context, const QString& dotName)
+{
+    CurveNode* const found = context.findCurve(dotName);
+    return found && found->isCurve() ? found : nullptr;
+}
+
+CurveNode* findCurveOf(const CommandContext& context, const NodeStruct* record)
 {
     if (!record) {
         return nullptr;
     }
-    CurveNode* const found =
-        editor->getFunctionEditor()->canvas().findCurve(editor->dotName(record));
+    CurveNode* const found = context.findCurve(dotNameOf(*record));
     return showsRecord(found, record) ? found : nullptr;
 }
 
-ControlSplineNode* selectionOf(CurveEditor* editor, const NodeStruct* record)
+ControlSplineNode* selectionOf(const CommandContext& context, const NodeStruct* record)
 {
-    CurveNode* const curve = findCurveOf(editor, record);
+    CurveNode* const curve = findCurveOf(context, record);
     SplineCurveGraph* const graph = curve ? curve->splineGraph() : nullptr;
     return graph ? &graph->selection() : nullptr;
 }
 
-void selectList(CurveEditor* editor, const NodeStruct* record, const QList<KeyRef>& keys)
+void selectList(const CommandContext& context, const NodeStruct* record, const QList<KeyRef>& keys)
 {
-    if (ControlSplineNode* const selection = selectionOf(editor, record)) {
+    if (ControlSplineNode* const selection = selectionOf(context, record)) {
         QList<PointInfo*> points;
         for (const KeyRef& member : membersOf(record->livingSpline(), keys)) {
             points.append(member.key);
@@ -93,10 +104,12 @@ QList<KeyRef> membersOf(const SplineBase* spline, const QList<KeyRef>& keys)
     return members;
 }
 
-void dropDepartedKeys(CurveEditor* editor, const QSet<const SplineBase*>& splines)
+void dropDepartedKeys(const CommandContext& context, const QSet<const SplineBase*>& splines)
 {
-    for (CurveNode* top : editor->getFunctionEditor()->canvas().topNodes()) {
-        for (CurveNode* curve : top->curves()) {
+    const QList<CurveNode*> tops = context.topCurves();
+    for (CurveNode* top : tops) {
+        const QList<CurveNode*> curves = top->curves();
+        for (CurveNode* curve : curves) {
             if (splines.contains(curve->spline()) && curve->splineGraph()) {
                 curve->splineGraph()->selection().dropDeparted();
             }

@@ -4,14 +4,15 @@
 
 #include <QList>
 #include <QSet>
+#include <QString>
 
 class ControlSplineNode;
-class CurveEditor;
 class CurveNode;
 class SplineBase;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 // Who owns a key. Every key of a host's spline has exactly one owner that frees it: that spline,
@@ -32,28 +33,34 @@ struct NodeStruct;
 // - A spline that its host has destroyed has freed the keys it held. Commands forget those, and
 //   free what they own themselves.
 
+/// The name by which a record's curve is known.
+QString dotNameOf(const NodeStruct& record);
+
 /// The record that bears a curve's name, or null. One that the list search passes over, because the
 /// name of an earlier record is a prefix of its own, is still found by its parser form.
-NodeStruct* recordOf(const CurveEditor* editor, const CurveNode* curve);
+NodeStruct* recordOf(const CommandContext& context, const CurveNode& curve);
 
 /// The curves being edited that have keys, with a record each.
-QList<NodeStruct*> eligibleRecords(CurveEditor* editor);
+QList<NodeStruct*> eligibleRecords(const CommandContext& context);
 
 /// The records of curves on the canvas, in order. A curve without one is left out.
-QList<NodeStruct*> recordsOf(const CurveEditor* editor, const QList<CurveNode*>& curves);
+QList<NodeStruct*> recordsOf(const CommandContext& context, const QList<CurveNode*>& curves);
 
 /// The selected keys of a record's curve, all of them keys of its spline; none when the curve is
 /// not on the canvas.
-QList<KeyRef> selectedKeysOf(CurveEditor* editor, const NodeStruct* record);
+QList<KeyRef> selectedKeysOf(const CommandContext& context, const NodeStruct* record);
+
+/// The curve on the canvas of that name; null where a group or nothing answers to it.
+CurveNode* findLeaf(const CommandContext& context, const QString& dotName);
 
 /// The leaf on the canvas that bears a record's name and shows its spline, or null.
-CurveNode* findCurveOf(CurveEditor* editor, const NodeStruct* record);
+CurveNode* findCurveOf(const CommandContext& context, const NodeStruct* record);
 
 /// The key selection of a record's curve; null when it is not on the canvas.
-ControlSplineNode* selectionOf(CurveEditor* editor, const NodeStruct* record);
+ControlSplineNode* selectionOf(const CommandContext& context, const NodeStruct* record);
 
 /// Makes these keys a curve's selection; those that have left its spline are passed over.
-void selectList(CurveEditor* editor, const NodeStruct* record, const QList<KeyRef>& keys);
+void selectList(const CommandContext& context, const NodeStruct* record, const QList<KeyRef>& keys);
 
 /// Whether a curve object shows what a record speaks of.
 bool showsRecord(CurveNode* curve, const NodeStruct* record);
@@ -64,6 +71,6 @@ QList<KeyRef> membersOf(const SplineBase* spline, const QList<KeyRef>& keys);
 /// Takes all keys that these splines do not hold out of the selections of the curves that show
 /// them, also of those that are not being edited: to be called once, when keys have left. It looks
 /// at every curve on the canvas.
-void dropDepartedKeys(CurveEditor* editor, const QSet<const SplineBase*>& splines);
+void dropDepartedKeys(const CommandContext& context, const QSet<const SplineBase*>& splines);
 
 } // namespace curve_editor

@@ -1,9 +1,9 @@
 #include "commands/GestureKeys.h"
 
+#include "commands/CommandContext.h"
 #include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
 #include "curves/KeyRetiming.h"
-#include "editor/CurveEditor.h"
 
 #include <QtAlgorithms>
 
@@ -34,12 +34,12 @@ void freeCopies(QList<QList<PointInfo*>>& lists)
 
 } // namespace
 
-GestureKeys::GestureKeys(CurveEditor* curveEditor)
-    : editor(curveEditor)
-    , nodes(eligibleRecords(curveEditor))
+GestureKeys::GestureKeys(CommandContext& given)
+    : context(&given)
+    , nodes(eligibleRecords(given))
 {
     for (const NodeStruct* node : std::as_const(nodes)) {
-        keys.append(selectedKeysOf(editor, node));
+        keys.append(selectedKeysOf(given, node));
         before.append(copiesOf(keys.last()));
     }
 }
@@ -79,7 +79,7 @@ void GestureKeys::applyAfter(const Writer& write)
 
 void GestureKeys::report()
 {
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
 }
 
 void GestureKeys::dropDeparted()

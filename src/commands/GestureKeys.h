@@ -5,11 +5,11 @@
 
 #include <QList>
 
-class CurveEditor;
 class SplineBase;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// The keys that a gesture works on and their records before and after it. All lists stay in
@@ -23,7 +23,7 @@ public:
     using Writer = void (*)(PointInfo& key, const PointInfo& copy);
 
     /// Notes the selected keys of the curves being edited, as they are.
-    explicit GestureKeys(CurveEditor* editor);
+    explicit GestureKeys(CommandContext& context);
     ~GestureKeys();
     GestureKeys(const GestureKeys&) = delete;
     GestureKeys& operator=(const GestureKeys&) = delete;
@@ -45,7 +45,7 @@ private:
     void dropDeparted();
     void apply(const PointLists& states, const Writer& write);
 
-    CurveEditor* editor;       ///< not owned
+    CommandContext* context;   ///< not owned
     QList<NodeStruct*> nodes;  ///< not owned: the catalogue's
     QList<QList<KeyRef>> keys; ///< the live keys, not owned
     PointLists before;         ///< owned copies

@@ -3,7 +3,7 @@
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
-#include "curves/CurveEvaluation.h"
+#include "curves/CurveType.h"
 #include "curves/CurveXmlReader.h"
 #include "curves/CurveXmlWriter.h"
 #include "curves/FileReplacement.h"

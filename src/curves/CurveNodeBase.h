@@ -1,7 +1,8 @@
 #pragma once
 
+#include "core/SplineHandle.h"
 #include "curves/CurveNode.h"
-#include "curves/SplineHandle.h"
+#include "curves/FileReading.h"
 
 #include <QColor>
 #include <QObject>
@@ -16,6 +17,7 @@ class QXmlStreamWriter;
 
 namespace curve_editor {
 struct CurveXmlContent;
+struct NodeStruct;
 } // namespace curve_editor
 
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
@@ -39,6 +41,8 @@ public:
                   const QColor& color, float curveValue, SplineBase* spline,
                   FunctionFloatBase** expressionSlot, float minimumValue, float maximumValue,
                   bool notifiesHost);
+    /// A curve made for a tree, which knows it from now on, of what the record lends.
+    CurveNodeBase(CurveTree& tree, const curve_editor::NodeStruct& record);
     ~CurveNodeBase() override;
 
     bool isCurve() const override;
@@ -64,6 +68,9 @@ public:
     /// curve now depends on itself, a box says so and the message marks where: kind 2, spans in
     /// bytes of its text.
     void setExpression(FunctionFloatBase* expression, ParseMessage& message) override;
+    /// The same without a box: what that would tell comes back.
+    curve_editor::Problems takeExpression(std::unique_ptr<FunctionFloatBase> expression,
+                                          ParseMessage& message);
     void markChanged() override;
     void setAddFunc(const bool& add) override;
     /// Deletes the expression, empties selection and spline, and reports the change.
@@ -101,6 +108,8 @@ public:
     /// Reads a file into spline and slot, with the parser for the expression. False when it
     /// cannot be opened, or after a message box that tells the error.
     bool LoadXML(const QString& path, FunctionParserBase* parser);
+    /// The same without a box: what that would tell comes back.
+    curve_editor::FileReading readXml(const QString& path, FunctionParserBase* parser);
     /// The same from a reader that stands on the start of a `curve` element, without any box.
     /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
@@ -114,6 +123,8 @@ public:
     /// the three shows a box. In both cases nothing has changed. Keys that do not read leave the
     /// old ones. A curve that keeps its expression while a spline is read is no sum any more.
     void loadCrv(const QString& path, FunctionParserBase* parser);
+    /// The same without a box: what that would tell comes back.
+    curve_editor::Problems readCrv(const QString& path, FunctionParserBase* parser);
     /// Writes the file from the curve type on; the three lines of the colour come before.
     void saveCrv(std::ofstream& stream);
     void saveCrv(std::ostream& stream);
@@ -130,6 +141,9 @@ private slots:
     void createNodeAtCursor();
 
 private:
+    CurveNodeBase(CurveTree* tree, const QString& name, const QString& path,
+                  const curve_editor::NodeStruct& content);
+
     FunctionFloatBase** livingSlot() const;
     double framesPerSecond() const;
     int labelDecimals() const;
@@ -146,7 +160,7 @@ private:
     void readExpression(std::ifstream& stream, FunctionParserBase& parser);
 
     bool changed = false;
-    SplineHandle hostSpline;
+    curve_editor::SplineHandle hostSpline;
     FunctionFloatBase** slot; ///< the host's; left alone once its spline is destroyed
     std::unique_ptr<SplineCurveGraph> keysGraph;
     std::unique_ptr<ExpressionCurveGraph> expressionGraph;

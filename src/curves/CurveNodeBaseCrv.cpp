@@ -1,7 +1,6 @@
 // A curve and the older curve file: three numbers of a colour, the curve type, the expression and
 // the spline, each on lines of its own.
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -9,12 +8,14 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/PipeOrDevice.h"
-
-#include <QMessageBox>
+#include "graphs/SplineCurveGraph.h"
 
 #include <fstream>
 #include <locale>
 #include <string>
+
+using curve_editor::Problem;
+using curve_editor::Problems;
 
 namespace {
 
@@ -42,19 +43,22 @@ int readCurveType(std::ifstream& stream)
 
 void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
 {
+    showBoxes(readCrv(path, parser));
+}
+
+Problems CurveNodeBase::readCrv(const QString& path, FunctionParserBase* parser)
+{
     if (curve_editor::isPipeOrDevice(path)) {
-        return;
+        return {};
     }
     std::ifstream stream(path.toLocal8Bit().constData());
     if (!stream) {
-        return;
+        return {};
     }
     stream.imbue(std::locale::classic());
     const int type = readCurveType(stream);
     if (type < 0) {
-        stream.close();
-        QMessageBox::warning(nullptr, tr("Error Loading Curve File"), tr("Curve type not valid"));
-        return;
+        return {{Problem::warning, tr("Error Loading Curve File"), tr("Curve type not valid")}};
     }
     if (type != splineCurve) {
         readExpression(stream, parser ? *parser : *FunctionParserBase::instance());
@@ -70,6 +74,7 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
         setAddFunc(type == splinePlusExpressionCurve);
     }
     changed = true;
+    return {};
 }
 
 /// The first word alone; an expression that does not parse leaves the slot empty, without a word.

@@ -1,18 +1,18 @@
 // How a curve keeps its pixels up to date and draws them.
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/ExpressionCurveGraph.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
 #include "core/Truncate.h"
+#include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveTree.h"
 #include "curves/CurveType.h"
-#include "curves/EvaluatedCurve.h"
-#include "editor/CurveEditor.h"
+#include "curves/CurveVisit.h"
+#include "graphs/EvaluatedCurve.h"
+#include "graphs/ExpressionCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 
@@ -21,7 +21,7 @@
 namespace {
 
 const int expressionSamples = 5000;
-const int decimalsWithoutEditor = 2;
+const int decimalsWithoutHost = 2;
 
 /// Holds a value between two limits; what is no finite number counts as the upper one.
 double drawnValue(const double& value, const double& minimum, const double& maximum)
@@ -83,7 +83,7 @@ void CurveNodeBase::updateGraph(ViewPort* viewport)
     if (!viewport) {
         return;
     }
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const int type = curveType();
     const bool pixelsAreOld =
         type == expressionCurve ? expressionGraph->pixelsAreOld : keysGraph->arePixelsOld();
@@ -128,7 +128,7 @@ void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
     if (!viewport || !painter) {
         return;
     }
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const int type = curveType();
     if (isActive(type)) {
         updateGraph(viewport);
@@ -169,6 +169,6 @@ void CurveNodeBase::drawKeys(ViewPort* viewport, QPainter* painter)
 
 int CurveNodeBase::labelDecimals() const
 {
-    const CurveEditor* editor = canvas ? canvas->curveEditor() : nullptr;
-    return editor ? editor->getNumberOfDecimals() : decimalsWithoutEditor;
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host ? host->labelDecimals() : decimalsWithoutHost;
 }

@@ -1,13 +1,13 @@
 // How a curve tells whether a picture of it still holds.
 
-#include "canvas/CanvasVisit.h"
-#include "canvas/ExpressionCurveGraph.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/ContentHash.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
+#include "curves/CurveVisit.h"
+#include "graphs/ExpressionCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 namespace {
 
@@ -79,7 +79,7 @@ bool CurveNodeBase::isPlain()
 
 std::uint64_t CurveNodeBase::refreshGraph(ViewPort* viewport)
 {
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const int type = curveType();
     const bool draws = type == splineCurve ? spline() != nullptr : expression() != nullptr;
     if (!viewport || !draws || !isActive(type)) {

@@ -1,6 +1,5 @@
 // A curve and its XML curve file.
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -10,15 +9,17 @@
 #include "curves/FileReplacement.h"
 #include "curves/PipeOrDevice.h"
 #include "curves/XmlInputGuard.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
-#include <QMessageBox>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
 using curve_editor::CurveXmlContent;
 using curve_editor::CurveXmlReader;
 using curve_editor::CurveXmlWriter;
+using curve_editor::FileReading;
+using curve_editor::Problem;
 
 namespace {
 
@@ -41,21 +42,27 @@ void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
 
 bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
 {
+    const FileReading reading = readXml(path, parser);
+    showBoxes(reading.problems);
+    return reading.isRead;
+}
+
+FileReading CurveNodeBase::readXml(const QString& path, FunctionParserBase* parser)
+{
     QFile file(path);
     if (curve_editor::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
-        return false;
+        return {};
     }
     curve_editor::XmlInputGuard guard(file);
     QXmlStreamReader stream(&guard);
     const bool isRead = CurveXmlReader(stream).readDocument(
         [&](CurveXmlContent& content) { takeContent(content, parser); });
-    file.close();
-    if (!isRead) {
-        QMessageBox::critical(nullptr, tr("Error Reading XML File"),
-                              tr("Error parsing XML curve file.\nReason:\n") +
-                                  stream.errorString().left(longestReason));
+    if (isRead) {
+        return {true, {}};
     }
-    return isRead;
+    const QString text =
+        tr("Error parsing XML curve file.\nReason:\n") + stream.errorString().left(longestReason);
+    return {false, {{Problem::critical, tr("Error Reading XML File"), text}}};
 }
 
 bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser)

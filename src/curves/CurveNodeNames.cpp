@@ -2,7 +2,7 @@
 
 #include "curves/CurveNode.h"
 
-#include "canvas/CanvasFunctionBase.h"
+#include "curves/CurveTree.h"
 
 namespace {
 
@@ -69,8 +69,8 @@ void CurveNode::setNames(const QString& name, const QString& path)
     const QString oldDotName = CurveNode::dotName();
     ownName = name;
     parentPath = path;
-    if (canvas) {
-        canvas->nodeRenamed(this, oldDotName);
+    if (tree) {
+        tree->nodeRenamed(this, oldDotName);
     }
 }
 

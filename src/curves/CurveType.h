@@ -1,5 +1,8 @@
 #pragma once
 
+class FunctionFloatBase;
+class SplineBase;
+
 /// What a curve is made of. Computed whenever it is asked for, never stored.
 enum curveTypes : int
 {
@@ -8,6 +11,10 @@ enum curveTypes : int
     splinePlusExpressionCurve = 2,
     mixedCurves = 3 ///< groups and editing sets only
 };
+
+/// The type of a curve made of these, of which either may be null. The spline's add func flag wins
+/// over everything: with it set the curve is spline plus expression even without an expression.
+int typeOfCurve(const SplineBase* spline, const FunctionFloatBase* expression);
 
 /// Whether curves of this type have keys to edit.
 inline bool hasKeys(const int& type)

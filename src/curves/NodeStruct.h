@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/SplineHandle.h"
+
 #include <QColor>
 #include <QString>
-
-#include <memory>
 
 #include "zk_curve_editor_export.h"
 
@@ -31,7 +31,12 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
     bool isEditing = false; ///< a curve object stands on the canvas
     bool notifyHost = true; ///< the curve object reports its changes
 
-    std::weak_ptr<const void> splineLife; ///< expires with the host's spline
+    SplineHandle splineHandle; ///< the same spline, as long as it lives
+
+    /// The record of a curve that a host lends, by what it gives to CurveEditor::addCurve.
+    static NodeStruct lent(const QString& node, const QString& curve, const QColor& color,
+                           float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                           float minValue, float maxValue, bool notifyHost);
 
     /// Takes the spline and notes its life.
     void setSpline(SplineBase* hostSpline);

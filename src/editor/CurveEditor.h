@@ -29,6 +29,8 @@ class SplineBase;
 
 namespace curve_editor {
 class CurveEditorPrivate;
+class EditorCanvasHost;
+class EditorCommandContext;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -555,6 +557,9 @@ private:
 
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
+
+    friend class curve_editor::EditorCanvasHost;
+    friend class curve_editor::EditorCommandContext;
 
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given

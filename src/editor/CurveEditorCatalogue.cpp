@@ -32,24 +32,11 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
     if (!searchMainNode(node)) {
         return;
     }
-    const DottedName name(node, curve);
-    if (searchAllNodeList(name.text())) {
+    if (searchAllNodeList(DottedName(node, curve).text())) {
         return;
     }
-    NodeStruct content;
-    content.setSpline(spline);
-    content.function = function;
-    content.color = color;
-    content.curveValue = curveValue;
-    content.minValue = minValue;
-    content.maxValue = maxValue;
-    content.mainNodeName = node;
-    content.curveName = curve;
-    content.dotName = name.text();
-    content.safeDotName = name.safeText();
-    content.isEditing = false;
-    content.notifyHost = notifyHost;
-    d->catalogue.addNode(content);
+    d->catalogue.addNode(NodeStruct::lent(node, curve, color, curveValue, spline, function,
+                                          minValue, maxValue, notifyHost));
 }
 
 void CurveEditor::addCurve(const QString& node, const QString& curve, const QColor& color,

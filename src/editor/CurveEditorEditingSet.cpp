@@ -2,10 +2,10 @@
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveVisit.h"
 #include "curves/DottedName.h"
 #include "editor/CurveEditorPrivate.h"
 #include "widgets/ControlMenu2.h"
@@ -68,9 +68,7 @@ void enterCanvas(CurveEditor* editor, NodeStruct* record, CurveNode* curve)
     CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
     dropEmptyGroup(canvas, record->dotName); // it would be taken for the curve
     if (!canvas.attachCanvasCurve(curve)) {  // none was given, or it has been freed since
-        curve = canvas.addCanvasCurve(record->dotName, record->color, record->curveValue,
-                                      record->livingSpline(), record->livingSlot(),
-                                      record->minValue, record->maxValue, record->notifyHost);
+        curve = canvas.addCanvasCurve(*record);
     }
     record->isEditing = true;
     auto* const leaf = dynamic_cast<CurveNodeBase*>(curve);
@@ -140,7 +138,7 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
     if (!record) {
         return;
     }
-    const CanvasVisit visit(&d->canvas());
+    const CurveVisit visit(&d->canvas().tree());
     selectionBusy = true;
     if (!record->isEditing) {
         enterCanvas(this, record, curve);

@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
 #include "commands/EligibleCurves.h"
@@ -36,8 +37,9 @@ void CurveEditor::executeCommand()
     }
     const QPointer<CurveEditor> self(this);
     d->manager.endGestures();
-    d->manager.doCommand(new CommandParseExpr(this, d->functionEditor, commandLine,
-                                              recordsOf(this, d->canvas().editingCurves())));
+    d->manager.doCommand(
+        new CommandParseExpr(this, d->functionEditor, commandLine,
+                             recordsOf(contextOf(this), d->canvas().editingCurves())));
     if (self) { // the box of an error runs an event loop
         refreshEditor();
     }
@@ -46,8 +48,9 @@ void CurveEditor::executeCommand()
 void CurveEditor::deleteCurveClicked()
 {
     d->manager.endGestures();
-    d->manager.doCommand(new CommandDelExpr(this, d->functionEditor, commandLine,
-                                            recordsOf(this, d->canvas().editingCurves())));
+    d->manager.doCommand(
+        new CommandDelExpr(this, d->functionEditor, commandLine,
+                           recordsOf(contextOf(this), d->canvas().editingCurves())));
     update();
 }
 

@@ -7,11 +7,11 @@
 #include "curves/DeviceStreamBuffer.h"
 #include "curves/FileReplacement.h"
 #include "curves/PipeOrDevice.h"
+#include "curves/Problem.h"
 #include "editor/CurveEditor.h"
 #include "editor/CurveEditorPrivate.h"
 
 #include <QFile>
-#include <QMessageBox>
 #include <QPointer>
 
 #include <memory>
@@ -93,8 +93,8 @@ void CurveEditor::loadImage()
     auto picture = std::make_unique<CanvasBackground>();
     if (!picture->image.load(path)) {
         const QPointer<CurveEditor> self(this);
-        QMessageBox::warning(nullptr, QStringLiteral("Error"),
-                             QStringLiteral("Unable to load image file"));
+        showBox(curve_editor::Problem{curve_editor::Problem::warning, QStringLiteral("Error"),
+                                      QStringLiteral("Unable to load image file")});
         if (!self) {
             return;
         }

@@ -129,9 +129,7 @@ void CurveEditor::connectModes()
 {
     curve_editor::ModeCallbacks callbacks;
     callbacks.beforeTool = [this] { d->canvas().endGesture(); };
-    callbacks.beforeMode = [this](CanvasMode next) {
-        d->canvas().endGestureUnlessIn(static_cast<int>(next));
-    };
+    callbacks.beforeMode = [this](CanvasMode next) { d->canvas().endGestureUnlessIn(next); };
     callbacks.toolChanged = [this] {
         for (const ToolRow& tool : toolRows) {
             d->actions.buttonAction(tool.button)->setChecked(getUserMode() == tool.mode);

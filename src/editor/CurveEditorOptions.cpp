@@ -2,10 +2,10 @@
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditorPrivate.h"
+#include "graphs/CanvasColors.h"
 #include "widgets/NodeTypePositions.h"
 
 #include <QAction>

@@ -11,7 +11,8 @@
 namespace curve_editor {
 
 CurveEditorPrivate::CurveEditorPrivate(CurveEditor* owner, const QString& iconsFolder)
-    : manager(CurveCommandsManager::instance())
+    : commandContext(*owner, catalogue)
+    , manager(CurveCommandsManager::instance())
     , icons{iconsFolder}
     , actions(owner, &icons)
     , editor(owner)

@@ -5,6 +5,7 @@
 #include "curves/Catalogue.h"
 #include "editor/CurveFileDialogs.h"
 #include "editor/EditorActions.h"
+#include "editor/EditorCommandContext.h"
 #include "editor/Readout.h"
 #include "editor/ToolIcons.h"
 
@@ -39,6 +40,7 @@ public:
     void repaintAll();
 
     Catalogue catalogue; ///< mainNodes, allNodes and their index
+    EditorCommandContext commandContext;
     CurveCommandsManager manager;
     ModeControl modes; ///< mode, tool and modifier keys
     ToolIcons icons;

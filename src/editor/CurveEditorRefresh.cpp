@@ -3,9 +3,9 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditorPrivate.h"
+#include "graphs/SplineCurveGraph.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QAction>

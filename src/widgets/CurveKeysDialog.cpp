@@ -1,3 +1,5 @@
+// Construction, and the fields by their names.
+
 #include "widgets/CurveKeysDialog.h"
 
 #include "commands/CommandChangePoints.h"

@@ -2,15 +2,15 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/CommandSetPointsType.h"
 #include "core/SplineBase.h"
+#include "curves/CurveVisit.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 #include "widgets/NodeTypePositions.h"
 
 #include <cmath>
@@ -146,7 +146,7 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
         return;
     }
     // Whoever hears of a twin's new text may take curves off the canvas.
-    const CanvasVisit visit(&editor->getFunctionEditor()->canvas());
+    const CurveVisit visit(&editor->getFunctionEditor()->canvas().tree());
     const double unit = field == timeField ? presentUnit() : 1.0;
     const double number = value / unit;
     const QList<SplineCurveGraph*> graphs = editableGraphs();

@@ -3,12 +3,12 @@
 #include "widgets/CurveKeysDialog.h"
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QEvent>
 #include <QSet>

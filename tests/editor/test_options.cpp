@@ -1,6 +1,6 @@
-#include "canvas/CanvasColors.h"
 #include "canvas/FrameGrid.h"
 #include "editor/EditorParts.h"
+#include "graphs/CanvasColors.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CurveCommand.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
@@ -9,6 +8,7 @@
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "commands/CommandContext.h"
+
+namespace curve_editor {
+
+/// What commands know of an editor, which owns this.
+class EditorCommandContext : public CommandContext
+{
+public:
+    /// Neither is owned; both outlive the context.
+    EditorCommandContext(CurveEditor& editor, const Catalogue& catalogue);
+
+    const Catalogue& catalogue() const override;
+    CurveNode* findCurve(const QString& dotName) const override;
+    QList<CurveNode*> topCurves() const override;
+    QList<CurveNode*> editingCurves() const override;
+    int editingType() const override;
+    KeyDefaults keyDefaults() const override;
+    QStringList selection() const override;
+
+    void listCurve(const NodeStruct& content) override;
+    void unlistCurve(const QString& node, const QString& curve) override;
+    void enterEditing(NodeStruct* record, CurveNode* object) override;
+    void enterSelected(const QString& node, const QString& curve) override;
+    void enterSelected(const QString& node, const QString& curve, CurveNode* object) override;
+    void leaveEditing(const QString& dotName) override;
+    void setColor(NodeStruct* record, const QColor& color) override;
+    void select(const QStringList& dotNames) override;
+
+    void reportOne(const QString& node, const QString& curve) override;
+    using CommandContext::report;
+    void report(const QStringList& dotNames) override;
+    bool blockReports(const bool& block) override;
+    void refresh() override;
+    void refreshExpressionLine() override;
+    void refreshKeysDialog() override;
+    void repaint() override;
+
+    bool tell(const Problems& problems) override;
+    QString textOf(const CommandLine* line) const override;
+    void showParsed(CommandLine* line, const ParseMessage& message) override;
+
+    static EditorCommandContext& of(const CurveEditor& editor);
+
+private:
+    CurveEditor& editor;
+    const Catalogue& records;
+};
+
+} // namespace curve_editor
