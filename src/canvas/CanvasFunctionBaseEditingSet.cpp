@@ -3,6 +3,7 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasGestures.h"
 #include "canvas/FunctionEditor.h"
+#include "core/FunctionFloatBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
 #include "curves/ExpressionText.h"

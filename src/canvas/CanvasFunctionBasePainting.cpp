@@ -6,6 +6,7 @@
 #include "canvas/CanvasGestures.h"
 #include "canvas/CanvasPainter.h"
 #include "canvas/FunctionEditor.h"
+#include "curves/CurveHost.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveVisit.h"
 
