@@ -51,8 +51,8 @@ CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, const QString& name, co
                              FunctionFloatBase** expressionSlot, float minimumValue,
                              float maximumValue, bool notifiesHost)
     : CurveNodeBase(treeOf(canvas), name, path,
-                    contentOf(color, curveValue, spline, expressionSlot, minimumValue, maximumValue,
-                              notifiesHost))
+                    NodeStruct::lent(path, name, color, curveValue, spline, expressionSlot,
+                                     minimumValue, maximumValue, notifiesHost))
 {}
 
 /// The path is the whole name without its last element, also where the curve lies higher than
