@@ -48,6 +48,9 @@ constexpr Comparison comparisons[] = {
 
     {"append, a key: 100,000 to 10,000", "append/100000", "append/10000", 0, nearLinear},
     {"append, a key: 1,000,000 to 100,000", "append/1000000", "append/100000", 0, nearLinear},
+    {"addPoints, 1,000,000: append, stable_sort", "addPoints/1000000", "appendAndSort/1000000", 0,
+     1.3},
+    {"reduce, a key: 100,000 to 10,000", "reduce/100000", "reduce/10000", 0, nearLinear},
     {"copyDup, a key: 100,000 to 10,000", "copyDup/100000", "copyDup/10000", 0, nearLinear},
     {"combine, a key: 100,000 to 10,000", "combine/100000", "combine/10000", 0, nearLinear},
 

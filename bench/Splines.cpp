@@ -1,11 +1,12 @@
-// Evaluation at random and ascending times beside a spline written by hand, and the making and
-// copying of long splines.
+// Evaluation at random and ascending times beside a spline written by hand, and the making,
+// copying and reducing of long splines.
 
 #include "BenchKeys.h"
 #include "HandWrittenSpline.h"
 #include "SideBySide.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <memory>
 #include <random>
@@ -91,6 +92,59 @@ void append(benchmark::State& state)
     SideBySide::countItems(state, keys);
 }
 
+std::vector<PointInfo> shuffledKeys(unsigned count)
+{
+    std::vector<PointInfo> keys(count);
+    for (unsigned i = 0; i < count; ++i) {
+        keys[i] = benchKey(i, zk_spline::bezier);
+    }
+    std::shuffle(keys.begin(), keys.end(), std::mt19937_64(2));
+    return keys;
+}
+
+void addPoints(benchmark::State& state)
+{
+    const std::vector<PointInfo> keys = shuffledKeys(static_cast<unsigned>(state.range(0)));
+    for (auto _ : state) {
+        auto spline = std::make_unique<SplineBase>();
+        spline->addPoints(keys);
+        state.PauseTiming();
+        spline.reset();
+        state.ResumeTiming();
+    }
+    SideBySide::countItems(state, keys.size());
+}
+
+void appendAndSort(benchmark::State& state)
+{
+    const std::vector<PointInfo> keys = shuffledKeys(static_cast<unsigned>(state.range(0)));
+    for (auto _ : state) {
+        auto points = std::make_unique<std::vector<std::unique_ptr<PointInfo>>>();
+        for (const PointInfo& key : keys) {
+            points->push_back(std::make_unique<PointInfo>(key));
+        }
+        std::stable_sort(points->begin(), points->end(),
+                         [](const auto& a, const auto& b) { return a->time < b->time; });
+        state.PauseTiming();
+        points.reset();
+        state.ResumeTiming();
+    }
+    SideBySide::countItems(state, keys.size());
+}
+
+void reduce(benchmark::State& state)
+{
+    const auto keys = static_cast<unsigned>(state.range(0));
+    SplineBase baked;
+    for (unsigned i = 0; i < keys; ++i) {
+        baked.addPoint(i / 25.0, std::sin(i / 25.0));
+    }
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(baked.reduce(1e-3).getControlPointsNumber());
+    }
+    SideBySide::countItems(state, keys);
+}
+
 void copyDup(benchmark::State& state)
 {
     const auto keys = static_cast<unsigned>(state.range(0));
@@ -146,6 +200,9 @@ bool registerEvaluations()
 [[maybe_unused]] const bool areRegistered = registerEvaluations();
 
 BENCHMARK(append)->Arg(10000)->Arg(100000)->Arg(1000000);
+BENCHMARK(addPoints)->Arg(1000000);
+BENCHMARK(appendAndSort)->Arg(1000000);
+BENCHMARK(reduce)->Arg(10000)->Arg(100000);
 BENCHMARK(copyDup)->Arg(10000)->Arg(100000);
 BENCHMARK(combine)->Arg(10000)->Arg(100000);
 

@@ -48,6 +48,10 @@ public:
         return u <= 1.0 - b ? topSpeed : topSpeed * ((1.0 - u) / b);
     }
 
+    /// The shares of the time at which the speed stops growing, and begins to fall.
+    double endOfStart() const { return sum > 1.0 ? from / sum : from; }
+    double startOfEnd() const { return 1.0 - (sum > 1.0 ? to / sum : to); }
+
     /// The speed at the very start and the very end; 1 is that of a segment without ease.
     double speedAtStart() const { return from > 0.0 ? 0.0 : 2.0 / (2.0 - to); }
     double speedAtEnd() const { return to > 0.0 ? 0.0 : 2.0 / (2.0 - from); }

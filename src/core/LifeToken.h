@@ -7,19 +7,27 @@
 class LifeToken
 {
 public:
-    LifeToken()
-        : token(std::make_shared<char>())
-    {}
-    LifeToken(const LifeToken&)
-        : LifeToken()
-    {}
+    LifeToken() noexcept = default;
+    LifeToken(const LifeToken&) noexcept {}
     // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is assigned
-    LifeToken& operator=(const LifeToken&) { return *this; }
+    LifeToken& operator=(const LifeToken&) noexcept { return *this; }
     ~LifeToken() = default;
 
     /// Expired once the holder is destroyed.
-    std::weak_ptr<const void> watch() const { return token; }
+    std::weak_ptr<const void> watch() const
+    {
+        // Made when somebody first asks, who may be one of several threads: so a holder can be
+        // made and moved without an allocation.
+        std::shared_ptr<char> watched = std::atomic_load(&token);
+        if (!watched) {
+            const auto made = std::make_shared<char>();
+            if (std::atomic_compare_exchange_strong(&token, &watched, made)) {
+                watched = made;
+            }
+        }
+        return watched;
+    }
 
 private:
-    std::shared_ptr<char> token;
+    mutable std::shared_ptr<char> token; ///< null until somebody watches
 };

@@ -1,6 +1,8 @@
 #include "core/SplineBase.h"
 #include "core/DepartedKeys.h"
 
+#include <utility>
+
 SplineBase::SplineBase() = default;
 
 SplineBase::SplineBase(const SplineBase& other)
@@ -19,6 +21,20 @@ SplineBase& SplineBase::operator=(const SplineBase& other)
     return *this;
 }
 
+SplineBase::SplineBase(SplineBase&& other) noexcept
+{
+    takeAll(other);
+}
+
+SplineBase& SplineBase::operator=(SplineBase&& other) noexcept
+{
+    if (this != &other) {
+        freePoints();
+        takeAll(other);
+    }
+    return *this;
+}
+
 SplineBase::~SplineBase()
 {
     freePoints();
@@ -31,6 +47,17 @@ void SplineBase::takeFields(const SplineBase& other)
     defaultValue = other.defaultValue;
     addFunc = other.addFunc;
     changed = other.changed;
+}
+
+/// Leaves the other one without keys; there must be none here.
+void SplineBase::takeAll(SplineBase& other)
+{
+    takeFields(other);
+    controlPoints.swap(other.controlPoints);
+    serials.swap(other.serials);
+    departed = std::move(other.departed);
+    orderUpset = std::exchange(other.orderUpset, false);
+    other.changed = true;
 }
 
 unsigned SplineBase::getControlPointsNumber() const
@@ -53,12 +80,27 @@ PointInfo* SplineBase::at(const unsigned& index) const
     return index < controlPoints.size() ? controlPoints[index] : nullptr;
 }
 
+const std::vector<PointInfo*>& SplineBase::keys() const
+{
+    return controlPoints;
+}
+
 const PointInfo* SplineBase::getFirst()
+{
+    return firstKey();
+}
+
+const PointInfo* SplineBase::firstKey() const
 {
     return controlPoints.empty() ? nullptr : controlPoints.front();
 }
 
 const PointInfo* SplineBase::getLast()
+{
+    return lastKey();
+}
+
+const PointInfo* SplineBase::lastKey() const
 {
     return controlPoints.empty() ? nullptr : controlPoints.back();
 }

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "core/InsertedKey.h"
 #include "core/KeyRef.h"
 #include "core/KeySerials.h"
 #include "core/LifeToken.h"
 #include "core/PointInfo.h"
+#include "core/SplineReadResult.h"
+#include "core/ValueBounds.h"
 #include "zk_curve_core_export.h"
 
 #include <atomic>
@@ -41,8 +44,8 @@ class FunctionFloatBase;
 /// equal times stand in the order of their serials: a new key behind the others, and one that
 /// comes back where it stood before.
 ///
-/// A spline alone may be evaluated from several threads as long as nobody edits it; with an
-/// expression on the user-interface thread only.
+/// A spline alone may be read and evaluated through its const members from several threads as long
+/// as nobody edits it; evaluated with an expression on the user-interface thread only.
 class ZK_CURVE_CORE_EXPORT SplineBase
 {
 public:
@@ -64,6 +67,11 @@ public:
     SplineBase(const SplineBase& other);
     /// Member by member; shares the keys of `other` and drops its own without freeing them.
     SplineBase& operator=(const SplineBase& other);
+    /// Member by member; `other` is left without keys. Keys keep their serials, and one that was
+    /// taken out of `other` comes back here. Those who watch a life watch that of their own object.
+    SplineBase(SplineBase&& other) noexcept;
+    /// The same; the keys that were here are freed first.
+    SplineBase& operator=(SplineBase&& other) noexcept;
     /// Frees the keys still in the list.
     ~SplineBase();
 
@@ -83,6 +91,19 @@ public:
     void clearCtrlPoints();
     /// The index of this key, -1 when it is not a key of this spline.
     const int findIndex(const PointInfo* point);
+
+    /// The same for a spline that is only read: the list itself, ascending in time.
+    const std::vector<PointInfo*>& keys() const;
+    /// The first key; null without keys.
+    const PointInfo* firstKey() const;
+    /// The last key; null without keys.
+    const PointInfo* lastKey() const;
+    /// The index of this key, -1 when it is not a key of this spline.
+    int indexOf(const PointInfo* point) const;
+    /// The nearest key strictly before the time, null if there is none.
+    const PointInfo* keyBefore(const double& time) const;
+    /// The nearest key strictly after the time, null if there is none.
+    const PointInfo* keyAfter(const double& time) const;
 
     /// Copies all fields of source over the key, then takes it out and puts it back in order.
     void copyPoint(const PointInfo* target, const PointInfo* source);
@@ -143,6 +164,16 @@ public:
     /// The same for a caller who knows what the key is: new, with 0, or that which had this serial
     /// here, however it has changed since. Returns the key with the serial that it now has.
     KeyRef addPointPtr(PointInfo* point, std::uint64_t serial);
+    /// Adds copies of as many records, in any order: those of equal times in the order given,
+    /// behind keys of the same time. Sorted and merged once, so this is the quick way to many keys.
+    void addPoints(const PointInfo* points, std::size_t count);
+    void addPoints(const std::vector<PointInfo>& points);
+    /// Adds a key on the curve at a time within the keys, and keeps the curve's shape; TCB
+    /// neighbours become Bezier keys of the slopes they had where a key between would bend them.
+    /// Where a segment speeds up or slows down through ease the shape is kept as nearly as keys can
+    /// keep it, which the result tells. At the time of a key that key is the result; outside of the
+    /// keys nothing is added.
+    InsertedKey insertKey(const double& time);
     /// Takes the key out without freeing it: it belongs to the caller.
     void remove(const PointInfo* point);
     /// The same for a caller who remembers the serial himself, to put the key back with it; the
@@ -163,7 +194,16 @@ public:
     /// The same with the value of the expression added, which sees "t" as time, "f" as the frame,
     /// see EvaluationTime, and "fps"; all three are restored afterwards. A null expression adds
     /// nothing.
-    const double operator()(const double& time, FunctionFloatBase* expression, const double& fps) const;
+    const double operator()(const double& time, FunctionFloatBase* expression,
+                            const double& fps) const;
+    /// The slope in value per second at a time in seconds, exactly: at a key that of the segment
+    /// which follows, at a jump and where a value is held 0. At a time of NaN, NaN. For many times
+    /// CurveSampler is quicker.
+    double derivative(const double& time) const;
+    /// The lowest and the highest value between two times in seconds, both included, in either
+    /// order; exactly. Counts a value that the curve only comes up to at the foot or the head of a
+    /// jump. NaN where there is no number among the values and where a time is NaN.
+    ValueBounds bounds(const double& from, const double& to) const;
     /// The slope (value per second) with which the curve comes into the key at the index, 0 to
     /// the number of keys minus one; 0 at any other index. A linear key answers with its chord, a
     /// stepped one with 0. `len` is always written: it sizes the handle, (1 - tension) / 2 held
@@ -179,6 +219,20 @@ public:
 
     /// Becomes a deep copy: new keys, both behaviours, default value and both flags.
     void copy(const SplineBase& source);
+    /// A deep copy.
+    SplineBase clone() const;
+    /// A spline of linear keys on this curve, at `first` and every 1 / `rate` seconds after it, and
+    /// at `last`; with the behaviours, default value and flags of this one. Without keys when the
+    /// times or the rate (frames per second) are no finite numbers in order, or when there would be
+    /// more than 100 million keys.
+    SplineBase bake(const double& first, const double& last, const double& rate) const;
+    /// A spline of fewer keys, at times of keys of this one, that is never farther than `tolerance`
+    /// from it within the keys and no farther behind them, in values at the same time. Jumps and
+    /// steps beyond the tolerance stay. From each key on, the longest stretch is taken that one
+    /// Bezier segment fits: after Schneider, "An Algorithm for Automatically Fitting Digitized
+    /// Curves", Graphics Gems, 1990, with time for the curve's parameter. As it is, when a key
+    /// holds a time or value that is no finite number. A negative tolerance and NaN count as 0.
+    SplineBase reduce(const double& tolerance) const;
     /// Takes over the keys of source as pointers, with their serials, and its other fields. Drops
     /// its own keys without freeing them; the changed flag is set.
     void copyRefs(const SplineBase& source);
@@ -199,6 +253,8 @@ public:
     /// Replaces keys, behaviours and default value by what save wrote. On anything else the
     /// spline stays as it is.
     static void load(SplineBase* spline, std::ifstream& stream);
+    /// The same from any stream; tells how it went. A null spline is not read.
+    static SplineReadResult load(SplineBase* spline, std::istream& stream);
 
     /// Expires when the spline is destroyed: whoever keeps a pointer to a spline of somebody
     /// else's keeps this beside it.
@@ -208,16 +264,20 @@ private:
     using PointList = std::vector<PointInfo*>;
 
     PointList::iterator find(const PointInfo* point);
-    static std::uint64_t newSerial();
+    PointList::const_iterator placeInOrder(const PointInfo* point) const;
+    static std::uint64_t newSerials(std::size_t count);
     bool comesBefore(const PointInfo* point, const PointInfo* other) const;
     void insertNew(PointInfo* point);
     void insertInOrder(PointInfo* point);
+    void mergeNew(const PointList& added);
+    void holdSlopes(std::size_t index, double incoming, double outgoing);
     void settle(std::size_t index);
     void restoreOrder();
     void dropPoints();
     void freePoints();
     void takePoints(const PointList& newPoints);
     void takeFields(const SplineBase& other);
+    void takeAll(SplineBase& other);
     PointList duplicates(const double& offset) const;
 
     std::size_t segmentAt(double time) const;
@@ -232,6 +292,7 @@ private:
     double valueNear(double time, double noise) const;
     double valueOnTangent(const double& time, const PointInfo& end, const bool& before) const;
     double endSlope(const bool& before, double scale) const;
+    double slopeInSegment(std::size_t index, double time) const;
     double chord(std::size_t index, double scale) const;
     double incomingSlope(std::size_t index, double scale) const;
     double outgoingSlope(std::size_t index, double scale) const;

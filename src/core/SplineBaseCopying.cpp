@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <iterator>
 
 void SplineBase::copy(const SplineBase& source)
 {
@@ -14,6 +13,13 @@ void SplineBase::copy(const SplineBase& source)
     freePoints();
     takePoints(points);
     takeFields(source);
+}
+
+SplineBase SplineBase::clone() const
+{
+    SplineBase twin;
+    twin.copy(*this);
+    return twin;
 }
 
 void SplineBase::copyRefs(const SplineBase& source)
@@ -54,20 +60,7 @@ std::vector<const PointInfo*> SplineBase::combine(const SplineBase& source, cons
 {
     PointList added = source.duplicates(offset);
     std::stable_sort(added.begin(), added.end(), TimeOrder());
-    if (orderUpset) {
-        restoreOrder();
-    }
-    serials.reserve(controlPoints.size() + added.size());
-    for (const PointInfo* point : added) {
-        serials.insert(point, newSerial());
-    }
-    PointList merged;
-    merged.reserve(controlPoints.size() + added.size());
-    // At equal times those that are here already come first: the others are new.
-    std::merge(controlPoints.begin(), controlPoints.end(), added.begin(), added.end(),
-               std::back_inserter(merged), TimeOrder());
-    controlPoints.swap(merged);
-    changed = true;
+    mergeNew(added);
     return {added.begin(), added.end()};
 }
 

@@ -1,13 +1,13 @@
 // The text of a spline in the older curve file.
 
 #include "core/SplineBase.h"
+#include "core/WordReader.h"
 
 #include <array>
 #include <charconv>
 #include <fstream>
-#include <iomanip>
 #include <string>
-#include <system_error>
+#include <vector>
 
 // The layout: number of keys, behaviour before, behaviour after, default value; then a line for
 // each key with its numbers in the order of numbersOf, its interpolation and 1 for unified.
@@ -15,7 +15,7 @@
 namespace {
 
 constexpr int exactDigits = 17;
-constexpr int longestWord = 64;
+constexpr int longestNumber = 64;
 
 template <typename Record>
 auto numbersOf(Record& point)
@@ -34,7 +34,7 @@ auto numbersOf(Record& point)
 template <typename... Format>
 void append(std::string& text, const Format&... numberAndFormat)
 {
-    std::array<char, longestWord> word{};
+    std::array<char, longestNumber> word{};
     const auto end = std::to_chars(word.data(), word.data() + word.size(), numberAndFormat...).ptr;
     text.append(word.data(), end);
     text += ' ';
@@ -53,46 +53,30 @@ void endLine(std::string& line, std::ostream& stream)
     line.clear();
 }
 
-/// Reads the next word, which must be a number from its first to its last character.
-template <typename Number>
-bool readNumber(std::istream& stream, Number& number)
-{
-    std::string word;
-    if (!(stream >> std::setw(longestWord) >> word)) {
-        return false;
-    }
-    if (word.size() == std::size_t{longestWord}) {
-        return false;
-    }
-    const char* const end = word.data() + word.size();
-    const auto result = std::from_chars(word.data(), end, number);
-    return result.ec == std::errc() && result.ptr == end;
-}
-
 template <typename Enumeration>
-bool readEnumeration(std::istream& stream, Enumeration& value)
+bool readEnumeration(WordReader& reader, Enumeration& value)
 {
     int number = 0;
-    if (!readNumber(stream, number)) {
+    if (!reader.readNumber(number)) {
         return false;
     }
     value = static_cast<Enumeration>(number);
     return true;
 }
 
-bool readPoint(std::istream& stream, PointInfo& point)
+bool readPoint(WordReader& reader, PointInfo& point)
 {
     for (double* number : numbersOf(point)) {
-        if (!readNumber(stream, *number)) {
+        if (!reader.readNumber(*number)) {
             return false;
         }
     }
     int unified = 0;
-    if (!readEnumeration(stream, point.type) || !readNumber(stream, unified)) {
+    if (!readEnumeration(reader, point.type) || !reader.readNumber(unified)) {
         return false;
     }
     point.unifiedTangents = unified == 1;
-    return unified == 0 || unified == 1;
+    return unified == 0 || unified == 1 || reader.fail("unified tangents are told by 0 or 1");
 }
 
 } // namespace
@@ -122,24 +106,33 @@ void SplineBase::save(SplineBase& spline, std::ostream& stream)
 
 void SplineBase::load(SplineBase* spline, std::ifstream& stream)
 {
+    load(spline, static_cast<std::istream&>(stream));
+}
+
+SplineReadResult SplineBase::load(SplineBase* spline, std::istream& stream)
+{
+    SplineReadResult result;
+    if (spline == nullptr) {
+        result.problem = "there is no spline to read into";
+        return result;
+    }
+    WordReader reader(stream);
     SplineBase loaded;
     unsigned count = 0;
-    if (spline == nullptr || !readNumber(stream, count) ||
-        !readEnumeration(stream, loaded.firstType) || !readEnumeration(stream, loaded.lastType) ||
-        !readNumber(stream, loaded.defaultValue)) {
-        return;
+    if (!reader.readNumber(count) || !readEnumeration(reader, loaded.firstType) ||
+        !readEnumeration(reader, loaded.lastType) || !reader.readNumber(loaded.defaultValue)) {
+        return reader.failure();
     }
     // The count is the file's word only: memory grows with the keys that are really there.
+    std::vector<PointInfo> points;
     for (unsigned read = 0; read < count; ++read) {
-        PointInfo point;
-        if (!readPoint(stream, point)) {
-            return;
+        points.emplace_back();
+        if (!readPoint(reader, points.back())) {
+            return reader.failure();
         }
-        loaded.controlPoints.push_back(new PointInfo(point));
-        loaded.serials.insert(loaded.controlPoints.back(), newSerial());
     }
     // Sorted once: a file may hold its keys in any order.
-    loaded.restoreOrder();
+    loaded.addPoints(points);
     spline->freePoints();
     spline->controlPoints.swap(loaded.controlPoints);
     spline->serials.swap(loaded.serials);
@@ -147,4 +140,6 @@ void SplineBase::load(SplineBase* spline, std::ifstream& stream)
     spline->lastType = loaded.lastType;
     spline->defaultValue = loaded.defaultValue;
     spline->changed = true;
+    result.isRead = true;
+    return result;
 }

@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <atomic>
 
-/// Greater than any that was given before. Never 0.
-std::uint64_t SplineBase::newSerial()
+/// The first of as many in a row, greater than any that was given before. Never 0.
+std::uint64_t SplineBase::newSerials(std::size_t count)
 {
     static std::atomic<std::uint64_t> last{0};
-    return last.fetch_add(1, std::memory_order_relaxed) + 1;
+    return last.fetch_add(count, std::memory_order_relaxed) + 1;
 }
 
 /// The order of the list: by time, and at equal times by serial. Both are keys of this spline.
@@ -29,6 +29,16 @@ bool SplineBase::holds(const KeyRef& ref) const
     return ref.serial != 0 && serials.of(ref.key) == ref.serial;
 }
 
+/// The place of a key of this spline by its order, or the end when it is not there.
+SplineBase::PointList::const_iterator SplineBase::placeInOrder(const PointInfo* point) const
+{
+    const auto candidate = std::lower_bound(
+        controlPoints.begin(), controlPoints.end(), point,
+        [this](const PointInfo* a, const PointInfo* b) { return comesBefore(a, b); });
+    const bool isThere = candidate != controlPoints.end() && *candidate == point;
+    return isThere ? candidate : controlPoints.end();
+}
+
 SplineBase::PointList::iterator SplineBase::find(const PointInfo* point)
 {
     // Only a member may be read: any other pointer may be a key that is long freed.
@@ -36,11 +46,9 @@ SplineBase::PointList::iterator SplineBase::find(const PointInfo* point)
         return controlPoints.end();
     }
     if (!orderUpset) {
-        const auto candidate = std::lower_bound(
-            controlPoints.begin(), controlPoints.end(), point,
-            [this](const PointInfo* a, const PointInfo* b) { return comesBefore(a, b); });
-        if (candidate != controlPoints.end() && *candidate == point) {
-            return candidate;
+        const auto place = placeInOrder(point);
+        if (place != controlPoints.end()) {
+            return controlPoints.begin() + (place - controlPoints.begin());
         }
         // A member that is not where it belongs: somebody wrote times past setTime.
         orderUpset = true;
@@ -50,11 +58,27 @@ SplineBase::PointList::iterator SplineBase::find(const PointInfo* point)
 
 const int SplineBase::findIndex(const PointInfo* point)
 {
-    const auto found = find(point);
-    return found == controlPoints.end() ? -1 : static_cast<int>(found - controlPoints.begin());
+    return indexOf(point);
+}
+
+int SplineBase::indexOf(const PointInfo* point) const
+{
+    if (serials.of(point) == 0) {
+        return -1;
+    }
+    auto place = orderUpset ? controlPoints.end() : placeInOrder(point);
+    if (place == controlPoints.end()) {
+        place = std::find(controlPoints.begin(), controlPoints.end(), point);
+    }
+    return static_cast<int>(place - controlPoints.begin());
 }
 
 const PointInfo* SplineBase::getPrev(const double& time)
+{
+    return keyBefore(time);
+}
+
+const PointInfo* SplineBase::keyBefore(const double& time) const
 {
     const auto place =
         std::lower_bound(controlPoints.begin(), controlPoints.end(), time, TimeOrder());
@@ -63,6 +87,11 @@ const PointInfo* SplineBase::getPrev(const double& time)
 }
 
 const PointInfo* SplineBase::getNext(const double& time)
+{
+    return keyAfter(time);
+}
+
+const PointInfo* SplineBase::keyAfter(const double& time) const
 {
     const auto place =
         std::upper_bound(controlPoints.begin(), controlPoints.end(), time, TimeOrder());
@@ -181,7 +210,7 @@ void SplineBase::copyPointNoUpdate(PointInfo* target, const PointInfo* source)
 /// Takes in a key that the spline never held. It goes behind all keys of its time.
 void SplineBase::insertNew(PointInfo* point)
 {
-    serials.insert(point, newSerial());
+    serials.insert(point, newSerials(1));
     if (!orderUpset &&
         (controlPoints.empty() || !isBefore(point->time, controlPoints.back()->time))) {
         controlPoints.push_back(point); // no need to compare serials: the last is the greatest

@@ -8,6 +8,7 @@
 #include <fstream>
 #include <limits>
 #include <locale>
+#include <sstream>
 
 namespace {
 
@@ -47,6 +48,10 @@ private slots:
     void badDataLeavesTheSplineUnchanged_data();
     void badDataLeavesTheSplineUnchanged();
     void aStreamThatIsNotOpenLeavesTheSplineUnchanged();
+    void anyStreamIsRead();
+    void aBadWordIsToldWithItsPlace_data();
+    void aBadWordIsToldWithItsPlace();
+    void readingLeavesWhatFollows();
 
 private:
     std::string path(const char* name) const
@@ -275,6 +280,64 @@ void TestSplineFile::aStreamThatIsNotOpenLeavesTheSplineUnchanged()
     SplineBase::load(nullptr, missing);
     std::ofstream nowhere(path("no such folder/file.txt"));
     SplineBase::save(spline, nowhere);
+}
+
+void TestSplineFile::anyStreamIsRead()
+{
+    SplineBase spline;
+    put(spline, makeKey(1.0, 2.0));
+    put(spline, makeKey(0.1, 1.0 / 3.0));
+    std::stringstream stream;
+    SplineBase::save(spline, stream);
+    SplineBase loaded;
+    const SplineReadResult result = SplineBase::load(&loaded, stream);
+    QVERIFY(result);
+    QVERIFY(result.problem.empty());
+    QCOMPARE(timesOf(loaded), Times({0.1, 1.0}));
+    QCOMPARE(loaded[0]->value, 1.0 / 3.0);
+    QVERIFY(!SplineBase::load(nullptr, stream));
+}
+
+void TestSplineFile::aBadWordIsToldWithItsPlace_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<int>("line");
+    QTest::addColumn<int>("column");
+    QTest::newRow("nothing at all") << QByteArray() << 1 << 1;
+    QTest::newRow("a word for the number of keys") << QByteArray("x 1 1 0") << 1 << 1;
+    QTest::newRow("a word for the default value") << QByteArray("0 1 1  zero") << 1 << 8;
+    QTest::newRow("an end too early") << QByteArray("1 1 1 0\n1 2 3\n") << 3 << 1;
+    QTest::newRow("a word in a key") << QByteArray("1 1 1 0\n1 2 3 4 5 6 7 8 9 z 0\n") << 2 << 19;
+    QTest::newRow("unified by 2") << QByteArray("1 1 1 0\n1 2 3 4 5 6 7 8 9 1 2\n") << 2 << 21;
+    QTest::newRow("a word of 70 digits") << "0 1 1\n" + QByteArray(70, '1') << 2 << 1;
+}
+
+void TestSplineFile::aBadWordIsToldWithItsPlace()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(int, line);
+    QFETCH(int, column);
+    std::istringstream stream(text.toStdString());
+    SplineBase spline;
+    spline.addPoint(7.0, 0.0);
+    const SplineReadResult result = SplineBase::load(&spline, stream);
+    QVERIFY(!result);
+    QVERIFY(!result.problem.empty());
+    QCOMPARE(static_cast<int>(result.line), line);
+    QCOMPARE(static_cast<int>(result.column), column);
+    QCOMPARE(timesOf(spline), Times({7.0}));
+}
+
+void TestSplineFile::readingLeavesWhatFollows()
+{
+    std::istringstream stream("1 1 1 0\n1 2 3 4 5 6 7 8 9 1 0\nnext line");
+    SplineBase spline;
+    QVERIFY(SplineBase::load(&spline, stream));
+    std::string rest;
+    std::getline(stream, rest);
+    QCOMPARE(rest, std::string());
+    std::getline(stream, rest);
+    QCOMPARE(rest, std::string("next line"));
 }
 
 QTEST_APPLESS_MAIN(TestSplineFile)
