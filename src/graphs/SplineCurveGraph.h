@@ -80,6 +80,8 @@ private:
     void drawSquares(QPainter* painter, const QColor& color, const bool& chosen);
     std::pair<std::size_t, std::size_t> keysInView(const std::vector<PointInfo*>& keys) const;
     QPointF placeOf(const PointInfo& key) const;
+    bool pixelsAscend() const;
+    qsizetype firstWithinReach(const int& column) const;
     void drawGuides(CurvePen& pen, const QPoint& pixel) const;
     void drawHandles(CurvePen& pen, const int& index, const std::vector<PointInfo*>& keys) const;
 

@@ -111,8 +111,9 @@ private slots:
         row("bias", [](Self on) { on.makeTcb().bias = 1.0; });
         row("new key", [](Self on) { on.splineOf(5).addPoint(5.0, 0.9); });
         row("removed key", [](Self on) {
-            delete on.splineOf(5).at(1);
-            on.splineOf(5).remove(&on.key(5, 1));
+            PointInfo* const key = on.splineOf(5).at(1);
+            on.splineOf(5).remove(key);
+            delete key;
         });
         row("before the keys", [](Self on) { on.splineOf(5).setFirstNodeType(SplineBase::zero); });
         row("behind the keys", [](Self on) { on.splineOf(5).setLastNodeType(SplineBase::loop); });
@@ -151,8 +152,6 @@ private slots:
         const QImage anew = painted();
         QCOMPARE(differingPixels(kept, anew, 3), 0);
         QVERIFY(before != kept);
-        // And as the curves paint themselves, but for the edges of lines.
-        QCOMPARE(differingPixels(kept, painted(), 0), 0);
     }
 
     void aRatioOfTheDeviceHasItsOwnPictures()
