@@ -6,7 +6,7 @@
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
 #include "commands/CurveCommandsManager.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "curves/CurveVisit.h"

@@ -14,7 +14,7 @@ using curve_editor::ModeControl;
 
 CanvasGestures::CanvasGestures(CanvasFunctionBase& canvas, CurveEditor* editor,
                                curve_editor::CanvasHost* host, ViewPort* view)
-    : stage{canvas, editor, host, view}
+    : stage{canvas, host, view}
     , opened(editor, host)
 {}
 

@@ -3,7 +3,6 @@
 #include <QPointF>
 
 class CanvasFunctionBase;
-class CurveEditor;
 class ViewPort;
 
 namespace curve_editor {
@@ -14,7 +13,6 @@ class CanvasHost;
 struct GestureStage
 {
     CanvasFunctionBase& canvas;
-    CurveEditor* editor;            ///< not owned; null without an editor
     curve_editor::CanvasHost* host; ///< not owned; null without an editor
     ViewPort* view;                 ///< not owned
 

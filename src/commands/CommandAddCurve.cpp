@@ -1,9 +1,9 @@
 #include "commands/CommandAddCurve.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"
 #include "curves/Catalogue.h"
+#include "curves/CurveTree.h"
 
 namespace curve_editor {
 
@@ -27,7 +27,7 @@ CommandAddCurve::CommandAddCurve(CommandContext& given, const NodeStruct& lent, 
 bool CommandAddCurve::execute()
 {
     isNewRecord = !context->catalogue().find(content.dotName);
-    curve = CurveHold(findLeaf(*context, content.dotName));
+    curve = CurveHold(context->tree().findLeaf(content.dotName));
     if (curve.get()) {
         if (selectByDefault) {
             context->enterSelected(content.mainNodeName, content.curveName);
@@ -38,7 +38,7 @@ bool CommandAddCurve::execute()
     if (wantsSelection()) {
         context->enterSelected(content.mainNodeName, content.curveName);
     }
-    curve = CurveHold(findLeaf(*context, content.dotName));
+    curve = CurveHold(context->tree().findLeaf(content.dotName));
     context->reportEditingCurves();
     return true;
 }
@@ -48,7 +48,7 @@ void CommandAddCurve::undo()
     if (isNewRecord) {
         context->unlistCurve(content.mainNodeName, content.curveName);
     } else {
-        context->leaveEditing(content.dotName);
+        context->leaveCanvas(content.dotName);
     }
     context->select(previousSelection);
     context->reportEditingCurves();

@@ -1,10 +1,11 @@
 #include "commands/CommandAddFunc.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/EditingSet.h"
 
 #include <utility>
 
@@ -16,10 +17,9 @@ CommandAddFunc::CommandAddFunc(CurveEditor* editor)
 
 CommandAddFunc::CommandAddFunc(CommandContext& given)
     : context(&given)
-    , newAddFunc(given.editingType() == expressionCurve)
+    , newAddFunc(given.editingSet().type() == expressionCurve)
 {
-    const QList<CurveNode*> editing = given.editingCurves();
-    for (CurveNode* const curve : editing) {
+    for (CurveNode* const curve : given.editingSet()) {
         const int type = curve->curveType();
         NodeStruct* const record = recordOf(given, *curve);
         const bool hasExpression = type == expressionCurve || type == splinePlusExpressionCurve;

@@ -1,7 +1,7 @@
 #include "commands/CommandAddPoint.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
 #include "graphs/ControlSplineNode.h"
 

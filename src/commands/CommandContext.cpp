@@ -1,21 +1,11 @@
 #include "commands/CommandContext.h"
 
-#include "commands/EligibleCurves.h"
-#include "curves/CurveNode.h"
+#include "commands/RecordKeys.h"
+#include "curves/EditingSet.h"
 
 namespace curve_editor {
 
 CommandContext::~CommandContext() = default;
-
-QStringList CommandContext::editingCurveNames() const
-{
-    QStringList names;
-    const QList<CurveNode*> curves = editingCurves();
-    for (const CurveNode* curve : curves) {
-        names.append(curve->dotName());
-    }
-    return names;
-}
 
 void CommandContext::report(const QList<NodeStruct*>& records)
 {
@@ -30,7 +20,7 @@ void CommandContext::report(const QList<NodeStruct*>& records)
 
 void CommandContext::reportEditingCurves()
 {
-    report(editingCurveNames());
+    report(editingSet().names());
 }
 
 } // namespace curve_editor

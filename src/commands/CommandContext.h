@@ -11,6 +11,8 @@
 class CommandLine;
 class CurveEditor;
 class CurveNode;
+class CurveTree;
+class EditingSet;
 class ParseMessage;
 class QColor;
 
@@ -31,32 +33,28 @@ public:
     /// @name What there is
     /// @{
     virtual const Catalogue& catalogue() const = 0;
-    /// The node on the canvas of that dotted name, a curve or a group, or null.
-    virtual CurveNode* findCurve(const QString& dotName) const = 0;
-    virtual QList<CurveNode*> topCurves() const = 0;
-    virtual QList<CurveNode*> editingCurves() const = 0;
-    /// See curves/CurveType.h.
-    virtual int editingType() const = 0;
+    /// The curve objects on the canvas.
+    virtual const CurveTree& tree() const = 0;
+    virtual const EditingSet& editingSet() const = 0;
     virtual KeyDefaults keyDefaults() const = 0;
     /// The dotted names that are selected, in the order in which they were given.
     virtual QStringList selection() const = 0;
-    QStringList editingCurveNames() const;
     /// @}
 
     /// @name Curves come and go, which changes the document and what shows it
     /// @{
     /// Lists a curve, and its main node on the way, unless they are listed.
     virtual void listCurve(const NodeStruct& content) = 0;
-    /// Drops a curve from the list, and from the editing set.
+    /// Drops a curve from the list, and off the canvas.
     virtual void unlistCurve(const QString& node, const QString& curve) = 0;
-    /// A curve enters the editing set, with an object of its own or, for null, a new one.
-    virtual void enterEditing(NodeStruct* record, CurveNode* object) = 0;
+    /// A curve goes on the canvas, with an object of its own or, for null, a new one.
+    virtual void enterCanvas(NodeStruct* record, CurveNode* object) = 0;
     /// The same, if it is listed, and it is selected alone.
     virtual void enterSelected(const QString& node, const QString& curve) = 0;
     /// The same with an object; selected even if it is not listed.
     virtual void enterSelected(const QString& node, const QString& curve, CurveNode* object) = 0;
-    /// A curve, or all curves of a group or main node, leaves the editing set.
-    virtual void leaveEditing(const QString& dotName) = 0;
+    /// A curve, or all curves of a group or main node, leaves the canvas.
+    virtual void leaveCanvas(const QString& dotName) = 0;
     virtual void setColor(NodeStruct* record, const QColor& color) = 0;
     virtual void select(const QStringList& dotNames) = 0;
     /// @}

@@ -1,8 +1,8 @@
 #include "commands/CommandDelExpr.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/Trace.h"
 #include "curves/CurveNode.h"
 

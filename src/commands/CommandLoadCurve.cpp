@@ -2,12 +2,13 @@
 
 #include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionParserBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
+#include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
 #include "curves/PipeOrDevice.h"
 
@@ -54,7 +55,7 @@ bool CommandLoadCurve::execute()
         return false;
     }
     file.close();
-    const QStringList names = context->editingCurveNames();
+    const QStringList names = context->editingSet().names();
     if (names.isEmpty()) {
         return false;
     }
@@ -100,7 +101,7 @@ ZK_String CommandLoadCurve::getDescription()
 /// nothing of the context is left after its box.
 bool CommandLoadCurve::readContents()
 {
-    const QList<NodeStruct*> nodes = recordsOf(*context, context->editingCurves());
+    const QList<NodeStruct*> nodes = recordsOf(*context, context->editingSet().curves());
     for (NodeStruct* node : nodes) {
         const auto* const curve = dynamic_cast<CurveNodeBase*>(findCurveOf(*context, node));
         if (!curve || !hasPlaceForContent(node)) {

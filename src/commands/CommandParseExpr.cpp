@@ -1,8 +1,8 @@
 #include "commands/CommandParseExpr.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNode.h"

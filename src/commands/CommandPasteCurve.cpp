@@ -2,10 +2,11 @@
 
 #include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
+#include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
 
 #include <utility>
@@ -35,7 +36,7 @@ CommandPasteCurve::CommandPasteCurve(CurveEditor* editor, CurveNode* clipboard,
 CommandPasteCurve::CommandPasteCurve(CommandContext& given, CurveNode* clipboard,
                                      const double& offset, const bool& onlyKeys)
     : context(&given)
-    , targets(recordsOf(given, given.editingCurves()))
+    , targets(recordsOf(given, given.editingSet().curves()))
     , source(std::make_unique<SplineBase>())
     , contents(given)
     , keysOnly(onlyKeys)

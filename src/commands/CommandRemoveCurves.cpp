@@ -1,9 +1,12 @@
 #include "commands/CommandRemoveCurves.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveTree.h"
+
+#include <utility>
 
 namespace curve_editor {
 
@@ -33,13 +36,12 @@ CommandRemoveCurves::CommandRemoveCurves(CommandContext& given, const QStringLis
 
 bool CommandRemoveCurves::execute()
 {
-    const QStringList leaving = names;
     const bool isFirst = curves.empty();
-    for (const QString& name : leaving) {
+    for (const QString& name : std::as_const(names)) {
         if (isFirst) {
-            curves.emplace_back(context->findCurve(name));
+            curves.emplace_back(context->tree().findCurve(name));
         }
-        context->leaveEditing(name);
+        context->leaveCanvas(name);
     }
     context->reportEditingCurves();
     return true;
@@ -47,12 +49,11 @@ bool CommandRemoveCurves::execute()
 
 void CommandRemoveCurves::undo()
 {
-    const QStringList returning = names;
-    const qsizetype count = qMin(returning.size(), static_cast<qsizetype>(curves.size()));
+    const qsizetype count = qMin(names.size(), static_cast<qsizetype>(curves.size()));
     for (qsizetype i = 0; i < count; ++i) {
         CurveNode* const curve = curves[static_cast<std::size_t>(i)].get();
-        if (NodeStruct* const record = context->catalogue().find(returning[i])) {
-            context->enterEditing(record, fits(curve, record) ? curve : nullptr);
+        if (NodeStruct* const record = context->catalogue().find(names.at(i))) {
+            context->enterCanvas(record, fits(curve, record) ? curve : nullptr);
             context->setColor(record, record->color);
         }
     }

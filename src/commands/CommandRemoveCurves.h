@@ -13,7 +13,7 @@ namespace curve_editor {
 
 class CommandContext;
 
-/// Takes curves out of the editing set without touching their data.
+/// Takes curves off the canvas without touching their data.
 class CommandRemoveCurves : public CurveCommand
 {
 public:

@@ -3,7 +3,7 @@
 #include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/CurveContents.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/NodeStruct.h"

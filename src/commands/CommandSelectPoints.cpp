@@ -1,7 +1,7 @@
 #include "commands/CommandSelectPoints.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 
 #include <QSet>
 

@@ -1,7 +1,7 @@
 #include "commands/CommandSetLastNode.h"
 
 #include "commands/CommandContext.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 
 #include <utility>
 

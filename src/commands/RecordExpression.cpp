@@ -1,6 +1,7 @@
 #include "commands/RecordExpression.h"
 
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
@@ -48,7 +49,7 @@ Problems restoreExpression(const CommandContext& context, const NodeStruct* reco
 void emptySlot(const NodeStruct* record)
 {
     if (FunctionFloatBase** const slot = record->livingSlot()) {
-        delete std::exchange(*slot, nullptr);
+        ExpressionDisposal::take(std::exchange(*slot, nullptr));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/CurveLimits.h"
 #include "core/EvaluationTime.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveHost.h"
@@ -16,6 +17,8 @@
 #include "graphs/ViewPort.h"
 
 #include <QPointer>
+
+#include <utility>
 
 using curve_editor::DottedName;
 using curve_editor::NodeStruct;
@@ -148,8 +151,7 @@ void CurveNodeBase::removeExpression(const bool& remove)
         return;
     }
     if (FunctionFloatBase** living = livingSlot()) {
-        delete *living;
-        *living = nullptr;
+        ExpressionDisposal::take(std::exchange(*living, nullptr));
     }
     setAddFunc(false);
 }
@@ -219,10 +221,13 @@ double CurveNodeBase::evaluate(const double& time)
         return 0.0;
     }
     const curve_editor::EvaluatedCurve asked(keys, function);
+    // A refresh function may delete the editor, and this curve with it.
+    const float lowest = minimum;
+    const float highest = maximum;
     if (type == expressionCurve) {
-        return clampToLimits(function->value(), minimum, maximum);
+        return clampToLimits(function->value(), lowest, highest);
     }
-    return clampToLimits(keys ? (*keys)(time, function, fps) : 0.0, minimum, maximum);
+    return clampToLimits(keys ? (*keys)(time, function, fps) : 0.0, lowest, highest);
 }
 
 double CurveNodeBase::framesPerSecond() const

@@ -1,6 +1,7 @@
 // A curve and the older curve file: three numbers of a colour, the curve type, the expression and
 // the spline, each on lines of its own.
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -13,6 +14,7 @@
 #include <fstream>
 #include <locale>
 #include <string>
+#include <utility>
 
 using curve_editor::Problem;
 using curve_editor::Problems;
@@ -85,8 +87,7 @@ void CurveNodeBase::readExpression(std::ifstream& stream, FunctionParserBase& pa
     ParseMessage message;
     std::unique_ptr<FunctionFloatBase> read(parser.parseString(word, message, false));
     if (FunctionFloatBase** living = livingSlot()) {
-        delete *living;
-        *living = read.release();
+        ExpressionDisposal::take(std::exchange(*living, read.release()));
     }
 }
 

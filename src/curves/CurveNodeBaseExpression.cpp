@@ -1,5 +1,6 @@
 // Giving a curve an expression, and telling the user when the curve then depends on itself.
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveHost.h"
@@ -51,9 +52,9 @@ void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& m
 Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expression,
                                        ParseMessage& message)
 {
-    if (FunctionFloatBase** const living = livingSlot()) {
-        delete std::exchange(*living, expression.release());
-    }
+    FunctionFloatBase* const taken = expression.release();
+    FunctionFloatBase** const living = livingSlot();
+    ExpressionDisposal::take(living ? std::exchange(*living, taken) : taken);
     changed = true;
     QString offender;
     if (!dependsOnItself(offender)) {

@@ -99,10 +99,15 @@ std::uint64_t CurveNodeBase::refreshGraph(ViewPort* viewport)
     addView(source, *viewport);
     // What an expression reads is anybody's: it is asked each time.
     if (type != splineCurve || keysGraph->arePixelsOld() || source.value() != sampledFrom) {
+        keysGraph->markPixelsOld();
         updateGraph(viewport);
         sampledFrom = source.value();
+    } else {
+        clearChangedFlags();
     }
-    clearChangedFlags();
+    if (hostSpline.isLost()) {
+        return 0; // a refresh function has destroyed it
+    }
 
     content.add(keysGraph->mainColor().rgba());
     content.add(keysGraph->dimColor().rgba());

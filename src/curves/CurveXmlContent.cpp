@@ -1,5 +1,6 @@
 #include "curves/CurveXmlContent.h"
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -7,6 +8,7 @@
 #include "core/TimeOrder.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace curve_editor {
 
@@ -24,8 +26,7 @@ void CurveXmlContent::moveInto(SplineBase* spline, FunctionFloatBase** slot,
                                std::unique_ptr<FunctionFloatBase> expression)
 {
     if (slot && type != splineCurve) {
-        delete *slot;
-        *slot = expression.release();
+        ExpressionDisposal::take(std::exchange(*slot, expression.release()));
     }
     if (!spline) {
         return;

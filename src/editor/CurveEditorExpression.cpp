@@ -6,8 +6,8 @@
 #include "commands/CommandContext.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
-#include "commands/EligibleCurves.h"
-#include "core/FunctionFloatBase.h"
+#include "commands/RecordKeys.h"
+#include "core/ExpressionDisposal.h"
 #include "curves/CurveNode.h"
 #include "curves/DependencyWalk.h"
 #include "curves/DottedName.h"
@@ -79,7 +79,7 @@ void CurveEditor::setTcb()
     for (CurveNode* const curve : curves) {
         curve->removeExpression(false);
     }
-    emit d->canvas().changeCommandLine();
+    d->canvas().markExpressionsChanged();
     d->functionEditor->update();
     update();
 }
@@ -94,7 +94,7 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
 {
     if (!isVisible()) {
         if (slot) {
-            delete std::exchange(*slot, nullptr);
+            ExpressionDisposal::take(std::exchange(*slot, nullptr));
         }
         return;
     }

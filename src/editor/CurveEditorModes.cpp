@@ -53,7 +53,7 @@ const std::array<ModeRow, 13> modeRows{{
 }};
 
 /// Null for a value that is no mode.
-const ModeRow* modeRow(const int& mode)
+const ModeRow* modeRow(int mode)
 {
     return mode >= 0 && mode < static_cast<int>(modeRows.size())
                ? &modeRows[static_cast<std::size_t>(mode)]

@@ -6,7 +6,7 @@
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditorPrivate.h"
 #include "graphs/CanvasColors.h"
-#include "widgets/NodeTypePositions.h"
+#include "widgets/InterpolationPositions.h"
 
 #include <QAction>
 
@@ -68,14 +68,14 @@ double CurveEditor::getVSnapRadius() const
 
 void CurveEditor::setDefaultNodeType(const int& position)
 {
-    if (curve_editor::setNodeTypeAt(position, d->canvas().defaultNodeType)) {
+    if (curve_editor::setInterpolationAt(position, d->canvas().defaultNodeType)) {
         refreshEditor();
     }
 }
 
 int CurveEditor::getDefaultNodeTypePos() const
 {
-    return curve_editor::positionOfNodeType(d->canvas().defaultNodeType);
+    return curve_editor::positionOfInterpolation(d->canvas().defaultNodeType);
 }
 
 void CurveEditor::setTooltipsDrag(const bool& on)

@@ -19,24 +19,14 @@ const Catalogue& EditorCommandContext::catalogue() const
     return records;
 }
 
-CurveNode* EditorCommandContext::findCurve(const QString& dotName) const
+const CurveTree& EditorCommandContext::tree() const
 {
-    return editor.curveFromDotName(dotName);
+    return editor.getFunctionEditor()->canvas().tree();
 }
 
-QList<CurveNode*> EditorCommandContext::topCurves() const
+const EditingSet& EditorCommandContext::editingSet() const
 {
-    return editor.getFunctionEditor()->canvas().topNodes();
-}
-
-QList<CurveNode*> EditorCommandContext::editingCurves() const
-{
-    return editor.getFunctionEditor()->canvas().editingCurves();
-}
-
-int EditorCommandContext::editingType() const
-{
-    return editor.getFunctionEditor()->canvas().editingType();
+    return editor.getFunctionEditor()->canvas().editingSet();
 }
 
 KeyDefaults EditorCommandContext::keyDefaults() const
@@ -64,7 +54,7 @@ void EditorCommandContext::unlistCurve(const QString& node, const QString& curve
     editor.removeCurve(node, curve);
 }
 
-void EditorCommandContext::enterEditing(NodeStruct* record, CurveNode* object)
+void EditorCommandContext::enterCanvas(NodeStruct* record, CurveNode* object)
 {
     editor.setCurveEditableOn(record, object);
 }
@@ -80,7 +70,7 @@ void EditorCommandContext::enterSelected(const QString& node, const QString& cur
     editor.setDefaultSelected(node, curve, object);
 }
 
-void EditorCommandContext::leaveEditing(const QString& dotName)
+void EditorCommandContext::leaveCanvas(const QString& dotName)
 {
     editor.removeCurveFromEditing(dotName);
 }

@@ -12,19 +12,17 @@ public:
     EditorCommandContext(CurveEditor& editor, const Catalogue& catalogue);
 
     const Catalogue& catalogue() const override;
-    CurveNode* findCurve(const QString& dotName) const override;
-    QList<CurveNode*> topCurves() const override;
-    QList<CurveNode*> editingCurves() const override;
-    int editingType() const override;
+    const CurveTree& tree() const override;
+    const EditingSet& editingSet() const override;
     KeyDefaults keyDefaults() const override;
     QStringList selection() const override;
 
     void listCurve(const NodeStruct& content) override;
     void unlistCurve(const QString& node, const QString& curve) override;
-    void enterEditing(NodeStruct* record, CurveNode* object) override;
+    void enterCanvas(NodeStruct* record, CurveNode* object) override;
     void enterSelected(const QString& node, const QString& curve) override;
     void enterSelected(const QString& node, const QString& curve, CurveNode* object) override;
-    void leaveEditing(const QString& dotName) override;
+    void leaveCanvas(const QString& dotName) override;
     void setColor(NodeStruct* record, const QColor& color) override;
     void select(const QStringList& dotNames) override;
 

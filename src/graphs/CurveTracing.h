@@ -1,10 +1,8 @@
 #pragma once
 
 #include "core/PointInfo.h"
-#include "graphs/CurveCourse.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <vector>
 
@@ -29,20 +27,26 @@ std::size_t firstKeyFrom(const Keys& keys, const double& time);
 void timesOfTail(const Keys& keys, const bool& repeats, const double& from, const double& to,
                  const double& scale, std::vector<double>& times);
 
-/// Adds the course between two moments within the keys. `limitedAt` gives the value to draw from
-/// the time and the spline's own value; with `bends` it is no straight line between any two keys.
-template <typename Spline, typename LimitedAt>
-void traceKeys(CurveCourse& course, const Keys& keys, const double& begin, const double& end,
-               const bool& bends, const Spline& spline, const LimitedAt& limitedAt)
+/// A point of the course before it is held to the limits.
+struct Moment
 {
-    const auto add = [&](const double& time, const double& raw) {
-        course.add(time, limitedAt(time, raw), raw);
-    };
+    double time;
+    double raw; ///< the spline's own value, or where it jumps one of its values
+};
+
+/// Appends the moments of the course between two times within the keys. `isHeld` tells whether a
+/// value is beyond the limits; with `bends` the course is no straight line between any two keys.
+template <typename Spline, typename IsHeld>
+void momentsOfKeys(const Keys& keys, const double& begin, const double& end, const bool& bends,
+                   const double& scale, const Spline& spline, const IsHeld& isHeld,
+                   std::vector<Moment>& moments)
+{
+    const auto ask = [&](const double& time) { moments.push_back({time, spline(time)}); };
     std::size_t i = firstKeyFrom(keys, begin);
     if (i < keys.size() && keys[i]->time == begin) {
-        add(begin, keys[i]->value);
+        moments.push_back({begin, keys[i]->value});
     } else {
-        add(begin, spline(begin));
+        ask(begin);
         i = std::max<std::size_t>(i, 1) - 1;
     }
     for (; i + 1 < keys.size() && keys[i]->time <= end; ++i) {
@@ -53,21 +57,18 @@ void traceKeys(CurveCourse& course, const Keys& keys, const double& begin, const
         const double run = to - from;
         const bool isStep = left.type == zk_spline::stepped;
         const bool isOneLine = !bends && (isStep || isStraight(left, right)) &&
-                               limitedAt(to, left.value) == left.value &&
-                               limitedAt(to, right.value) == right.value;
-        const int steps =
-            isOneLine || !(run > 0.0) ? 1 : stepsOver(course.column(to) - course.column(from));
+                               !isHeld(left.value) && !isHeld(right.value);
+        const int steps = isOneLine || !(run > 0.0) ? 1 : stepsOver(run * scale);
         for (int k = 1; k < steps; ++k) {
-            const double time = from + run * k / steps;
-            add(time, spline(time));
+            ask(from + run * k / steps);
         }
         if (right.time > end) {
-            add(end, spline(end));
+            ask(end);
         } else if (right.time >= begin) {
             if (isStep) {
-                add(to, left.value);
+                moments.push_back({to, left.value});
             }
-            add(to, right.value);
+            moments.push_back({to, right.value});
         }
     }
 }

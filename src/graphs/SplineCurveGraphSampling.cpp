@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -96,14 +98,29 @@ private:
     double scaleY;
 };
 
-/// The course as it is painted, from the same values.
-template <typename LimitedAt, typename TailAt>
-void trace(CurveCourse& course, const ViewPort& view, SplineBase& spline, const double& begin,
-           const double& end, const bool& bends, LimitedAt limitedAt, TailAt tailAt)
+/// Memory for the next curve.
+std::vector<curve_tracing::Moment>& spareMoments()
 {
-    course.clear(view);
+    static thread_local std::vector<curve_tracing::Moment> spare;
+    return spare;
+}
+
+/// The moments of the course between the keys and, from `tail` on, of the one behind them. All are
+/// taken down before anything is asked for at them: whoever is asked may change the keys.
+struct CourseMoments
+{
+    std::vector<curve_tracing::Moment> list;
+    std::size_t tail = 0;
+};
+
+template <typename IsHeld>
+void collectMoments(CourseMoments& moments, const ViewPort& view, SplineBase& spline,
+                    const double& begin, const double& end, const bool& bends, IsHeld isHeld)
+{
     const curve_tracing::Keys& keys = spline.getControlPoints();
-    curve_tracing::traceKeys(course, keys, begin, end, bends, spline, limitedAt);
+    const double scale = view.viewWidth / (view.maxX - view.minX);
+    curve_tracing::momentsOfKeys(keys, begin, end, bends, scale, spline, isHeld, moments.list);
+    moments.tail = moments.list.size();
 
     const double from = std::max(end, view.minX);
     if (!(from < view.maxX) || !std::isfinite(view.maxX - from)) {
@@ -111,22 +128,41 @@ void trace(CurveCourse& course, const ViewPort& view, SplineBase& spline, const 
     }
     const SplineBase::nodeType behaviour = spline.lastNodeType();
     const bool repeats = behaviour == SplineBase::loop || behaviour == SplineBase::loopOffset;
-    course.addTail(from, tailAt(from));
     const double behind = std::nextafter(from, view.maxX); // where the value may have jumped
-    course.addTail(behind, tailAt(behind));
+    moments.list.push_back({from, 0.0});
+    moments.list.push_back({behind, 0.0});
     if (bends || repeats || behaviour == SplineBase::followTangent) {
-        static thread_local std::vector<double> times;
-        curve_tracing::timesOfTail(keys, repeats, behind, view.maxX, course.column(view.minX + 1.0),
-                                   times);
+        std::vector<double> times;
+        curve_tracing::timesOfTail(keys, repeats, behind, view.maxX, scale, times);
         for (const double& time : times) {
-            course.addTail(time, tailAt(time));
+            moments.list.push_back({time, 0.0});
         }
     }
-    course.addTail(view.maxX, tailAt(view.maxX));
+    moments.list.push_back({view.maxX, 0.0});
+}
+
+/// The course as it is painted. `isLost` tells that the spline has been destroyed on the way.
+template <typename LimitedAt, typename TailAt, typename IsLost>
+void trace(CurveCourse& course, const CourseMoments& moments, LimitedAt limitedAt, TailAt tailAt,
+           IsLost isLost)
+{
+    for (std::size_t i = 0; i < moments.list.size(); ++i) {
+        const auto& [time, raw] = moments.list[i];
+        const double value = i < moments.tail ? limitedAt(time, raw) : tailAt(time);
+        if (isLost()) {
+            return;
+        }
+        if (i < moments.tail) {
+            course.add(time, value, raw);
+        } else {
+            course.addTail(time, value);
+        }
+    }
 }
 
 /// Fills the three polygons. `limitedAt` gives the value to draw between the keys from the time
-/// and the spline's own value, `tailAt` the one behind them from the time.
+/// and the spline's own value, `tailAt` the one behind them from the time. A refresh function that
+/// they call may destroy the spline, which ends it.
 template <typename LimitedAt, typename TailAt>
 void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, const bool& bends,
             LimitedAt limitedAt, TailAt tailAt)
@@ -139,6 +175,7 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, c
     const double begin = firstKey->time > view.minX ? firstKey->time : view.minX;
     const double end = lastKey->time < view.maxX ? lastKey->time : view.maxX;
     const SamplePixels pixels(view);
+    const auto isLost = [&] { return graph.selection().spline() != &spline; };
 
     const SampleTimes times = timesBetweenKeys(view, begin, end);
     graph.curvePixels.clear();
@@ -148,7 +185,11 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, c
     for (int i = 0; i <= times.last; ++i) {
         const double time = times.at(i);
         const double raw = spline(time);
-        graph.curvePixels << pixels.at(time, limitedAt(time, raw));
+        const double limited = limitedAt(time, raw);
+        if (isLost()) {
+            return;
+        }
+        graph.curvePixels << pixels.at(time, limited);
         graph.rawPixels << pixels.at(time, raw);
     }
 
@@ -157,10 +198,24 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, c
     if (tailTimes(view, end, tail)) {
         graph.tailPixels.reserve(tail.last + 1);
         for (int i = 0; i <= tail.last; ++i) {
-            graph.tailPixels << pixels.at(tail.at(i), tailAt(tail.at(i)));
+            const double value = tailAt(tail.at(i));
+            if (isLost()) {
+                return;
+            }
+            graph.tailPixels << pixels.at(tail.at(i), value);
         }
     }
-    trace(graph.course, view, spline, begin, end, bends, limitedAt, tailAt);
+    if (isLost()) {
+        return;
+    }
+    CourseMoments moments;
+    moments.list = std::exchange(spareMoments(), {}); // a nested paint has its own
+    moments.list.clear();
+    const auto isHeld = [&](const double& value) { return limitedAt(begin, value) != value; };
+    collectMoments(moments, view, spline, begin, end, bends, isHeld);
+    graph.course.clear(view);
+    trace(graph.course, moments, limitedAt, tailAt, isLost);
+    spareMoments() = std::move(moments.list);
 }
 
 } // namespace
@@ -205,7 +260,8 @@ void SplineCurveGraph::rebuildSplineWithExpression(ViewPort* newView, const floa
         moment.set(time, fps);
         const curve_editor::EvaluatedCurve asked(&spline, expression);
         // Where the spline jumps, `raw` may be its value before.
-        const double sum = spline(time, expression, fps) + (raw - spline(time));
+        const double jump = raw - spline(time);
+        const double sum = spline(time, expression, fps) + jump;
         const double value = clampToLimits(sum, minValue, maxValue);
         return std::isfinite(value) ? value : static_cast<double>(maxValue);
     };

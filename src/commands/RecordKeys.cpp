@@ -1,10 +1,12 @@
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 
 #include "commands/CommandContext.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/CurveTree.h"
 #include "curves/CurveType.h"
 #include "curves/DottedName.h"
+#include "curves/EditingSet.h"
 #include "graphs/SplineCurveGraph.h"
 
 namespace curve_editor {
@@ -27,8 +29,7 @@ NodeStruct* recordOf(const CommandContext& context, const CurveNode& curve)
 QList<NodeStruct*> eligibleRecords(const CommandContext& context)
 {
     QList<CurveNode*> eligible;
-    const QList<CurveNode*> curves = context.editingCurves();
-    for (CurveNode* curve : curves) {
+    for (CurveNode* curve : context.editingSet()) {
         if (hasKeys(curve->curveType()) && curve->spline()) {
             eligible.append(curve);
         }
@@ -55,18 +56,12 @@ QList<KeyRef> selectedKeysOf(const CommandContext& context, const NodeStruct* re
                      : QList<KeyRef>();
 }
 
-CurveNode* findLeaf(const CommandContext& context, const QString& dotName)
-{
-    CurveNode* const found = context.findCurve(dotName);
-    return found && found->isCurve() ? found : nullptr;
-}
-
 CurveNode* findCurveOf(const CommandContext& context, const NodeStruct* record)
 {
     if (!record) {
         return nullptr;
     }
-    CurveNode* const found = context.findCurve(dotNameOf(*record));
+    CurveNode* const found = context.tree().findCurve(dotNameOf(*record));
     return showsRecord(found, record) ? found : nullptr;
 }
 
@@ -106,7 +101,7 @@ QList<KeyRef> membersOf(const SplineBase* spline, const QList<KeyRef>& keys)
 
 void dropDepartedKeys(const CommandContext& context, const QSet<const SplineBase*>& splines)
 {
-    const QList<CurveNode*> tops = context.topCurves();
+    const QList<CurveNode*> tops = context.tree().topNodes();
     for (CurveNode* top : tops) {
         const QList<CurveNode*> curves = top->curves();
         for (CurveNode* curve : curves) {

@@ -50,9 +50,6 @@ QList<NodeStruct*> recordsOf(const CommandContext& context, const QList<CurveNod
 /// not on the canvas.
 QList<KeyRef> selectedKeysOf(const CommandContext& context, const NodeStruct* record);
 
-/// The curve on the canvas of that name; null where a group or nothing answers to it.
-CurveNode* findLeaf(const CommandContext& context, const QString& dotName);
-
 /// The leaf on the canvas that bears a record's name and shows its spline, or null.
 CurveNode* findCurveOf(const CommandContext& context, const NodeStruct* record);
 
