@@ -268,7 +268,8 @@ private:
     friend class CanvasPress;
 
     QList<SplineCurveGraph*> editableGraphs() const;
-    QPointF worldAt(const QPoint& pixel) const;
+    QPointF worldAt(const QPointF& place) const;
+    QPointF worldUnder(const QMouseEvent& event) const;
 
     void changeSelection(const std::function<void()>& change);
     void walkSelection(const bool& forward);

@@ -22,6 +22,7 @@ std::uint64_t commonTo(const ViewPort& view, const QFont& font, const int& decim
     hash.add(view.viewWidth);
     hash.add(view.viewHeight);
     hash.add(view.showLabels);
+    hash.add(view.thinsKeys);
     if (view.showLabels) {
         hash.add(view.fps);
         hash.add(view.showFrames);

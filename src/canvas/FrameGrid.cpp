@@ -1,5 +1,6 @@
 #include "canvas/FrameGrid.h"
 
+#include "canvas/GridLabels.h"
 #include "core/Truncate.h"
 #include "graphs/ViewPort.h"
 
@@ -78,12 +79,6 @@ int AxisLines::zeroIndex() const
 {
     const bool zeroIsInside = 0.0 >= low && high > 0.0;
     return zeroIsInside ? truncateToInt(-((low + offset) / step)) : -1;
-}
-
-QString labelText(const int& index, const int& zeroIndex, const double& value)
-{
-    return index == zeroIndex ? QStringLiteral("0")
-                              : QStringLiteral("%1").arg(value, 0, 'G', -1, QLatin1Char(' '));
 }
 
 } // namespace
@@ -170,21 +165,27 @@ void FrameGrid::drawTimeLine(QPainter* painter) const
     }
 }
 
+/// Value labels are always drawn, and time labels where they have room.
 void FrameGrid::drawLabels(QPainter* painter) const
 {
     painter->setFont(labelFont);
     painter->setBackgroundMode(Qt::TransparentMode);
+    const Qt::LayoutDirection direction = painter->layoutDirection();
+    painter->setLayoutDirection(Qt::LeftToRight); // or the sign would stand behind its number
+    LabelRow row(painter);
     const int lineCount = static_cast<int>(lines.size() / 2);
+    const QStringList values = gridLabels(countY, zeroIndexY, firstY, stepY);
+    for (int j = 0; j < std::min(countY, lineCount - countX); ++j) {
+        row.draw(QPoint(labelBorderGap, lines.at(qsizetype{2} * (countX + j)).y() - labelGap),
+                 values[j]);
+    }
+    const QStringList times = gridLabels(countX, zeroIndexX, firstX, stepX);
     for (int i = 0; i < std::min(countX, lineCount); ++i) {
         const int x = lines.at(qsizetype{2} * i).x() + labelGap;
         if (x > leftmostTimeLabel) {
-            painter->drawText(x, owner->height() - labelBorderGap,
-                              labelText(i, zeroIndexX, i * stepX + firstX));
+            row.drawIfFree(QPoint(x, owner->height() - labelBorderGap), times[i]);
         }
     }
-    for (int j = 0; j < std::min(countY, lineCount - countX); ++j) {
-        painter->drawText(labelBorderGap, lines.at(qsizetype{2} * (countX + j)).y() - labelGap,
-                          labelText(j, zeroIndexY, j * stepY + firstY));
-    }
+    painter->setLayoutDirection(direction);
     painter->setBackgroundMode(Qt::OpaqueMode);
 }

@@ -10,6 +10,7 @@
 #include "widgets/CurveKeysDialog.h"
 
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QPointer>
@@ -130,6 +131,10 @@ bool FunctionEditor::event(QEvent* event)
     if (changesLook(event)) {
         logic.layers().drop();
     }
+    if (event->type() == QEvent::NativeGesture &&
+        nativeGestureEvent(static_cast<QNativeGestureEvent*>(event))) {
+        return true;
+    }
     return QWidget::event(event);
 }
 
@@ -205,12 +210,26 @@ void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
 
 void FunctionEditor::wheelEvent(QWheelEvent* event)
 {
-    // With Alt held some platforms deliver the turn on the other axis.
-    const QPoint turn = event->angleDelta();
-    wheelTurn(turn.y() != 0 ? turn.y() : turn.x(), mousePixel(event->position()));
+    if (WheelTurns::isSideways(*event)) {
+        slideBy(-wheel.takePan(*event));
+    } else {
+        wheelTurn(wheel.takeZoom(*event), mousePixel(event->position()));
+    }
     canvasDirty = true;
     logic.updateCanvas();
     event->accept();
+}
+
+bool FunctionEditor::nativeGestureEvent(QNativeGestureEvent* event)
+{
+    if (event->gestureType() != Qt::ZoomNativeGesture) {
+        return false;
+    }
+    magnify(1.0 + event->value(), mousePixel(event->position()));
+    canvasDirty = true;
+    logic.updateCanvas();
+    event->accept();
+    return true;
 }
 
 // Neither key handler calls its base: a key left unaccepted would climb to the dialog, which

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/CanvasFunctionBase.h"
+#include "canvas/WheelTurns.h"
 #include "core/ZkTypes.h"
 #include "graphs/ViewPort.h"
 
@@ -11,6 +12,7 @@
 
 class CurveEditor;
 class CurveKeysDialog;
+class QNativeGestureEvent;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
 /// then says that the selection may have changed.
@@ -61,12 +63,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    bool nativeGestureEvent(QNativeGestureEvent* event);
     QRect bandPlace() const;
     QRect timeLineStrip() const;
     void updateMoved(const QRect& before, const QRect& after);
     void showSelectedKeys(bool opensFields);
 
     CanvasFunctionBase logic;
+    WheelTurns wheel;
     QRegion moved; ///< where only the time line or the rubber band has moved since the last paint
     std::unique_ptr<CurveKeysDialog> keys; ///< its parent is the editor
 };

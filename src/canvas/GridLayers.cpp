@@ -67,8 +67,7 @@ void GridLayers::draw(QPainter* painter, const LayerPlace& place, const QSize& c
     if (content != madeFrom) {
         madeFrom = content;
         ++pictureCount;
-        makePicture(lines, *painter, place, canvas,
-                    [&](QPainter* onto) { grid.drawLines(onto); });
+        makePicture(lines, *painter, place, canvas, [&](QPainter* onto) { grid.drawLines(onto); });
         makePicture(labels, *painter, place, canvas, [&](QPainter* onto) {
             onto->setPen(grid.fontColor);
             grid.drawLabels(onto);

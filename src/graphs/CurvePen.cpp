@@ -181,3 +181,12 @@ void CurvePen::drawDisc(const QPointF& middle, const QColor& color)
     painter->setBrush(color);
     painter->drawEllipse(QRectF(middle.x() - 2.0, middle.y() - 2.0, 4.0, 4.0));
 }
+
+void CurvePen::drawPoint(const QPointF& middle, const QColor& color)
+{
+    if (raster) {
+        raster->drawStamp(KeyStamp::of(KeyStamp::point, color, ratio), onDevice(middle));
+    } else {
+        painter->fillRect(QRectF(middle.x() - 1.0, middle.y() - 1.0, 2.0, 2.0), color);
+    }
+}

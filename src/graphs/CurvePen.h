@@ -35,6 +35,8 @@ public:
     void drawSquares(const std::vector<QPointF>& middles, const QColor& color);
     /// A disc of that size.
     void drawDisc(const QPointF& middle, const QColor& color);
+    /// A square of 2 by 2 logical pixels.
+    void drawPoint(const QPointF& middle, const QColor& color);
 
 private:
     QPoint onDevice(const QPointF& point) const;

@@ -10,11 +10,12 @@
 namespace {
 
 constexpr double side = 5.0;
-constexpr qsizetype mostStamps = 64;
+constexpr double pointSide = 2.0;
+constexpr qsizetype mostStamps = 1024;
 
 QImage madeStamp(const KeyStamp::Shape& shape, const QColor& color, const double& ratio)
 {
-    const double reach = side / 2.0 * ratio;
+    const double reach = (shape == KeyStamp::point ? pointSide : side) / 2.0 * ratio;
     const int middle = truncateToInt(std::ceil(reach));
     QImage stamp(2 * middle, 2 * middle, QImage::Format_ARGB32_Premultiplied);
     stamp.fill(Qt::transparent);

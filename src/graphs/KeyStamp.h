@@ -11,7 +11,8 @@ public:
     enum Shape
     {
         square, ///< 5 by 5 logical pixels
-        disc    ///< as wide
+        disc,   ///< as wide
+        point   ///< 2 by 2
     };
 
     /// The picture, in the device's pixels; the same one until another thread or many other stamps

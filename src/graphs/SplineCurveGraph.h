@@ -80,6 +80,8 @@ private:
     void drawSquares(QPainter* painter, const QColor& color, const bool& chosen);
     std::pair<std::size_t, std::size_t> keysInView(const std::vector<PointInfo*>& keys) const;
     QPointF placeOf(const PointInfo& key) const;
+    double roomOf(const std::vector<PointInfo*>& keys, const std::size_t& index) const;
+    void drawThinned(QPainter* painter, const QColor& color);
     bool pixelsAscend() const;
     qsizetype firstWithinReach(const int& column) const;
     void drawGuides(CurvePen& pen, const QPoint& pixel) const;

@@ -1,6 +1,7 @@
 // Drawing of curve, keys, tangents and labels.
 
 #include "core/Decimals.h"
+#include "core/Truncate.h"
 #include "graphs/CanvasColors.h"
 #include "graphs/ChosenKeys.h"
 #include "graphs/CurvePen.h"
@@ -11,6 +12,8 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <optional>
 
 namespace {
@@ -65,7 +68,11 @@ void SplineCurveGraph::drawCurve(QPainter* painter)
 
 void SplineCurveGraph::drawKeys(QPainter* painter)
 {
-    drawSquares(painter, CanvasColors::shared().controlPoint, false);
+    if (view && view->thinsKeys) {
+        drawThinned(painter, CanvasColors::shared().controlPoint);
+    } else {
+        drawSquares(painter, CanvasColors::shared().controlPoint, false);
+    }
 }
 
 void SplineCurveGraph::drawSelectedKeys(QPainter* painter)
@@ -92,6 +99,51 @@ void SplineCurveGraph::drawSquares(QPainter* painter, const QColor& color, const
         }
     }
     CurvePen(painter).drawSquares(middles, color);
+}
+
+/// How far the nearer neighbour lies, in logical pixels along the curve.
+double SplineCurveGraph::roomOf(const std::vector<PointInfo*>& keys, const std::size_t& index) const
+{
+    double room = std::numeric_limits<double>::infinity();
+    const QPointF here = placeOf(*keys[index]);
+    for (const std::size_t& other : {index - 1, index + 1}) {
+        if (other < keys.size()) { // before the first one the index has wrapped around
+            const QPointF way = placeOf(*keys[other]) - here;
+            room = std::min(room, std::hypot(way.x(), way.y()));
+        }
+    }
+    return room;
+}
+
+/// Squares where they have room, points in the curve's own colour where they have not. Points fade
+/// out where they would be a line of their own.
+void SplineCurveGraph::drawThinned(QPainter* painter, const QColor& color)
+{
+    constexpr double roomOfSquare = 6.0;
+    constexpr double roomOfPoint = 2.0;
+    constexpr int shades = 8;
+    const std::vector<PointInfo*>& keys = keysWithPixels();
+    if (keys.empty()) {
+        return;
+    }
+    const ChosenKeys chosenKeys(keySelection);
+    std::vector<QPointF> squares;
+    CurvePen pen(painter);
+    for (auto [i, end] = keysInView(keys); i < end; ++i) {
+        if (chosenKeys.contains(keys[i])) {
+            continue;
+        }
+        const double room = roomOf(keys, i);
+        const QPointF middle = placeOf(*keys[i]);
+        if (room >= roomOfSquare) {
+            squares.push_back(middle);
+        } else if (const int shade = truncateToInt(std::min(room / roomOfPoint, 1.0) * shades)) {
+            QColor faded = main;
+            faded.setAlpha(main.alpha() * shade / shades);
+            pen.drawPoint(middle, faded);
+        }
+    }
+    pen.drawSquares(squares, color);
 }
 
 /// The indexes from the first to behind the last key whose marks may touch the canvas: found by a
@@ -131,6 +183,8 @@ void SplineCurveGraph::drawLabels(QPainter* painter, const double& fps, const bo
     painter->setBrush(Qt::white);
     painter->setBackground(Qt::NoBrush);
     painter->setRenderHint(QPainter::Antialiasing, false);
+    const Qt::LayoutDirection direction = painter->layoutDirection();
+    painter->setLayoutDirection(Qt::LeftToRight); // or the sign would stand behind its number
 
     const int digits = std::min(decimals, curve_editor::mostDecimals);
     const QFontMetrics metrics = painter->fontMetrics();
@@ -149,6 +203,7 @@ void SplineCurveGraph::drawLabels(QPainter* painter, const double& fps, const bo
             QStringLiteral("%1").arg(key->value, 0, 'f', digits, QLatin1Char(' ')));
         painter->drawText(insideCanvas(pixel, metrics, text, *view), text);
     }
+    painter->setLayoutDirection(direction);
     painter->setRenderHints(painter->renderHints(), false);
     painter->setRenderHints(hints, true);
     painter->setBackground(background);

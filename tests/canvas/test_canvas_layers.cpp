@@ -55,6 +55,12 @@ private slots:
         row("height", [](Self on) { on.resize(400, 200); });
         row("unit of the axis", [](Self on) { on.widget->showFrames = true; });
         row("labels", [](Self on) { on.widget->showLabels = false; });
+        row("keys without room as points", [](Self on) {
+            on.key(5, 1).time = 4.01;
+            on.key(5, 2).time = 4.03;
+            on.painted();
+            on.widget->thinsKeys = true;
+        });
         row("frames a second", [](Self on) {
             on.widget->showFrames = true;
             on.widget->fps = 7.0;
