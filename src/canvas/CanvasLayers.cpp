@@ -30,8 +30,9 @@ std::uint64_t commonTo(const ViewPort& view, const QFont& font, const int& decim
         hash.add(qHash(font));
     }
     const CanvasColors& colors = CanvasColors::shared();
-    for (const QColor& color : {colors.controlPoint, colors.controlPointSelected, colors.controller,
-                                colors.brokenController, colors.controllerSelected}) {
+    for (const QColor& color :
+         {colors.controlPoint, colors.controlPointSelected, colors.controller,
+          colors.brokenController, colors.controllerSelected, colors.overlay}) {
         hash.add(color.rgba());
     }
     hash.add(painter.device()->devicePixelRatioF());

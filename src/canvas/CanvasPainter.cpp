@@ -7,6 +7,7 @@
 #include "core/Truncate.h"
 #include "curves/CurveNode.h"
 #include "curves/SelectedKeys.h"
+#include "graphs/CanvasColors.h"
 #include "graphs/ViewPort.h"
 
 #include <QPainter>
@@ -51,7 +52,7 @@ void paintRubberBand(QPainter* painter, const ViewPort& view, const QColor& acce
                      const QColor& refused)
 {
     painter->save();
-    painter->setPen(QPen(QBrush(Qt::white), 2.0, Qt::DotLine));
+    painter->setPen(QPen(QBrush(CanvasColors::shared().overlay), 2.0, Qt::DotLine));
     painter->setBrush(view.rectValid ? accepted : refused);
     painter->drawRect(view.rubberRect());
     painter->restore();
@@ -59,7 +60,7 @@ void paintRubberBand(QPainter* painter, const ViewPort& view, const QColor& acce
 
 void paintCrossHair(QPainter* painter, const ViewPort& view, const int& x, const int& y)
 {
-    painter->setPen(QPen(QBrush(Qt::white), 1.0, Qt::DotLine));
+    painter->setPen(QPen(QBrush(CanvasColors::shared().overlay), 1.0, Qt::DotLine));
     painter->drawLine(0, y, view.viewWidth, y);
     painter->drawLine(x, 0, x, view.viewHeight);
 }

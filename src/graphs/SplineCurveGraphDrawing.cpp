@@ -179,8 +179,9 @@ void SplineCurveGraph::drawLabels(QPainter* painter, const double& fps, const bo
     }
     const QPainter::RenderHints hints = painter->renderHints();
     const QBrush background = painter->background();
-    painter->setPen(QPen(QBrush(Qt::white), 0.0, Qt::SolidLine));
-    painter->setBrush(Qt::white);
+    const QColor color = CanvasColors::shared().overlay;
+    painter->setPen(QPen(QBrush(color), 0.0, Qt::SolidLine));
+    painter->setBrush(color);
     painter->setBackground(Qt::NoBrush);
     painter->setRenderHint(QPainter::Antialiasing, false);
     const Qt::LayoutDirection direction = painter->layoutDirection();
