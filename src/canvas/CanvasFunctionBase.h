@@ -28,6 +28,7 @@ class CurveNodeBase;
 class FrameGrid;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class ParseMessage;
 class QInputEvent;
 class QKeyEvent;
@@ -136,8 +137,8 @@ public:
     /// What is kept of the last picture.
     CanvasLayers& layers();
     FrameGrid* frameGrid() const;
-    /// Takes ownership; null removes the picture.
-    void setBackground(CanvasBackground* picture);
+    /// Null removes the picture.
+    void setBackground(std::unique_ptr<CanvasBackground> picture);
     CanvasBackground* backgroundPicture() const;
     bool curvesBounds(double& x1, double& x2, double& y1, double& y2) const;
     bool selectionBounds(double& x1, double& x2, double& y1, double& y2) const;
@@ -244,6 +245,8 @@ public:
 
     SelectionState selectionState() const;
     CurveEditor* curveEditor() const;
+    /// Whose names expressions read first; not owned. Null without an editor.
+    const ParserScope* parserScope() const;
     ViewPort* viewPort() const;
 
 public slots:

@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/FunctionEditor.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNodeBase.h"
@@ -122,9 +123,15 @@ void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
     curve->saveCrv(stream);
 }
 
+const ParserScope* CanvasFunctionBase::parserScope() const
+{
+    return host ? host->parserScope() : nullptr;
+}
+
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    std::unique_ptr<FunctionFloatBase> expression = curve_editor::parseText(text, message);
+    std::unique_ptr<FunctionFloatBase> expression =
+        curve_editor::parseText(text, message, parserScope());
     showBoxes(curve_editor::syntaxProblems(message));
     return expression.release();
 }

@@ -35,9 +35,9 @@ FrameGrid* CanvasFunctionBase::frameGrid() const
     return ground ? ground->grid() : nullptr;
 }
 
-void CanvasFunctionBase::setBackground(CanvasBackground* picture)
+void CanvasFunctionBase::setBackground(std::unique_ptr<CanvasBackground> picture)
 {
-    ground->setBackground(std::unique_ptr<CanvasBackground>(picture));
+    ground->setBackground(std::move(picture));
 }
 
 CanvasBackground* CanvasFunctionBase::backgroundPicture() const

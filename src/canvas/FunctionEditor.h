@@ -1,7 +1,5 @@
 #pragma once
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/WheelTurns.h"
 #include "core/ZkTypes.h"
 #include "graphs/ViewPort.h"
 
@@ -10,12 +8,14 @@
 
 #include <memory>
 
+class CanvasFunctionBase;
 class CurveEditor;
 class CurveKeysDialog;
 class QNativeGestureEvent;
+class WheelTurns;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
-/// then says that the selection may have changed.
+/// then says that the selection may have changed. To a host it is the widget that shows the curves.
 class FunctionEditor : public QWidget, public ViewPort
 {
     Q_OBJECT
@@ -50,7 +50,8 @@ public:
 signals:
     void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
 
-protected slots:
+public slots:
+    /// The values of selected keys were changed: tells the host, and draws them.
     void currentNodeHasChanged();
 
 protected:
@@ -69,8 +70,8 @@ private:
     void updateMoved(const QRect& before, const QRect& after);
     void showSelectedKeys(bool opensFields);
 
-    CanvasFunctionBase logic;
-    WheelTurns wheel;
+    std::unique_ptr<CanvasFunctionBase> logic; ///< never null
+    std::unique_ptr<WheelTurns> wheel;         ///< never null
     QRegion moved; ///< where only the time line or the rubber band has moved since the last paint
     std::unique_ptr<CurveKeysDialog> keys; ///< its parent is the editor
 };

@@ -37,7 +37,8 @@ bool parseExpression(ReadCurve& curve, QString& error)
         return true;
     }
     ParseMessage message;
-    curve.expression = curve.content.parseExpression(*FunctionParserBase::instance(), message);
+    curve.expression =
+        curve.content.parseExpression(*FunctionParserBase::instance(), nullptr, message);
     if (message.errorKind != ParseMessage::noError) {
         constexpr qsizetype longest = 200; // no box can lay out a text of some megabytes
         error = tr("The expression cannot be parsed: %1")

@@ -118,9 +118,11 @@ protected:
     std::unique_ptr<QList<CurveNode*>> childList; ///< each child is owned, too; null on a leaf
 
 private:
-    void renameChildren(const QString& oldDotName);
-    QString pathUnder(const QString& oldDotName, const QString& childPath) const;
+    void renameChildren();
+    bool isUnderUnnamedNode() const;
+    void noteUnnamedNode();
 
     CurveNode* parent = nullptr;     ///< not owned
+    bool underUnnamedNode = false;   ///< the path is empty, and is the name of a top node
     std::shared_ptr<CurveNode*> tag; ///< null until the first hold
 };

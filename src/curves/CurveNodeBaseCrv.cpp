@@ -85,7 +85,7 @@ void CurveNodeBase::readExpression(std::ifstream& stream, FunctionParserBase& pa
     std::string word;
     stream >> word;
     ParseMessage message;
-    std::unique_ptr<FunctionFloatBase> read(parser.parseString(word, message, false));
+    std::unique_ptr<FunctionFloatBase> read(parser.parseWithin(parserScope(), word, message));
     if (FunctionFloatBase** living = livingSlot()) {
         ExpressionDisposal::take(std::exchange(*living, read.release()));
     }

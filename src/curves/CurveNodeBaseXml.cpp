@@ -4,6 +4,7 @@
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveXmlNames.h"
 #include "curves/CurveXmlReader.h"
 #include "curves/CurveXmlWriter.h"
 #include "curves/FileReplacement.h"
@@ -75,6 +76,47 @@ bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* 
     return isRead;
 }
 
+PointInfo* CurveNodeBase::readControlPoint(QXmlStreamReader& reader)
+{
+    std::unique_ptr<PointInfo> point = CurveXmlReader(reader).readControlPoint();
+    return reader.hasError() ? nullptr : point.release();
+}
+
+bool CurveNodeBase::isEndOf(QXmlStreamReader& reader, const QString&)
+{
+    return reader.isEndElement();
+}
+
+void CurveNodeBase::raiseXmlError(QXmlStreamReader& reader, const QString& message)
+{
+    CurveXmlReader(reader).raiseXmlError(message);
+}
+
+QString CurveNodeBase::curveTypeName(const int& type)
+{
+    return curve_editor::curveTypeName(type);
+}
+
+QString CurveNodeBase::nodeTypeName(const int& type)
+{
+    return curve_editor::nodeTypeName(type);
+}
+
+QString CurveNodeBase::interpolationTypeName(const int& type)
+{
+    return curve_editor::interpolationTypeName(type);
+}
+
+int CurveNodeBase::nodeTypeFromName(const QString& name)
+{
+    return curve_editor::nodeTypeFromName(name);
+}
+
+int CurveNodeBase::interpolationTypeFromName(const QString& name)
+{
+    return curve_editor::interpolationTypeFromName(name);
+}
+
 /// An expression that does not parse leaves the slot empty, without a word.
 void CurveNodeBase::takeContent(CurveXmlContent& content, FunctionParserBase* parser)
 {
@@ -83,7 +125,8 @@ void CurveNodeBase::takeContent(CurveXmlContent& content, FunctionParserBase* pa
     if (hasKeys(content.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
     }
-    content.moveInto(spline(), livingSlot(), content.parseExpression(*reader, message));
+    content.moveInto(spline(), livingSlot(),
+                     content.parseExpression(*reader, parserScope(), message));
     if (hasKeys(content.type)) {
         keysGraph->setSpline(spline());
     }

@@ -13,13 +13,14 @@
 namespace curve_editor {
 
 std::unique_ptr<FunctionFloatBase> CurveXmlContent::parseExpression(FunctionParserBase& parser,
+                                                                    const ParserScope* scope,
                                                                     ParseMessage& message) const
 {
     if (type == splineCurve) {
         return nullptr;
     }
     const std::string text = expressionText.toLocal8Bit().toStdString();
-    return std::unique_ptr<FunctionFloatBase>(parser.parseString(text, message, false));
+    return std::unique_ptr<FunctionFloatBase>(parser.parseWithin(scope, text, message));
 }
 
 void CurveXmlContent::moveInto(SplineBase* spline, FunctionFloatBase** slot,

@@ -11,6 +11,7 @@
 class FunctionFloatBase;
 class FunctionParserBase;
 class ParseMessage;
+class ParserScope;
 class SplineBase;
 
 namespace curve_editor {
@@ -24,8 +25,10 @@ struct CurveXmlContent
     int lastNodeType = -1;
     std::vector<std::unique_ptr<PointInfo>> points; ///< in file order
 
-    /// The tree of the expression; null when the type has none or the text does not parse.
+    /// The tree of the expression; null when the type has none or the text does not parse. The
+    /// scope, which may be null, is whose names it reads first.
     std::unique_ptr<FunctionFloatBase> parseExpression(FunctionParserBase& parser,
+                                                       const ParserScope* scope,
                                                        ParseMessage& message) const;
 
     /// Replaces keys and behaviours of the spline if the type has them, the expression in the

@@ -35,6 +35,12 @@ public:
     /// Reads on from the start element `curve`. Returns whether the stream is without an error.
     bool readCurve(CurveXmlContent& content);
 
+    /// Reads on from the start element `point`. What was read until an error is no key.
+    std::unique_ptr<PointInfo> readControlPoint();
+
+    /// Lets the stream fail with the message and the line and column of its place.
+    void raiseXmlError(const QString& message);
+
     /// The error with the line and column of its place.
     QString errorText() const;
 
@@ -44,14 +50,12 @@ private:
     void readCurveType(int& type);
     void readNodeType(int& type);
     void readPoints(CurveXmlContent& content);
-    std::unique_ptr<PointInfo> readControlPoint();
     void readPointChild(PointInfo& point);
     void readInterpolationType(PointInfo& point);
     double readNumber();
     const QString& readText();
     bool canGoOn() const;
     QString withPlace(const QString& message) const;
-    void raiseXmlError(const QString& message);
 
     QXmlStreamReader& stream;
     QString elementText;       // of readText: one buffer for all elements

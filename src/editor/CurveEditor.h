@@ -20,6 +20,7 @@ class CurveNode;
 class CustomEditLine;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class QAction;
 class QInputEvent;
 class QMenu;
@@ -29,8 +30,6 @@ class SplineBase;
 
 namespace curve_editor {
 class CurveEditorPrivate;
-class EditorCanvasHost;
-class EditorCommandContext;
 } // namespace curve_editor
 
 /// The curve editor dialog, face of the library.
@@ -176,6 +175,9 @@ public:
     NodeStruct* searchAllNodeList(const QString& dotName) const;
     /// The first record whose name has this parser form: lower case, blanks as underscores.
     NodeStruct* searchAllNodeListCurveName(const QString& parserName) const;
+    /// Whose names the expressions that are typed here read first, before those that hosts have
+    /// registered: those of this editor's curves. Lives as long as the editor.
+    const ParserScope* parserScope() const;
     /// The same as searchAllNodeList.
     NodeStruct* structFromDotName(const QString& dotName) const;
     NodeStruct* structFromCurve(CurveNode const* curve) const;
@@ -554,13 +556,11 @@ private:
     void setMaxTime(const double& time);
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
-
+    void lendAnew(NodeStruct* record, const NodeStruct& content);
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
 
-    friend class curve_editor::EditorCanvasHost;
-    friend class curve_editor::EditorCommandContext;
-
+    friend class curve_editor::CurveEditorPrivate;
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given
     bool selectionBusy = false;     ///< re-entry guard of the selection

@@ -1,6 +1,7 @@
 // Loading and saving: curve files and the picture behind the curves.
 
 #include "canvas/CanvasBackground.h"
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandLoadCurve.h"
 #include "curves/CurveNodeBase.h"
@@ -16,6 +17,7 @@
 
 #include <memory>
 #include <ostream>
+#include <utility>
 
 using curve_editor::DeviceStreamBuffer;
 using curve_editor::isPipeOrDevice;
@@ -99,7 +101,7 @@ void CurveEditor::loadImage()
             return;
         }
     }
-    d->canvas().setBackground(picture.release());
+    d->canvas().setBackground(std::move(picture));
     d->repaintAll();
 }
 

@@ -1,5 +1,6 @@
 #include "editor/CurveEditorPrivate.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditor.h"
 #include "widgets/ControlMenu2.h"
@@ -21,6 +22,11 @@ CurveEditorPrivate::CurveEditorPrivate(CurveEditor* owner, const QString& iconsF
 }
 
 CurveEditorPrivate::~CurveEditorPrivate() = default;
+
+CurveEditorPrivate& CurveEditorPrivate::of(const CurveEditor& editor)
+{
+    return *editor.d;
+}
 
 void CurveEditorPrivate::initCanvas()
 {

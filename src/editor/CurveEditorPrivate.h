@@ -25,6 +25,8 @@ public:
     ~CurveEditorPrivate();
     CurveEditorPrivate(const CurveEditorPrivate&) = delete;
     CurveEditorPrivate& operator=(const CurveEditorPrivate&) = delete;
+    /// That of an editor, for those of this folder by whom lower ones ask.
+    static CurveEditorPrivate& of(const CurveEditor& editor);
 
     /// Puts the canvas into its place in the window.
     void initCanvas();

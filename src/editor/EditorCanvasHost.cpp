@@ -17,7 +17,7 @@ CurveCommandsManager& EditorCanvasHost::manager() const
 
 ModeControl& EditorCanvasHost::modes() const
 {
-    return editor.d->modes;
+    return CurveEditorPrivate::of(editor).modes;
 }
 
 NodeStruct* EditorCanvasHost::findRecord(const QString& dotName) const
@@ -28,6 +28,11 @@ NodeStruct* EditorCanvasHost::findRecord(const QString& dotName) const
 bool EditorCanvasHost::dependsOnItself(const QString& parserName, QString& offender) const
 {
     return editor.checkDependencies(parserName, parserName, offender);
+}
+
+const ParserScope* EditorCanvasHost::parserScope() const
+{
+    return editor.parserScope();
 }
 
 int EditorCanvasHost::numberOfDecimals() const

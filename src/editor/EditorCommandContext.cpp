@@ -1,5 +1,6 @@
 #include "editor/EditorCommandContext.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditor.h"
 #include "editor/CurveEditorPrivate.h"
@@ -144,14 +145,9 @@ void EditorCommandContext::showParsed(CommandLine* line, const ParseMessage& mes
     line->setParseMessage(message);
 }
 
-EditorCommandContext& EditorCommandContext::of(const CurveEditor& editor)
-{
-    return editor.d->commandContext;
-}
-
 CommandContext& contextOf(CurveEditor* editor)
 {
-    return EditorCommandContext::of(*editor);
+    return CurveEditorPrivate::of(*editor).commandContext;
 }
 
 } // namespace curve_editor

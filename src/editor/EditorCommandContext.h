@@ -39,8 +39,6 @@ public:
     QString textOf(const CommandLine* line) const override;
     void showParsed(CommandLine* line, const ParseMessage& message) override;
 
-    static EditorCommandContext& of(const CurveEditor& editor);
-
 private:
     CurveEditor& editor;
     const Catalogue& records;

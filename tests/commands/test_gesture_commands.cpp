@@ -192,7 +192,7 @@ private slots:
             curve->spline.setPos(curve->spline.at(0), 9.0);
             curve.reset();
         }));
-        QCOMPARE(fixture.undoAll().size(), 3);
+        QCOMPARE(fixture.undoAll().size(), 2);
         while (fixture.manager.redo()) {
         }
     }

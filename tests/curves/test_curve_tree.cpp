@@ -25,6 +25,7 @@ public:
         }
         return !culprit.isEmpty();
     }
+    const ParserScope* parserScope() const override { return nullptr; }
     void createNodeAtCursor(CurveNode* curve) override { atCursor = curve; }
 
     mutable ViewPort viewPort;

@@ -11,11 +11,6 @@ namespace {
 
 const QList<double> times{0.0, 1.5, 65.5, 7200.0, -0.5, -1.25, -65.5};
 
-QString readout(const CurveEditor& editor, const char* name)
-{
-    return editor.mainMenu->findChild<QLabel*>(name)->text();
-}
-
 } // namespace
 
 /// Read-outs, fields and dialogs at the rates that are in use, before time 0 as well.

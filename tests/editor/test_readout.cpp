@@ -12,11 +12,6 @@
 
 namespace {
 
-QString readout(const CurveEditor& editor, const char* name)
-{
-    return editor.mainMenu->findChild<QLabel*>(name)->text();
-}
-
 CustomEditLine* field(const CurveEditor& editor, const char* name)
 {
     return editor.mainMenu->findChild<CustomEditLine*>(name);

@@ -153,7 +153,7 @@ public:
     QStringList takeCalls() { return std::exchange(calls, {}); }
 
     /// The reports alone.
-    QStringList takeReports() { return takeCalls().filter(QLatin1Char('|')); }
+    QStringList takeReports() { return takeCalls().filter(QStringLiteral("|")); }
     /// @}
 
     const curve_editor::Catalogue& catalogue() const override { return records; }
@@ -280,6 +280,7 @@ public:
 private:
     ViewPort* view() const override { return nullptr; }
     int labelDecimals() const override { return 2; }
+    const ParserScope* parserScope() const override { return &records.parserScope(); }
     void createNodeAtCursor(CurveNode* /*curve*/) override {}
 
     bool dependsOnItself(const QString& parserName, QString& offender) const override
