@@ -80,6 +80,11 @@ void CanvasFunctionBase::markExpressionsChanged()
     emit changeCommandLine();
 }
 
+bool CanvasFunctionBase::isNoticeDue() const
+{
+    return editing.isNoticeDue();
+}
+
 void CanvasFunctionBase::updateCanvas()
 {
     if (editing.isNoticeDue()) {

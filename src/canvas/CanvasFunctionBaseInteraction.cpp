@@ -83,7 +83,7 @@ void CanvasFunctionBase::doubleClick(QMouseEvent* event)
     if (editingType() == expressionCurve || !canAdd || editing.size() != 1) {
         return;
     }
-    const QPointF world = worldAt(mousePixel(event->position()));
+    const QPointF world = worldUnder(*event);
     addKey(editing.first(), world.x(), world.y());
 }
 

@@ -94,6 +94,18 @@ public:
 
     /// Screen data must be rebuilt.
     bool hasChanged() const;
+    /// @name Retained pictures of the curve
+    /// @{
+    /// It is drawn, as a spline without an expression, and nobody has marked a change since.
+    bool isPlain();
+    /// Brings the screen data up to date as far as what it is made from has changed, and tells by
+    /// a number all that paintGraph paints, but for the view and what belongs to all curves. 0
+    /// where it paints nothing.
+    std::uint64_t refreshGraph(ViewPort* viewport);
+    /// Paints the screen data as it is.
+    void paintGraph(ViewPort* viewport, QPainter* painter);
+    /// @}
+
     /// Frees the screen data of a curve that is not to be drawn for some time.
     void dropPixels();
 
@@ -175,6 +187,7 @@ private:
     FunctionFloatBase** slot; ///< the host's; left alone once its spline is destroyed
     std::unique_ptr<SplineCurveGraph> keysGraph;
     std::unique_ptr<ExpressionCurveGraph> expressionGraph;
+    std::uint64_t sampledFrom = 0; ///< what the screen data was made from; 0 if that is unknown
     float storedCurveValue;
     float minimum;
     float maximum;
