@@ -12,6 +12,7 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
+#include "files/CurveFormat.h"
 
 #include <QMessageBox>
 #include <QSet>
@@ -217,7 +218,8 @@ void CanvasFunctionBase::saveCurvesXml(const QString& folder)
 {
     for (CurveNode* node : std::as_const(editing)) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(node)) {
-            curve->saveXML(folder + QLatin1Char('/') + curve->dotName() + QLatin1String(".xml"));
+            const QString name = curve_files::fileNameOfCurve(curve->dotName());
+            curve->saveXML(folder + QLatin1Char('/') + name + QLatin1String(".xml"));
         }
     }
 }

@@ -9,8 +9,8 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
 #include "curves/NodeStruct.h"
-#include "curves/PipeOrDevice.h"
 #include "editor/CurveEditor.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
 #include <QPointer>
@@ -49,7 +49,7 @@ CommandLoadCurve::~CommandLoadCurve() = default;
 bool CommandLoadCurve::execute()
 {
     QFile file(fileName);
-    if (isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
+    if (curve_files::isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     file.close();

@@ -5,20 +5,16 @@
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveXmlReader.h"
-#include "curves/CurveXmlWriter.h"
-#include "curves/FileReplacement.h"
-#include "curves/PipeOrDevice.h"
-#include "curves/XmlInputGuard.h"
+#include "files/CurveContent.h"
+#include "files/CurveXmlReader.h"
+#include "files/CurveXmlWriter.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
 #include <QMessageBox>
-#include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
-using curve_editor::CurveXmlContent;
-using curve_editor::CurveXmlReader;
-using curve_editor::CurveXmlWriter;
+using curve_files::CurveContent;
+using curve_files::CurveFileResult;
 
 namespace {
 
@@ -26,58 +22,61 @@ constexpr qsizetype longestReason = 1000; // the stream's own words may name wha
 
 } // namespace
 
+CurveContent CurveNodeBase::content()
+{
+    return CurveContent::of(curveType(), spline(), expression());
+}
+
 void CurveNodeBase::saveXML(const QString& path)
 {
-    curve_editor::replaceFile(path, [this](QIODevice& file) {
-        QXmlStreamWriter stream(&file);
-        CurveXmlWriter(stream).writeDocument(curveType(), spline(), expression());
-    });
+    content().writeFile(path, curve_files::CurveFormat::xml);
 }
 
 void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
 {
-    CurveXmlWriter(writer).writeCurve(curveType(), spline(), expression());
+    curve_files::CurveXmlWriter(writer).writeCurve(content());
 }
 
 bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
 {
     QFile file(path);
-    if (curve_editor::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
+    if (curve_files::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
-    curve_editor::XmlInputGuard guard(file);
-    QXmlStreamReader stream(&guard);
-    const bool isRead = CurveXmlReader(stream).readDocument(
-        [&](CurveXmlContent& content) { takeContent(content, parser); });
+    const CurveFileResult result = curve_files::readXmlDocument(
+        file, [&](const CurveContent& read) { takeContent(read, parser); });
     file.close();
-    if (!isRead) {
+    if (!result) {
+        // The reader's own words for what is no XML have always stood there without a place.
+        const bool isOwnText = result.problem == CurveFileResult::malformed;
+        const QString reason = isOwnText ? result.message : result.text();
         QMessageBox::critical(nullptr, tr("Error Reading XML File"),
                               tr("Error parsing XML curve file.\nReason:\n") +
-                                  stream.errorString().left(longestReason));
+                                  reason.left(longestReason));
     }
-    return isRead;
+    return static_cast<bool>(result);
 }
 
 bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser)
 {
-    CurveXmlContent content;
-    const bool isRead = CurveXmlReader(reader).readCurve(content);
+    CurveContent read;
+    const bool isRead = curve_files::CurveXmlReader(reader).readCurve(read);
     if (isRead) {
-        takeContent(content, parser);
+        takeContent(read, parser);
     }
     return isRead;
 }
 
 /// An expression that does not parse leaves the slot empty, without a word.
-void CurveNodeBase::takeContent(CurveXmlContent& content, FunctionParserBase* parser)
+void CurveNodeBase::takeContent(const CurveContent& read, FunctionParserBase* parser)
 {
     ParseMessage message;
     FunctionParserBase* reader = parser ? parser : FunctionParserBase::instance();
-    if (hasKeys(content.type)) {
+    if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
     }
-    content.moveInto(spline(), livingSlot(), content.parseExpression(*reader, message));
-    if (hasKeys(content.type)) {
+    read.copyTo(spline(), livingSlot(), read.parseExpression(*reader, message));
+    if (hasKeys(read.type)) {
         keysGraph->setSpline(spline());
     }
     changed = true;

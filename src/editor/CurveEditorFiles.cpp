@@ -4,11 +4,11 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandLoadCurve.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/DeviceStreamBuffer.h"
-#include "curves/FileReplacement.h"
-#include "curves/PipeOrDevice.h"
 #include "editor/CurveEditor.h"
 #include "editor/CurveEditorPrivate.h"
+#include "files/DeviceStreamBuffer.h"
+#include "files/FileReplacement.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
 #include <QMessageBox>
@@ -17,9 +17,9 @@
 #include <memory>
 #include <ostream>
 
-using curve_editor::DeviceStreamBuffer;
-using curve_editor::isPipeOrDevice;
-using curve_editor::replaceFile;
+using curve_files::DeviceStreamBuffer;
+using curve_files::isPipeOrDevice;
+using curve_files::replaceFile;
 
 namespace {
 
