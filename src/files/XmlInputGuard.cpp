@@ -16,7 +16,7 @@ constexpr qint64 workOfReference = 65536; // some times what the reader lets an 
 // default for each of its bytes.
 constexpr qint64 bytesOfAttributeWork = 6;
 
-QString tr(const char* text)
+QString translated(const char* text)
 {
     return QCoreApplication::translate("XmlInputGuard", text);
 }
@@ -76,12 +76,13 @@ QString XmlInputGuard::refusal() const
         return QString();
     }
     if (attributes > mostAttributes) {
-        return tr("A tag has more than %1 attributes").arg(mostAttributes);
+        return translated("A tag has more than %1 attributes").arg(mostAttributes);
     }
     if (depth > deepest) {
-        return tr("Elements are more than %1 deep").arg(deepest);
+        return translated("Elements are more than %1 deep").arg(deepest);
     }
-    return tr("There are more tags and references than may follow declarations of this length");
+    return translated(
+        "There are more tags and references than may follow declarations of this length");
 }
 
 bool XmlInputGuard::isHarmless(char byte)

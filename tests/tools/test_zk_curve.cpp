@@ -164,7 +164,7 @@ void TestZkCurve::checkTellsPlaceAndName_data()
         << QByteArray("a:2:10: Unknown curve type: <bend>\n");
     QTest::newRow("a bad number") << lineFile + "x" << 0 << QByteArray(); // behind the keys
     QTest::newRow("a key cut short")
-        << lineFile.chopped(6) << 1 << QByteArray("a:8:16: the text ends too early\n");
+        << lineFile.chopped(6) << 1 << QByteArray("a:8:18: the text ends too early\n");
     QTest::newRow("an open parenthesis")
         << expressionFile("sin(t") << 1 << QByteArray("a:4:17: Unmatched parenthesis\n");
 }

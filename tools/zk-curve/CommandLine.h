@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QCommandLineOption>
+#include <QHash>
+#include <QList>
 #include <QString>
 #include <QStringList>
 
