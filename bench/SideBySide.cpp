@@ -46,6 +46,11 @@ constexpr Comparison comparisons[] = {
     {"sampler, 4 threads: 1 thread (2 cores)", "sampler threads/4", "sampler threads/1", 0,
      1.0 / 1.8},
 
+    {"first formula after QImage::fill: clean", "registers tree/after fill", "registers tree/clean",
+     0, 1.1},
+    {"sampler after QImage::fill: clean", "registers sampler/after fill", "registers sampler/clean",
+     0, 1.1},
+
     {"append, a key: 100,000 to 10,000", "append/100000", "append/10000", 0, nearLinear},
     {"append, a key: 1,000,000 to 100,000", "append/1000000", "append/100000", 0, nearLinear},
     {"addPoints, 1,000,000: append, stable_sort", "addPoints/1000000", "appendAndSort/1000000", 0,

@@ -83,9 +83,13 @@ void FunctionEditor::reportCursor(QMouseEvent* event)
     const QList<CurveNode*> curves = logic.editingCurves();
     if (!curves.isEmpty()) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(curves.first())) {
+            const QPointer<FunctionEditor> self(this);
             try {
                 functionValue = curve->evaluate(time);
             } catch (...) { // the same as in a paint
+            }
+            if (!self) {
+                return; // a refresh function has deleted the editor
             }
         }
     }

@@ -94,7 +94,8 @@ private:
 };
 
 /// Fills the three polygons. `limitedAt` gives the value to draw between the keys from the time
-/// and the spline's own value, `tailAt` the one behind them from the time.
+/// and the spline's own value, `tailAt` the one behind them from the time. A refresh function that
+/// they call may destroy the spline, which ends it.
 template <typename LimitedAt, typename TailAt>
 void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, LimitedAt limitedAt,
             TailAt tailAt)
@@ -107,6 +108,7 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, L
     const double begin = firstKey->time > view.minX ? firstKey->time : view.minX;
     const double end = lastKey->time < view.maxX ? lastKey->time : view.maxX;
     const SamplePixels pixels(view);
+    const auto isLost = [&] { return graph.selection().spline() != &spline; };
 
     const SampleTimes times = timesBetweenKeys(view, begin, end);
     graph.curvePixels.clear();
@@ -116,7 +118,11 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, L
     for (int i = 0; i <= times.last; ++i) {
         const double time = times.at(i);
         const double raw = spline(time);
-        graph.curvePixels << pixels.at(time, limitedAt(time, raw));
+        const double limited = limitedAt(time, raw);
+        if (isLost()) {
+            return;
+        }
+        graph.curvePixels << pixels.at(time, limited);
         graph.rawPixels << pixels.at(time, raw);
     }
 
@@ -125,7 +131,11 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, L
     if (tailTimes(view, end, tail)) {
         graph.tailPixels.reserve(tail.last + 1);
         for (int i = 0; i <= tail.last; ++i) {
-            graph.tailPixels << pixels.at(tail.at(i), tailAt(tail.at(i)));
+            const double value = tailAt(tail.at(i));
+            if (isLost()) {
+                return;
+            }
+            graph.tailPixels << pixels.at(tail.at(i), value);
         }
     }
 }

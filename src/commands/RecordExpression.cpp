@@ -2,6 +2,7 @@
 
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
@@ -47,7 +48,7 @@ void giveExpression(CurveEditor* editor, const NodeStruct* record, FunctionFloat
         return;
     }
     if (FunctionFloatBase** const slot = record->livingSlot()) {
-        delete std::exchange(*slot, expression);
+        ExpressionDisposal::take(std::exchange(*slot, expression));
     } else {
         delete expression;
     }
@@ -70,7 +71,7 @@ bool restoreExpression(CurveEditor* editor, const NodeStruct* record, const QStr
 void emptySlot(const NodeStruct* record)
 {
     if (FunctionFloatBase** const slot = record->livingSlot()) {
-        delete std::exchange(*slot, nullptr);
+        ExpressionDisposal::take(std::exchange(*slot, nullptr));
     }
 }
 

@@ -88,6 +88,9 @@ void CurveSampler::values(double first, double step, std::size_t count, double* 
         for (int i = 0; i < length; ++i) {
             block[i] = first + (before + i) * step;
         }
+        if (done == 0) {
+            block[0] = first; // also where the step is infinite
+        }
         plan->run(block, out + done, static_cast<std::size_t>(length), rate);
     }
 }

@@ -35,9 +35,10 @@ class SplineBase;
 /// evaluate it at once, without a lock. Values are those of the live curve: of keys but for the
 /// signs of zeros, of an expression to the bit.
 ///
-/// Evaluation takes up to 40 KiB of the stack. It allocates nothing, but for curves that hold more
-/// than about 4,000 values at a time while they read one another: these do so once a call. A host
-/// function that is bound must bear the calls of all threads; what it throws reaches the caller.
+/// Evaluation takes up to 48 KiB of the stack, beside what a host function takes. It allocates
+/// nothing, but for curves that hold more than about 4,000 values at a time while they read one
+/// another: these do so once a call. A host function that is bound must bear the calls of all
+/// threads; what it throws reaches the caller.
 class ZK_CURVE_CORE_EXPORT CurveSampler
 {
 public:

@@ -1,9 +1,11 @@
 #include "core/EvaluationTime.h"
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionParserBase.h"
 #include "core/KeyValue.h"
 #include "core/ParserKeyEntry.h"
 #include "core/RoundingNoise.h"
+#include "core/VectorRegisters.h"
 
 #include <cstring>
 
@@ -47,6 +49,15 @@ bool writeMoment(const double& time, const double& frame, const double& fps)
     return !same;
 }
 
+// Inside of a refresh function values at the moments before and behind stay good: else curves that
+// read one another at several moments would be worked out again and again.
+void leaveMoment()
+{
+    if (!ParserKeyEntry::isAnyRefreshed()) {
+        ++currentEpoch;
+    }
+}
+
 } // namespace
 
 EvaluationTime::EvaluationTime()
@@ -54,6 +65,7 @@ EvaluationTime::EvaluationTime()
     , savedFrame(ParserKeyEntry::stored(timeKeys().frame))
     , savedFps(ParserKeyEntry::stored(timeKeys().fps))
 {
+    VectorRegisters::clearUpperHalves();
     // What an earlier evaluation worked out may have been edited since.
     if (++livingObjects == 1) {
         ++currentEpoch;
@@ -64,22 +76,27 @@ EvaluationTime::EvaluationTime(const double& time, const double& fps)
     : EvaluationTime()
 {
     if (writeMoment(time, frameAt(time, fps), fps)) {
-        ++currentEpoch;
+        leaveMoment();
     }
 }
 
 EvaluationTime::~EvaluationTime()
 {
     if (restores && writeMoment(savedTime, savedFrame, savedFps)) {
-        ++currentEpoch;
+        leaveMoment();
     }
-    --livingObjects;
+    if (--livingObjects == 0) {
+        ExpressionDisposal::freeKept();
+    }
 }
 
 void EvaluationTime::set(const double& time, const double& fps)
 {
-    if (writeMoment(time, frameAt(time, fps), fps) || livingObjects == 1) {
+    const bool isOther = writeMoment(time, frameAt(time, fps), fps);
+    if (livingObjects == 1) {
         ++currentEpoch;
+    } else if (isOther) {
+        leaveMoment();
     }
 }
 

@@ -32,8 +32,8 @@ public:
     /// What "t", "f" and "fps" hold, in this order.
     static std::array<double, 3> now();
 
-    /// Grows with each moment that an outermost evaluation is made for, and whenever an evaluation
-    /// inside of it goes to another moment or comes back from it. A value worked out under the
+    /// Grows with each outermost evaluation and with each other moment that it is made for, but not
+    /// with the moments that refresh functions go to inside of it. A value worked out under the
     /// same number, at the same "t", "f" and "fps", is still good. 0 outside of any.
     static unsigned long long epoch();
 

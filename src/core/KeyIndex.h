@@ -33,7 +33,7 @@ public:
 
 private:
     // Any way of rounding will do as long as a later time gets no earlier stretch, so the low bits
-    // of a number in 2^52..2^53 do: they count its units. What is no number falls to the first.
+    // of a number in 2^52..2^53 do: they count its units. NaN falls to the last.
     std::size_t stretchOf(const double& time) const
     {
         constexpr double unitsFrom = 0x1p52;

@@ -5,7 +5,18 @@
 
 namespace {
 
-int nesting = 0; ///< of refresh functions that do not guard themselves
+int running = 0; ///< of refresh functions
+int nesting = 0; ///< of those that do not guard themselves
+
+/// A refresh function that runs, until it returns or throws.
+class Running
+{
+public:
+    Running() { ++running; }
+    ~Running() { --running; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+};
 
 /// Marks a refresh function as running, until it returns or throws.
 class Nested
@@ -42,12 +53,18 @@ void ParserKeyEntry::refresh()
         return;
     }
     const std::shared_ptr<const Registration> answering = registrations.front();
+    const Running mark;
     if (answering->guardsItself) {
         answering->refresh();
     } else if (!refreshing && nesting < FunctionParserBase::deepestRefresh) {
         const Nested nested(refreshing);
         answering->refresh();
     }
+}
+
+bool ParserKeyEntry::isAnyRefreshed()
+{
+    return running > 0;
 }
 
 void ParserKeyEntry::add(const Registration& registration)

@@ -36,6 +36,9 @@ public:
     /// reads its last value.
     void refresh();
 
+    /// Whether any refresh function runs, of whatever entry.
+    static bool isAnyRefreshed();
+
     /// A registration that knows the address already is replaced where it stands.
     void add(const Registration& registration);
     void remove(const void* address);

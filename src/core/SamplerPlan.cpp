@@ -2,6 +2,7 @@
 
 #include "core/RoundingNoise.h"
 #include "core/SamplerOrder.h"
+#include "core/VectorRegisters.h"
 
 #include <algorithm>
 #include <cmath>
@@ -116,6 +117,7 @@ std::size_t SamplerPlan::linesNumber() const
 
 void SamplerPlan::run(const double* times, double* out, std::size_t count, double fps) const
 {
+    VectorRegisters::clearUpperHalves();
     if (!rootOf->expression) {
         Block block = {};
         block.count = count;

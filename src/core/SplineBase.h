@@ -162,7 +162,8 @@ public:
     /// removed. A key that is inside already is only put in order; null does nothing.
     PointInfo* addPointPtr(PointInfo* point);
     /// The same for a caller who knows what the key is: new, with 0, or that which had this serial
-    /// here, however it has changed since. Returns the key with the serial that it now has.
+    /// here, however it has changed since. A serial that was never given out counts as 0; one that
+    /// another key has is the caller's error. Returns the key with the serial that it now has.
     KeyRef addPointPtr(PointInfo* point, std::uint64_t serial);
     /// Adds copies of as many records, in any order: those of equal times in the order given,
     /// behind keys of the same time. Sorted and merged once, so this is the quick way to many keys.

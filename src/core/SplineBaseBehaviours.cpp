@@ -10,7 +10,7 @@
 #include <cmath>
 
 const double SplineBase::operator()(const double& time, FunctionFloatBase* expression,
-                              const double& fps) const
+                                    const double& fps) const
 {
     const double splineValue = (*this)(time);
     if (expression == nullptr) {

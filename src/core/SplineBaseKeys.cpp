@@ -5,11 +5,21 @@
 #include <algorithm>
 #include <atomic>
 
+namespace {
+
+std::atomic<std::uint64_t> lastSerial{0};
+
+bool wasGiven(std::uint64_t serial)
+{
+    return serial != 0 && serial <= lastSerial.load(std::memory_order_relaxed);
+}
+
+} // namespace
+
 /// The first of as many in a row, greater than any that was given before. Never 0.
 std::uint64_t SplineBase::newSerials(std::size_t count)
 {
-    static std::atomic<std::uint64_t> last{0};
-    return last.fetch_add(count, std::memory_order_relaxed) + 1;
+    return lastSerial.fetch_add(count, std::memory_order_relaxed) + 1;
 }
 
 /// The order of the list: by time, and at equal times by serial. Both are keys of this spline.
@@ -124,7 +134,7 @@ KeyRef SplineBase::addPointPtr(PointInfo* point, std::uint64_t serial)
     const auto found = find(point);
     if (found != controlPoints.end()) {
         settle(static_cast<std::size_t>(found - controlPoints.begin()));
-    } else if (serial == 0) {
+    } else if (!wasGiven(serial)) {
         insertNew(point);
     } else {
         serials.insert(point, serial);

@@ -1,11 +1,14 @@
 #include "curves/CurveFile.h"
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "files/CurveContent.h"
 
 #include <QCoreApplication>
+
+#include <utility>
 
 using curve_files::CurveContent;
 using curve_files::CurveFileResult;
@@ -43,8 +46,7 @@ bool readCurveFile(const QString& path, SplineBase* spline, FunctionFloatBase** 
         }
     }
     if (slot && content.type == splineCurve) {
-        delete *slot;
-        *slot = nullptr;
+        ExpressionDisposal::take(std::exchange(*slot, nullptr));
     }
     content.copyTo(spline, slot, std::move(expression));
     if (type) {

@@ -6,6 +6,7 @@
 #include "canvas/SplineCurveGraph.h"
 #include "canvas/ViewPort.h"
 #include "core/EvaluationTime.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveEvaluation.h"
@@ -14,6 +15,8 @@
 #include "curves/EvaluatedCurve.h"
 
 #include <QPointer>
+
+#include <utility>
 
 using curve_editor::DottedName;
 
@@ -117,8 +120,7 @@ void CurveNodeBase::removeExpression(const bool& remove)
         return;
     }
     if (FunctionFloatBase** living = livingSlot()) {
-        delete *living;
-        *living = nullptr;
+        ExpressionDisposal::take(std::exchange(*living, nullptr));
     }
     setAddFunc(false);
 }
@@ -188,10 +190,13 @@ double CurveNodeBase::evaluate(const double& time)
         return 0.0;
     }
     const curve_editor::EvaluatedCurve asked(keys, function);
+    // A refresh function may delete the editor, and this curve with it.
+    const float lowest = minimum;
+    const float highest = maximum;
     if (type == expressionCurve) {
-        return clampToLimits(function->value(), minimum, maximum);
+        return clampToLimits(function->value(), lowest, highest);
     }
-    return clampToLimits(keys ? (*keys)(time, function, fps) : 0.0, minimum, maximum);
+    return clampToLimits(keys ? (*keys)(time, function, fps) : 0.0, lowest, highest);
 }
 
 double CurveNodeBase::framesPerSecond() const

@@ -126,6 +126,7 @@ private:
     bool needsUpdate(const ViewPort* viewport) const;
     void postponeUpdate();
     void clearChangedFlags();
+    void sample(ViewPort& viewport, const int& type);
     void sampleExpression(const ViewPort& viewport);
     void drawKeys(ViewPort* viewport, QPainter* painter);
 

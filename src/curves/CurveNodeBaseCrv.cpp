@@ -1,6 +1,7 @@
 // A curve and the older curve file.
 
 #include "canvas/SplineCurveGraph.h"
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -13,6 +14,7 @@
 #include <QMessageBox>
 
 #include <fstream>
+#include <utility>
 
 using curve_files::CurveContent;
 using curve_files::CurveFileResult;
@@ -34,8 +36,8 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
     if (slot && read.type != splineCurve) {
         ParseMessage message; // an expression that does not parse leaves the slot empty
         FunctionParserBase& reader = parser ? *parser : *FunctionParserBase::instance();
-        delete *slot;
-        *slot = read.parseExpression(reader, message).release();
+        ExpressionDisposal::take(
+            std::exchange(*slot, read.parseExpression(reader, message).release()));
     }
     if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed

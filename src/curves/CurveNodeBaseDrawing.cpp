@@ -90,14 +90,25 @@ void CurveNodeBase::updateGraph(ViewPort* viewport)
     if (!pixelsAreOld && !needsUpdate(viewport)) {
         return;
     }
-    if (type == splineCurve) {
-        keysGraph->rebuildSpline(viewport, minimum, maximum);
-    } else if (type == splinePlusExpressionCurve) {
-        keysGraph->rebuildSplineWithExpression(viewport, minimum, maximum, expression());
-    } else if (type == expressionCurve && expression()) {
-        sampleExpression(*viewport);
-    }
+    // Beforehand: a refresh function may change the curve while it is sampled.
     clearChangedFlags();
+    try {
+        sample(*viewport, type);
+    } catch (...) {
+        changed = true;
+        throw;
+    }
+}
+
+void CurveNodeBase::sample(ViewPort& viewport, const int& type)
+{
+    if (type == splineCurve) {
+        keysGraph->rebuildSpline(&viewport, minimum, maximum);
+    } else if (type == splinePlusExpressionCurve) {
+        keysGraph->rebuildSplineWithExpression(&viewport, minimum, maximum, expression());
+    } else if (type == expressionCurve && expression()) {
+        sampleExpression(viewport);
+    }
 }
 
 void CurveNodeBase::sampleExpression(const ViewPort& viewport)
@@ -112,6 +123,9 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
         moment.set(i * step + viewport.minX, viewport.fps);
         const curve_editor::EvaluatedCurve asked(spline(), function);
         const double value = drawnValue(function->value(), lowest, highest);
+        if (hostSpline.isLost()) {
+            return; // a refresh function has destroyed it
+        }
         const double column = static_cast<double>(i) * viewport.viewWidth * 0.0002;
         points.setPoint(i, truncateToPixel(column), drawnRow(viewport, value));
     }

@@ -1,7 +1,7 @@
 // Giving a curve an expression, and telling the user when the curve then depends on itself.
 
 #include "canvas/CanvasFunctionBase.h"
-#include "core/FunctionFloatBase.h"
+#include "core/ExpressionDisposal.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/NodeStruct.h"
@@ -11,6 +11,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -35,10 +36,9 @@ void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& m
 {
     FunctionFloatBase** living = livingSlot();
     if (!living) {
-        delete expression;
+        ExpressionDisposal::take(expression);
     } else if (*living != expression) {
-        delete *living;
-        *living = expression;
+        ExpressionDisposal::take(std::exchange(*living, expression));
     }
     changed = true;
     QString offender;

@@ -60,7 +60,7 @@ CurveVariable* CurveTurns::nextToCome(Turn& turn) const
         if (next->closingEvaluation() != 0 || turn.answers.count(next) > 0) {
             continue;
         }
-        const CurveValue::Known* known = EvaluatedCurve::known(next->value, moment);
+        const KnownValue* known = EvaluatedCurve::known(next->value, moment);
         if (!known) {
             return next;
         }
@@ -72,7 +72,7 @@ CurveVariable* CurveTurns::nextToCome(Turn& turn) const
 void CurveTurns::endTurn(const double& number)
 {
     const CurveVariable* const done = &turns.back().variable;
-    const CurveValue::Known answer = turns.back().curve.finish(number);
+    const KnownValue answer = turns.back().curve.finish(number);
     turns.pop_back();
     if (!turns.empty()) {
         turns.back().answers[done] = answer;
@@ -107,7 +107,7 @@ bool CurveTurns::answers(CurveVariable& variable, const Moment& now)
     return true;
 }
 
-void CurveTurns::remember(const CurveVariable& variable, const CurveValue::Known& answer)
+void CurveTurns::remember(const CurveVariable& variable, const KnownValue& answer)
 {
     Turn* turn = present();
     if (turn && isSameMoment(answer.moment, innermost->moment)) {

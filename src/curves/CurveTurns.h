@@ -30,7 +30,7 @@ public:
     /// False if there is none.
     static bool answers(CurveVariable& variable, const Moment& moment);
     /// In further turns the variable has this value.
-    static void remember(const CurveVariable& variable, const CurveValue::Known& answer);
+    static void remember(const CurveVariable& variable, const KnownValue& answer);
     /// Makes the curve whose turn it is wait for the variable. False if no curve takes turns.
     static bool waitsFor(CurveVariable& variable, const Moment& moment);
 
@@ -43,7 +43,7 @@ private:
         EvaluatedCurve curve;
         std::vector<CurveVariable*> coming; ///< last one first; what the curve waits for
         CurveVariable* wanted = nullptr;    ///< what it missed in this turn
-        std::unordered_map<const CurveVariable*, CurveValue::Known> answers;
+        std::unordered_map<const CurveVariable*, KnownValue> answers;
     };
 
     static Turn* present();

@@ -102,7 +102,7 @@ void CurveVariable::refresh()
         value.number = 0.0;
     } else if (CurveTurns::answers(*this, now)) {
         return; // as in an earlier turn
-    } else if (const CurveValue::Known* known = EvaluatedCurve::known(value, now)) {
+    } else if (const KnownValue* known = EvaluatedCurve::known(value, now)) {
         read(*known);
         CurveTurns::remember(*this, *known);
     } else if (nesting < deepestNesting) {
@@ -113,7 +113,7 @@ void CurveVariable::refresh()
     }
 }
 
-void CurveVariable::read(const CurveValue::Known& known)
+void CurveVariable::read(const KnownValue& known)
 {
     EvaluatedCurve::dependOn(known.until);
     value.number = known.number;

@@ -36,7 +36,7 @@ private:
     void leave();
     void registerName();
     void refresh();
-    void read(const CurveValue::Known& known);
+    void read(const KnownValue& known);
     unsigned long long closingEvaluation() const;
     double computed(const Moment& now) const;
     std::vector<CurveVariable*> dependencies() const;

@@ -3,7 +3,6 @@
 #include "core/EvaluationTime.h"
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 #include <vector>
 
@@ -23,12 +22,6 @@ std::vector<CurveValue*>& openValues()
 {
     static auto* const values = new std::vector<CurveValue*>; // outlives static editors
     return *values;
-}
-
-bool isGood(const CurveValue::Known& known, const Moment& moment)
-{
-    return known.epoch != 0 && known.epoch == EvaluationTime::epoch() &&
-           isSameMoment(known.moment, moment);
 }
 
 std::shared_ptr<CurveRing> whole(std::shared_ptr<CurveRing> ring)
@@ -58,12 +51,6 @@ std::shared_ptr<CurveRing> joined(const std::shared_ptr<CurveRing>& a,
 }
 
 } // namespace
-
-bool isSameMoment(const Moment& a, const Moment& b)
-{
-    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): by bits, as the header says
-    return std::memcmp(a.data(), b.data(), sizeof(Moment)) == 0;
-}
 
 EvaluatedCurve::EvaluatedCurve(CurveValue& curveValue, const Moment& valueMoment)
     : value(&curveValue)
@@ -113,20 +100,20 @@ EvaluatedCurve::~EvaluatedCurve()
     }
 }
 
-CurveValue::Known EvaluatedCurve::finish(const double& number)
+KnownValue EvaluatedCurve::finish(const double& number)
 {
     const bool isOpen = until < order;
-    const CurveValue::Known known = {number, EvaluationTime::epoch(), moment, order,
-                                     isOpen ? until : always};
+    const KnownValue known = {number, EvaluationTime::epoch(), moment, order,
+                              isOpen ? until : always};
     if (!value) {
         return known;
     }
     value->number = number;
     if (isOpen) {
-        value->open = known;
+        value->open.add(known);
         openValues().push_back(value);
     } else {
-        value->settled = known;
+        value->settled.add(known);
     }
     return known;
 }
@@ -142,7 +129,7 @@ void EvaluatedCurve::closeRing()
     const auto last = std::remove(first, open.end(), nullptr);
     auto closed = value ? present(value->ring) : nullptr;
     for (auto member = first; member != last; ++member) {
-        (*member)->open.epoch = 0;
+        (*member)->open.clear();
         closed = joined(closed, present((*member)->ring));
     }
     if (value) {
@@ -179,19 +166,21 @@ unsigned long long EvaluatedCurve::closing(const CurveValue& value, const Spline
     return asked && expression ? asked->order : 0;
 }
 
-const CurveValue::Known* EvaluatedCurve::known(const CurveValue& value, const Moment& moment)
+const KnownValue* EvaluatedCurve::known(const CurveValue& value, const Moment& moment)
 {
-    if (isGood(value.open, moment)) {
-        return &value.open;
+    const unsigned long long epoch = EvaluationTime::epoch();
+    if (const KnownValue* open = value.open.at(epoch, moment)) {
+        return open;
     }
-    if (!isGood(value.settled, moment)) {
+    const KnownValue* settled = value.settled.at(epoch, moment);
+    if (!settled) {
         return nullptr;
     }
     // From within its ring the curve has another value.
     const auto ring = present(value.ring);
     const bool isWithin = ring && ring->beingEvaluated > 0;
-    const bool mayBeWithin = ring && innermostAsked && value.settled.order < innermostAsked->order;
-    return isWithin || mayBeWithin ? nullptr : &value.settled;
+    const bool mayBeWithin = ring && innermostAsked && settled->order < innermostAsked->order;
+    return isWithin || mayBeWithin ? nullptr : settled;
 }
 
 bool EvaluatedCurve::isAnyEvaluated()

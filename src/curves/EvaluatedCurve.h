@@ -1,6 +1,7 @@
 #pragma once
 
-#include <array>
+#include "curves/KnownValues.h"
+
 #include <cstddef>
 #include <memory>
 
@@ -10,12 +11,6 @@ class SplineBase;
 namespace curve_editor {
 
 class EvaluatedCurve;
-
-/// What "t", "f" and "fps" hold, in this order.
-using Moment = std::array<double, 3>;
-
-/// By bits, so that not a number is the same time as itself.
-bool isSameMoment(const Moment& a, const Moment& b);
 
 /// Curves that were found to depend on one another.
 struct CurveRing
@@ -28,19 +23,10 @@ struct CurveRing
 /// The value of a curve as expressions read it, and what is known of it.
 struct CurveValue
 {
-    struct Known
-    {
-        double number = 0.0;
-        unsigned long long epoch = 0; ///< of EvaluationTime; 0: nothing is known
-        Moment moment = {};
-        unsigned long long order = 0; ///< of its evaluation
-        unsigned long long until = 0; ///< good until the evaluation of that order ends
-    };
-
     double number = 0.0;                        ///< what is read
     const EvaluatedCurve* evaluation = nullptr; ///< while it is worked out; not owned
-    Known settled;                              ///< what the curve gives when it is asked by itself
-    Known open;                      ///< what it gives while others of its ring are worked out
+    KnownValues settled;                        ///< what the curve gives when it is asked by itself
+    KnownValues open;                ///< what it gives while others of its ring are worked out
     std::shared_ptr<CurveRing> ring; ///< null for a curve that is in none
 };
 
@@ -52,6 +38,9 @@ struct CurveValue
 /// which the ring was entered is done: asked by itself it may give another value. That other value
 /// again is good for all but the curves of its ring. Thus a curve has one value at each time,
 /// whichever curve is asked and whatever was asked before.
+///
+/// A refresh function may lead to other moments, and through them round a ring. So a ring is one at
+/// all moments of an epoch, and a mention closes it whatever its moment.
 ///
 /// The rings are found on the way, as Tarjan finds the strongly connected parts of a graph.
 class EvaluatedCurve
@@ -67,7 +56,7 @@ public:
     EvaluatedCurve& operator=(const EvaluatedCurve&) = delete;
 
     /// Keeps what was worked out, and returns it; the last thing before the end.
-    CurveValue::Known finish(const double& number);
+    KnownValue finish(const double& number);
 
     bool isInnermost() const;
 
@@ -77,7 +66,7 @@ public:
     static unsigned long long closing(const CurveValue& value, const SplineBase* spline,
                                       const FunctionFloatBase* expression);
     /// What a mention may read at this moment; null if the value must be worked out.
-    static const CurveValue::Known* known(const CurveValue& value, const Moment& moment);
+    static const KnownValue* known(const CurveValue& value, const Moment& moment);
     /// Whether any curve is being worked out.
     static bool isAnyEvaluated();
     /// To be called before a value is destroyed.

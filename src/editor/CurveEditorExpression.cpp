@@ -6,7 +6,7 @@
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
 #include "commands/EligibleCurves.h"
-#include "core/FunctionFloatBase.h"
+#include "core/ExpressionDisposal.h"
 #include "curves/CurveNode.h"
 #include "curves/DependencyWalk.h"
 #include "curves/DottedName.h"
@@ -91,7 +91,7 @@ void CurveEditor::deleteExpression(const QString& node, const QString& curve,
 {
     if (!isVisible()) {
         if (slot) {
-            delete std::exchange(*slot, nullptr);
+            ExpressionDisposal::take(std::exchange(*slot, nullptr));
         }
         return;
     }

@@ -1,5 +1,6 @@
 #include "files/CurveContent.h"
 
+#include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -18,6 +19,7 @@
 #include <QXmlStreamWriter>
 
 #include <ostream>
+#include <utility>
 
 namespace curve_files {
 
@@ -180,8 +182,7 @@ void CurveContent::copyTo(SplineBase* spline, FunctionFloatBase** slot,
                           std::unique_ptr<FunctionFloatBase> expression) const
 {
     if (slot && type != splineCurve) {
-        delete *slot;
-        *slot = expression.release();
+        ExpressionDisposal::take(std::exchange(*slot, expression.release()));
     }
     if (!spline) {
         return;

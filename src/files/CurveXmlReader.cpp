@@ -258,11 +258,15 @@ void CurveXmlReader::readInterpolationType(PointInfo& point)
     point.type = static_cast<zk_spline::interpolationType>(interpolationTypeFromName(text));
 }
 
-/// What is no finite number counts as 0.
+/// "inf" and "nan", which the writer writes, are what they say. Digits beyond the range count as 0,
+/// as any other text that is no number does.
 double CurveXmlReader::readNumber()
 {
-    const double number = numberOf(readText());
-    return std::isfinite(number) ? number : 0.0;
+    const QString& text = readText();
+    const double number = numberOf(text);
+    const auto isDigit = [](const QChar& c) { return c >= u'0' && c <= u'9'; };
+    const bool isBeyond = !std::isfinite(number) && std::any_of(text.begin(), text.end(), isDigit);
+    return isBeyond ? 0.0 : number;
 }
 
 /// The text up to the end of the present element, read as readElementText reads it, but without

@@ -30,6 +30,7 @@ public:
     void press(const QPoint& pixel, const Qt::MouseButton& button,
                const QEvent::Type& type = QEvent::MouseButtonPress)
     {
+        deliverQueued();
         at = pixel;
         buttons |= button;
         fixture.send(type, at, button, buttons, modifiers);
@@ -37,12 +38,25 @@ public:
 
     void moveTo(const QPoint& pixel)
     {
+        deliverQueued();
         at = pixel;
         fixture.send(QEvent::MouseMove, at, Qt::NoButton, buttons, modifiers);
     }
 
+    /// A move that comes when the event loop runs again or, as all events come in their order,
+    /// before the next one of this hand.
+    void queueMoveTo(const QPoint& pixel)
+    {
+        at = pixel;
+        QCoreApplication::postEvent(&fixture.canvas(),
+                                    new QMouseEvent(QEvent::MouseMove, at,
+                                                    fixture.canvas().mapToGlobal(at), Qt::NoButton,
+                                                    buttons, modifiers));
+    }
+
     void release(const Qt::MouseButton& button)
     {
+        deliverQueued();
         buttons &= ~Qt::MouseButtons(button);
         fixture.send(QEvent::MouseButtonRelease, at, button, buttons, modifiers);
     }
@@ -56,10 +70,15 @@ public:
     }
 
     /// The buttons go up where the editor does not see it.
-    void loseButtons() { buttons = Qt::NoButton; }
+    void loseButtons()
+    {
+        deliverQueued();
+        buttons = Qt::NoButton;
+    }
 
     void turnWheel(const QPoint& pixel, const int& delta)
     {
+        deliverQueued();
         QWheelEvent event(pixel, fixture.canvas().mapToGlobal(pixel), QPoint(), QPoint(0, delta),
                           buttons, modifiers, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&fixture.canvas(), &event);
@@ -102,6 +121,11 @@ public:
     }
 
 private:
+    void deliverQueued()
+    {
+        QCoreApplication::sendPostedEvents(&fixture.canvas(), QEvent::MouseMove);
+    }
+
     EditorFixture& fixture;
     Qt::MouseButtons buttons = Qt::NoButton;
     Qt::KeyboardModifiers modifiers = Qt::NoModifier;

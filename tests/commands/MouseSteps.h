@@ -73,7 +73,7 @@ public:
     /// What a host does in its slot, mostly while a gesture runs.
     void interrupt(Chance& chance)
     {
-        switch (chance.below(8)) {
+        switch (chance.below(10)) {
         case 0:
             lost.openDialog();
             stage.hand.loseButtons();
@@ -95,6 +95,10 @@ public:
             break;
         case 6:
             selectKeys(chance);
+            break;
+        case 7:
+        case 8:
+            feedMoves(chance);
             break;
         default:
             lost.happen(chance);
@@ -151,6 +155,17 @@ private:
     {
         for (int i = 1 + chance.below(3); i > 0; --i) {
             hand().moveTo(targets.any(chance));
+        }
+    }
+
+    /// Moves that wait in the queue are worked off inside of the slot.
+    void feedMoves(Chance& chance)
+    {
+        for (int i = 1 + chance.below(3); i > 0; --i) {
+            hand().queueMoveTo(targets.any(chance));
+        }
+        if (chance.chance(80)) {
+            QCoreApplication::processEvents();
         }
     }
 

@@ -94,12 +94,12 @@ public:
         editor.selectNodes(names);
     }
 
-    void list(CurveEditor& editor, const QString& node) const
+    void list(CurveEditor& editor, const QString& node, const bool& reports = true) const
     {
         for (int i = 0; i < size; ++i) {
             LentCurve& curve = *lent.at(nameOf(node, i));
             editor.addCurve(node, QStringLiteral("curve") + QChar('a' + i), Qt::green, 0.0f,
-                            &curve.spline, &curve.expression, -1000.0f, 1000.0f, false, true);
+                            &curve.spline, &curve.expression, -1000.0f, 1000.0f, false, reports);
         }
     }
 
@@ -215,20 +215,35 @@ private slots:
                  qPrintable(QString::number(livingBlocks - before)));
     }
 
+    void undoingAndRedoingForEverKeepsNothing_data()
+    {
+        QTest::addColumn<bool>("removes");
+        QTest::newRow("edits") << false;
+        QTest::newRow("edits, and curves that leave the canvas") << true;
+    }
+
     void undoingAndRedoingForEverKeepsNothing()
     {
+        QFETCH(bool, removes);
         const Sets sets(3);
         EditorFixture fixture;
-        sets.list(fixture.editor, "left");
+        // One that reports collects a connection each time that it comes back to the canvas.
+        sets.list(fixture.editor, "left", !removes);
         sets.show(fixture.editor, "left");
         for (int i = 0; i < 9; ++i) {
             runCommand(fixture, i);
         }
+        if (removes) {
+            runCommand(fixture, 19);
+            QVERIFY(!fixture.logic().findCurve("left.curvea"));
+        }
+        const int steps = static_cast<int>(fixture.undoSteps().size());
         const auto wander = [&] {
-            for (int i = 0; i < 9; ++i) {
+            for (int i = 0; i < steps; ++i) {
                 fixture.editor.getCmdManager()->undo();
             }
-            for (int i = 0; i < 9; ++i) {
+            QVERIFY(fixture.logic().findCurve("left.curvea"));
+            for (int i = 0; i < steps; ++i) {
                 fixture.editor.getCmdManager()->redo();
             }
             QCoreApplication::processEvents();

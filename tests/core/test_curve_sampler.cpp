@@ -65,6 +65,7 @@ private slots:
     void keysOfAnyDensityAreFound();
     void arrayOfTimesMayTakeTheValues();
     void aRangeHasTheValuesAtItsTimes();
+    void aRangeOfInfiniteStepsBeginsAtItsFirstTime();
     void nothingAndASplineWithoutKeysHaveValues();
     void editsDoNotReachIt();
     void keysOutOfOrderAreTakenInOrder();
@@ -143,6 +144,23 @@ void TestCurveSampler::aRangeHasTheValuesAtItsTimes()
                 QCOMPARE(values[i], (*spline)(-3.0 + static_cast<double>(i) * step));
             }
         }
+    }
+}
+
+void TestCurveSampler::aRangeOfInfiniteStepsBeginsAtItsFirstTime()
+{
+    SplineBase spline;
+    spline.addPoint(1.0, 10.0);
+    spline.addPoint(3.0, 30.0);
+    const auto sampler = samplerOf(spline);
+    for (const double step : {infinity, -infinity}) {
+        std::vector<double> values(600);
+        sampler->values(2.0, step, values.size(), values.data());
+        QCOMPARE(values.front(), spline(2.0));
+        QCOMPARE(values[1], step > 0.0 ? 30.0 : 10.0);
+        QCOMPARE(values.back(), values[1]);
+        sampler->values(2.0, step, 1, values.data());
+        QCOMPARE(values.front(), spline(2.0));
     }
 }
 

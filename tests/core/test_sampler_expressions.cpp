@@ -5,6 +5,7 @@
 
 #include <QTest>
 
+#include <array>
 #include <atomic>
 #include <cmath>
 #include <cstdlib>
@@ -258,12 +259,19 @@ void TestSamplerExpressions::evaluationAllocatesNothing()
         put(spline, makeKey(i, i % 5, zk_spline::tcb));
     }
     spline.setAddFunc(true);
-    CurveSampler::Source source = textSource("sin(f)*wind+if(t>50,other,min(t,other*2))");
+    CurveSampler::Source source = textSource("sin(f)*wind+gust+if(t>50,other,min(t,other*2))");
     source.spline = &spline;
     const auto other = CurveSampler::make(textSource("t*t"));
+    // Too much for a function object to hold in itself: a copy of it would allocate.
+    const std::array<double, 8> table = {0.5, 0.6, 0.7, 0.8, 0.9, 1.0, 1.1, 1.2};
+    const auto wind = [table](double time) { return time * table[0]; };
+    const auto gust = [table](const CurveSampler::Moment& moment) {
+        return moment.frame * table[1];
+    };
     const auto sampler = CurveSampler::make(
-        source,
-        CurveSampler::named({{"wind", [](double time) { return time * 0.5; }}, {"other", other}}));
+        source, CurveSampler::named({{"wind", CurveSampler::Function(wind)},
+                                     {"gust", CurveSampler::MomentFunction(gust)},
+                                     {"other", other}}));
     QVERIFY(sampler);
     std::vector<double> values(1000);
     const long before = allocations;

@@ -62,6 +62,7 @@ private slots:
     void aKeyOfNoTimeAtAllComesBackToItsPlaceToo();
     void aNewKeyAtTheAddressOfARemovedOneGoesBehindItsEquals();
     void aKeyThatWasChangedOutsideIsANewOneUnlessItsSerialIsGiven();
+    void aSerialThatWasNeverGivenMakesANewKey();
     void aTakenKeyIsRememberedByItsTakerAlone();
     void veryManyRemovedKeysAreForgotten();
     void aTimeSetThereAndBackLeavesTheOrderAsItWas();
@@ -208,6 +209,24 @@ void TestSplineIdentity::aKeyThatWasChangedOutsideIsANewOneUnlessItsSerialIsGive
     spline.remove(key.key);
     QVERIFY(spline.addPointPtr(key.key, 0) != key); // it is said to be new
     QCOMPARE(valuesOf(spline), (Values{1, 2, 8}));
+}
+
+void TestSplineIdentity::aSerialThatWasNeverGivenMakesANewKey()
+{
+    SplineBase spline;
+    addEquals(spline, 2);
+    const std::uint64_t future = spline.keySerial(spline.at(1)) + 1000;
+    auto* const foreign = new PointInfo;
+    foreign->time = 10.0;
+    const KeyRef added = spline.addPointPtr(foreign, future);
+    QVERIFY(added.serial < future);
+    QVERIFY(spline.holds(added));
+    // Keys that come later go behind it, and none gets the serial that was asked for.
+    for (int i = 0; i < 2000; ++i) {
+        spline.addPoint(10.0, i);
+        QVERIFY(spline.keySerial(spline.at(spline.getControlPointsNumber() - 1)) > added.serial);
+    }
+    QCOMPARE(spline.findIndex(foreign), 2);
 }
 
 void TestSplineIdentity::aTakenKeyIsRememberedByItsTakerAlone()

@@ -203,7 +203,8 @@ void TestHostileCurveFiles::anXmlFileThatIsOddIsRead_data()
 {
     QTest::addColumn<Maker>("maker");
     row("numbers beyond all numbers", [] {
-        return splineFile("<point><x>1e999</x><y>-1e999999999999</y><t>nan</t><b>inf</b></point>");
+        return splineFile(
+            "<point><x>1e999</x><y>-1e999999999999</y><t>1e400</t><b>1e-400</b></point>");
     });
     row("a number of endless digits",
         [] { return splineFile("<point><x>0." + QByteArray(manyBytes, '0') + "</x></point>"); });

@@ -125,10 +125,14 @@ void TestOlderCurveFile::everyBitComesBack()
     QFETCH(bool, commaLocale);
     const std::locale before = std::locale::global(
         commaLocale ? std::locale(std::locale::classic(), new CommaNumbers) : std::locale());
-    for (int i = 0; type != 1 && i < 8; ++i) {
+    using Limits = std::numeric_limits<double>;
+    const double ends[] = {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN(),
+                           Limits::max(), Limits::denorm_min()};
+    for (std::size_t i = 0; type != 1 && i < 8; ++i) {
         PointInfo key = pointOf(static_cast<zk_spline::interpolationType>(i % 4), i > 3);
-        key.time = i / 3.0;
-        key.value = 1e100 / (i + 7.0);
+        key.time = static_cast<double>(i) / 3.0;
+        key.value = 1e100 / (static_cast<double>(i) + 7.0);
+        key.bezier.tangentLeft = ends[i % std::size(ends)];
         addKey(key);
     }
     spline->setFirstNodeType(SplineBase::zero);

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QXmlStreamReader>
 
+#include <cmath>
 #include <limits>
 
 class TestXmlCurveRoundTrip : public CurveFileTest
@@ -27,6 +28,8 @@ private slots:
     void everyCurveTypeComesBack();
     void anEmptySplineLoadsWithNoKey();
 
+    void numbersAtTheEndsOfTheirRangeComeBack_data();
+    void numbersAtTheEndsOfTheirRangeComeBack();
     void aCurveWithoutSplineAndSlotReadsAndWrites();
     void aFileWithoutNodeTypesIsSavedAsOneThatReads();
     void aNumberThatIsNoBehaviourIsWrittenAsTheOneThatCounts_data();
@@ -153,6 +156,32 @@ void TestXmlCurveRoundTrip::anEmptySplineLoadsWithNoKey()
     spline->addPoint(0.0, 5.0);
     QVERIFY(load(text));
     QCOMPARE(spline->getControlPointsNumber(), 0u);
+}
+
+void TestXmlCurveRoundTrip::numbersAtTheEndsOfTheirRangeComeBack_data()
+{
+    QTest::addColumn<double>("number");
+    QTest::addColumn<double>("expected"); // to six digits
+    const double infinity = std::numeric_limits<double>::infinity();
+    QTest::newRow("infinite") << infinity << infinity;
+    QTest::newRow("minus infinite") << -infinity << -infinity;
+    QTest::newRow("not a number") << std::nan("") << std::nan("");
+    QTest::newRow("greatest") << std::numeric_limits<double>::max() << 1.79769e308;
+    QTest::newRow("least") << std::numeric_limits<double>::denorm_min() << 4.94066e-324;
+}
+
+void TestXmlCurveRoundTrip::numbersAtTheEndsOfTheirRangeComeBack()
+{
+    QFETCH(double, number);
+    QFETCH(double, expected);
+    PointInfo written = pointOf(zk_spline::bezier, false);
+    written.value = number;
+    written.bezier.tangentRight = number;
+    addKey(written);
+    QVERIFY(load(saved()));
+    for (const double& read : {spline->at(0)->value, spline->at(0)->bezier.tangentRight}) {
+        QVERIFY(std::isnan(number) ? std::isnan(read) : read == expected);
+    }
 }
 
 void TestXmlCurveRoundTrip::aCurveWithoutSplineAndSlotReadsAndWrites()
