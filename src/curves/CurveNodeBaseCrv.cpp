@@ -32,12 +32,12 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
         QMessageBox::warning(nullptr, tr("Error Loading Curve File"), tr("Curve type not valid"));
         return;
     }
-    FunctionFloatBase** const slot = livingSlot();
-    if (slot && read.type != splineCurve) {
+    FunctionFloatBase** const living = livingSlot();
+    if (living && read.type != splineCurve) {
         ParseMessage message; // an expression that does not parse leaves the slot empty
         FunctionParserBase& reader = parser ? *parser : *FunctionParserBase::instance();
         ExpressionDisposal::take(
-            std::exchange(*slot, read.parseExpression(reader, message).release()));
+            std::exchange(*living, read.parseExpression(reader, message).release()));
     }
     if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
