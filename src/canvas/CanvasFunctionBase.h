@@ -21,6 +21,7 @@ class CurveNodeBase;
 class FrameGrid;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class ParseMessage;
 class QInputEvent;
 class QKeyEvent;
@@ -232,6 +233,8 @@ public:
 
     SelectionState selectionState() const;
     CurveEditor* curveEditor() const;
+    /// Whose names expressions read first; not owned. Null without an editor.
+    const ParserScope* parserScope() const;
     ViewPort* viewPort() const;
 
     double vSnapRadius = 0.25; ///< share of the grid step

@@ -242,10 +242,15 @@ void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
     curve->saveCrv(stream);
 }
 
+const ParserScope* CanvasFunctionBase::parserScope() const
+{
+    return editor ? editor->parserScope() : nullptr;
+}
+
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    FunctionFloatBase* expression = FunctionParserBase::instance()->parseString(
-        text.toLocal8Bit().toStdString(), message, false);
+    FunctionFloatBase* expression = FunctionParserBase::instance()->parseWithin(
+        parserScope(), text.toLocal8Bit().toStdString(), message);
     if (message.errorSpans.empty()) {
         return expression;
     }

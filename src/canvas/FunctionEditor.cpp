@@ -1,5 +1,6 @@
 #include "canvas/FunctionEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/MousePixel.h"
 #include "curves/CurveNodeBase.h"
@@ -34,7 +35,7 @@ bool losesMouse(const QEvent* event)
 
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent)
-    , logic(this, editor)
+    , logic(std::make_unique<CanvasFunctionBase>(this, editor))
     , keys(editor ? std::make_unique<CurveKeysDialog>(editor) : nullptr)
 {
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
@@ -55,7 +56,7 @@ FunctionEditor::~FunctionEditor() = default;
 
 CanvasFunctionBase& FunctionEditor::canvas()
 {
-    return logic;
+    return *logic;
 }
 
 CurveKeysDialog* FunctionEditor::keysDialog() const
@@ -65,13 +66,13 @@ CurveKeysDialog* FunctionEditor::keysDialog() const
 
 void FunctionEditor::refreshKeysDialog()
 {
-    showSelectedKeys(hasKeys(logic.editingType()));
+    showSelectedKeys(hasKeys(logic->editingType()));
 }
 
 void FunctionEditor::showSelectedKeys(bool opensFields)
 {
     if (keys) {
-        keys->showSelection(logic.keyContainers(), opensFields);
+        keys->showSelection(logic->keyContainers(), opensFields);
     }
 }
 
@@ -80,7 +81,7 @@ void FunctionEditor::reportCursor(QMouseEvent* event)
     const QPoint pixel = mousePixel(event->position());
     const double time = timeAt(pixel.x());
     double functionValue = 0.0;
-    const QList<CurveNode*> curves = logic.editingCurves();
+    const QList<CurveNode*> curves = logic->editingCurves();
     if (!curves.isEmpty()) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(curves.first())) {
             const QPointer<FunctionEditor> self(this);
@@ -100,12 +101,12 @@ bool FunctionEditor::event(QEvent* event)
 {
     const bool isInput = CanvasFunctionBase::carriesModifiers(event);
     // A gesture may go on with its curves after it has reported to the host.
-    const CanvasVisit visit(isInput ? &logic : nullptr);
+    const CanvasVisit visit(isInput ? logic.get() : nullptr);
     if (isInput) {
-        logic.watchModifiers(static_cast<QInputEvent*>(event));
+        logic->watchModifiers(static_cast<QInputEvent*>(event));
     }
     if (losesMouse(event)) {
-        logic.endGesture();
+        logic->endGesture();
     }
     return QWidget::event(event);
 }
@@ -113,13 +114,13 @@ bool FunctionEditor::event(QEvent* event)
 void FunctionEditor::mousePressEvent(QMouseEvent* event)
 {
     const QPointer<FunctionEditor> self(this);
-    if (logic.hasLostButton(event->buttons())) {
-        logic.endLostGesture(event);
+    if (logic->hasLostButton(event->buttons())) {
+        logic->endLostGesture(event);
     }
-    if (!logic.ignoresPress(event->button())) {
-        logic.endLostGesture(event);
+    if (!logic->ignoresPress(event->button())) {
+        logic->endLostGesture(event);
         clearDrags();
-        const bool isConsumed = logic.press(event);
+        const bool isConsumed = logic->press(event);
         if (!self) {
             return; // the host deleted the editor while the menu of a right press was open
         }
@@ -127,55 +128,55 @@ void FunctionEditor::mousePressEvent(QMouseEvent* event)
             viewPress(event);
         }
     }
-    if (logic.isEditing()) {
+    if (logic->isEditing()) {
         refreshKeysDialog();
     }
-    logic.updateCanvas();
+    logic->updateCanvas();
     reportCursor(event);
 }
 
 void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 {
-    if (logic.hasLostButton(event->buttons())) {
-        logic.endLostGesture(event);
+    if (logic->hasLostButton(event->buttons())) {
+        logic->endLostGesture(event);
     }
     if (event->buttons() != Qt::NoButton) {
-        logic.move(event);
+        logic->move(event);
         viewMove(event);
         showSelectedKeys(false); // a drag opens and closes no field
-        logic.updateCanvas();
+        logic->updateCanvas();
     }
-    logic.watchModifiers(event);
+    logic->watchModifiers(event);
     reportCursor(event);
 }
 
 void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!logic.ignoresRelease(event->button())) {
+    if (!logic->ignoresRelease(event->button())) {
         if (rubberDrag && viewDrag) {
             applyRect(true);
         }
         clearDrags();
         zoomMode = false;
-        logic.release(event);
+        logic->release(event);
     }
-    if (logic.isEditing()) {
+    if (logic->isEditing()) {
         refreshKeysDialog();
     }
-    logic.updateCanvas();
+    logic->updateCanvas();
 }
 
 void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (!logic.isEditing()) {
+    if (!logic->isEditing()) {
         return;
     }
-    if (!logic.ignoresPress(event->button())) {
-        logic.endLostGesture(event);
-        logic.doubleClick(event);
+    if (!logic->ignoresPress(event->button())) {
+        logic->endLostGesture(event);
+        logic->doubleClick(event);
     }
     refreshKeysDialog();
-    logic.updateCanvas();
+    logic->updateCanvas();
 }
 
 void FunctionEditor::wheelEvent(QWheelEvent* event)
@@ -184,7 +185,7 @@ void FunctionEditor::wheelEvent(QWheelEvent* event)
     const QPoint turn = event->angleDelta();
     wheelTurn(turn.y() != 0 ? turn.y() : turn.x(), mousePixel(event->position()));
     canvasDirty = true;
-    logic.updateCanvas();
+    logic->updateCanvas();
     event->accept();
 }
 
@@ -192,17 +193,17 @@ void FunctionEditor::wheelEvent(QWheelEvent* event)
 // hands every key to the canvas, and so run twice.
 void FunctionEditor::keyPressEvent(QKeyEvent* event)
 {
-    logic.keyPress(event);
+    logic->keyPress(event);
     const int key = event->key();
     const bool opensFields = key == Qt::Key_T || key == Qt::Key_C || key == Qt::Key_Tab;
     showSelectedKeys(opensFields);
-    logic.updateCanvas();
+    logic->updateCanvas();
     event->accept();
 }
 
 void FunctionEditor::keyReleaseEvent(QKeyEvent* event)
 {
-    logic.watchModifiers(event);
+    logic->watchModifiers(event);
     event->accept();
 }
 
@@ -210,7 +211,7 @@ void FunctionEditor::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     try {
-        logic.paint(&painter);
+        logic->paint(&painter);
     } catch (
         ...) { // thrown by a host's refresh function: nothing may leave an event of the toolkit
     }
@@ -228,5 +229,5 @@ void FunctionEditor::resizeEvent(QResizeEvent* event)
 
 void FunctionEditor::currentNodeHasChanged()
 {
-    logic.currentNodeHasChanged();
+    logic->currentNodeHasChanged();
 }

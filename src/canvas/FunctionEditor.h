@@ -1,6 +1,5 @@
 #pragma once
 
-#include "canvas/CanvasFunctionBase.h"
 #include "canvas/ViewPort.h"
 #include "core/ZkTypes.h"
 
@@ -8,11 +7,12 @@
 
 #include <memory>
 
+class CanvasFunctionBase;
 class CurveEditor;
 class CurveKeysDialog;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
-/// then says that the selection may have changed.
+/// then says that the selection may have changed. To a host it is the widget that shows the curves.
 class FunctionEditor : public QWidget, public ViewPort
 {
     Q_OBJECT
@@ -45,7 +45,8 @@ public:
 signals:
     void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
 
-protected slots:
+public slots:
+    /// The values of selected keys were changed: tells the host, and draws them.
     void currentNodeHasChanged();
 
 protected:
@@ -60,6 +61,6 @@ protected:
 private:
     void showSelectedKeys(bool opensFields);
 
-    CanvasFunctionBase logic;
-    std::unique_ptr<CurveKeysDialog> keys; ///< its parent is the editor
+    std::unique_ptr<CanvasFunctionBase> logic; ///< never null
+    std::unique_ptr<CurveKeysDialog> keys;     ///< its parent is the editor
 };

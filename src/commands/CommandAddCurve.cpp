@@ -1,5 +1,6 @@
 #include "commands/CommandAddCurve.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
@@ -30,7 +31,11 @@ CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, 
 bool CommandAddCurve::execute()
 {
     const QString name = DottedName(nodeName, curveName).text();
-    isNewRecord = !editor->searchAllNodeList(name);
+    const NodeStruct* const known = editor->searchAllNodeList(name);
+    isNewRecord = !known;
+    if (known && known->isSplineLost()) {
+        addToCatalogue(); // lends the new spline
+    }
     curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
     if (curve.get()) {
         if (selectByDefault) {

@@ -1,5 +1,6 @@
 #include "commands/CommandAddFunc.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"

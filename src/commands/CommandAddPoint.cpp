@@ -1,5 +1,6 @@
 #include "commands/CommandAddPoint.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
 #include "core/SplineBase.h"

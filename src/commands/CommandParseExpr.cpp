@@ -1,5 +1,6 @@
 #include "commands/CommandParseExpr.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/RecordExpression.h"
 #include "core/FunctionFloatBase.h"

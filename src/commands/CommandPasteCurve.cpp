@@ -1,5 +1,6 @@
 #include "commands/CommandPasteCurve.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/EligibleCurves.h"

@@ -1,5 +1,6 @@
 #include "commands/CurveContents.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"

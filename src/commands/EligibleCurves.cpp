@@ -1,5 +1,6 @@
 #include "commands/EligibleCurves.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"

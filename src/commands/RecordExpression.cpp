@@ -1,5 +1,6 @@
 #include "commands/RecordExpression.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/EligibleCurves.h"
 #include "core/ExpressionDisposal.h"

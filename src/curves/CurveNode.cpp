@@ -78,6 +78,7 @@ void CurveNode::addChild(CurveNode* child)
     child->unlink();
     childList->append(child);
     child->parent = this;
+    child->noteUnnamedNode();
 }
 
 int CurveNode::curveType()

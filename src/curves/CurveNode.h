@@ -115,9 +115,11 @@ protected:
     QList<CurveNode*>* childList = nullptr; ///< owned, and so is each child; null on a leaf
 
 private:
-    void renameChildren(const QString& oldDotName);
-    QString pathUnder(const QString& oldDotName, const QString& childPath) const;
+    void renameChildren();
+    bool isUnderUnnamedNode() const;
+    void noteUnnamedNode();
 
     CurveNode* parent = nullptr;     ///< not owned
+    bool underUnnamedNode = false;   ///< the path is empty, and is the name of a top node
     std::shared_ptr<CurveNode*> tag; ///< null until the first hold
 };

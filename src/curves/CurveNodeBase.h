@@ -11,6 +11,8 @@
 
 class ExpressionCurveGraph;
 class FunctionParserBase;
+class ParserScope;
+struct PointInfo;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
@@ -77,6 +79,12 @@ public:
     float minimumValue() const;
     float maximumValue() const;
 
+    /// Whose names expressions that are read from files read first: that of the canvas, or of the
+    /// curve that this one is a detached copy of. Not owned; null for neither.
+    const ParserScope* parserScope() const;
+    /// Lets a curve without a canvas read the names that another one reads.
+    void readNamesAs(const CurveNodeBase& other);
+
     /// Screen data must be rebuilt.
     bool hasChanged() const;
     /// Frees the screen data of a curve that is not to be drawn for some time.
@@ -93,6 +101,19 @@ public:
     /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
     void writeXmlStream(QXmlStreamWriter& writer);
+    /// Reads on from the start element `point`. The caller owns the key; null after an error.
+    static PointInfo* readControlPoint(QXmlStreamReader& reader);
+    /// Whether the reader stands on an end element, of whatever name.
+    static bool isEndOf(QXmlStreamReader& reader, const QString& name);
+    /// Lets the reader fail with the message and the line and column of its place.
+    static void raiseXmlError(QXmlStreamReader& reader, const QString& message);
+    /// The texts of the file for numbers; "unknown" for a number without one.
+    static QString curveTypeName(const int& type);
+    static QString nodeTypeName(const int& type);
+    static QString interpolationTypeName(const int& type);
+    /// The numbers of texts in any case of letters; -1 for one that is none of them.
+    static int nodeTypeFromName(const QString& name);
+    static int interpolationTypeFromName(const QString& name);
     /// @}
 
     /// @name The older curve file
@@ -111,8 +132,9 @@ public slots:
     /// The host edited the spline: the pixels are to be rebuilt.
     void splineChanged();
 
-signals:
-    void curveHasChanged(QString& nodeName, QString& curveName);
+protected:
+    /// The curve changed. Connected to by its signature, from outside too.
+    Q_SIGNAL void curveHasChanged(QString& nodeName, QString& curveName);
 
 private slots:
     void createNodeAtCursor();
@@ -142,4 +164,5 @@ private:
     float storedCurveValue;
     float minimum;
     float maximum;
+    const ParserScope* scopeWithoutCanvas = nullptr; ///< not owned; outlives the curve
 };

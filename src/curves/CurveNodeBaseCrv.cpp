@@ -37,7 +37,7 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
         ParseMessage message; // an expression that does not parse leaves the slot empty
         FunctionParserBase& reader = parser ? *parser : *FunctionParserBase::instance();
         ExpressionDisposal::take(
-            std::exchange(*living, read.parseExpression(reader, message).release()));
+            std::exchange(*living, read.parseExpression(reader, message, parserScope()).release()));
     }
     if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed

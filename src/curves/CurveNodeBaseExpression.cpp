@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "core/ExpressionDisposal.h"
+#include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/NodeStruct.h"
@@ -18,9 +19,13 @@ namespace {
 /// Marks every place where the message's text names the variable, overlapping ones included.
 void markVariable(const QString& parserName, ParseMessage& message)
 {
-    const std::string name = parserName.toLocal8Bit().toStdString();
+    std::string name = parserName.toLocal8Bit().toStdString();
+    const std::string written = FunctionParserBase::writtenName(name);
     std::string text = message.expressionText;
     std::replace(text.begin(), text.end(), ' ', '_');
+    if (written.find(name) == std::string::npos) {
+        name = written; // with quotes or backslashes in it
+    }
     if (name.empty()) {
         return;
     }
@@ -52,6 +57,16 @@ void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& m
             changed = true;
         }
     }
+}
+
+const ParserScope* CurveNodeBase::parserScope() const
+{
+    return canvas ? canvas->parserScope() : scopeWithoutCanvas;
+}
+
+void CurveNodeBase::readNamesAs(const CurveNodeBase& other)
+{
+    scopeWithoutCanvas = other.parserScope();
 }
 
 bool CurveNodeBase::dependsOnItself(QString& offender) const

@@ -6,6 +6,7 @@
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
 #include "files/CurveContent.h"
+#include "files/CurveXmlNames.h"
 #include "files/CurveXmlReader.h"
 #include "files/CurveXmlWriter.h"
 #include "files/PipeOrDevice.h"
@@ -67,6 +68,47 @@ bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* 
     return isRead;
 }
 
+PointInfo* CurveNodeBase::readControlPoint(QXmlStreamReader& reader)
+{
+    std::unique_ptr<PointInfo> point = curve_files::CurveXmlReader(reader).readControlPoint();
+    return reader.hasError() ? nullptr : point.release();
+}
+
+bool CurveNodeBase::isEndOf(QXmlStreamReader& reader, const QString&)
+{
+    return reader.isEndElement();
+}
+
+void CurveNodeBase::raiseXmlError(QXmlStreamReader& reader, const QString& message)
+{
+    curve_files::CurveXmlReader(reader).raiseXmlError(message);
+}
+
+QString CurveNodeBase::curveTypeName(const int& type)
+{
+    return curve_files::curveTypeName(type);
+}
+
+QString CurveNodeBase::nodeTypeName(const int& type)
+{
+    return curve_files::nodeTypeName(type);
+}
+
+QString CurveNodeBase::interpolationTypeName(const int& type)
+{
+    return curve_files::interpolationTypeName(type);
+}
+
+int CurveNodeBase::nodeTypeFromName(const QString& name)
+{
+    return curve_files::nodeTypeFromName(name);
+}
+
+int CurveNodeBase::interpolationTypeFromName(const QString& name)
+{
+    return curve_files::interpolationTypeFromName(name);
+}
+
 /// An expression that does not parse leaves the slot empty, without a word.
 void CurveNodeBase::takeContent(const CurveContent& read, FunctionParserBase* parser)
 {
@@ -75,7 +117,7 @@ void CurveNodeBase::takeContent(const CurveContent& read, FunctionParserBase* pa
     if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
     }
-    read.copyTo(spline(), livingSlot(), read.parseExpression(*reader, message));
+    read.copyTo(spline(), livingSlot(), read.parseExpression(*reader, message, parserScope()));
     if (hasKeys(read.type)) {
         keysGraph->setSpline(spline());
     }

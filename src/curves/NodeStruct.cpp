@@ -7,16 +7,19 @@ namespace curve_editor {
 void NodeStruct::setSpline(SplineBase* hostSpline)
 {
     spline = hostSpline;
+    notedSpline = hostSpline;
     splineLife = hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>();
 }
 
 SplineBase* NodeStruct::livingSpline() const
 {
+    noteSpline();
     return splineLife.expired() ? nullptr : spline;
 }
 
 bool NodeStruct::isSplineLost() const
 {
+    noteSpline();
     return spline && splineLife.expired();
 }
 
@@ -29,6 +32,14 @@ FunctionFloatBase* NodeStruct::livingExpression() const
 {
     FunctionFloatBase** slot = livingSlot();
     return slot ? *slot : nullptr;
+}
+
+void NodeStruct::noteSpline() const
+{
+    if (spline != notedSpline) {
+        notedSpline = spline;
+        splineLife = spline ? spline->watchLife() : std::weak_ptr<const void>();
+    }
 }
 
 QString parserForm(const QString& dotName)

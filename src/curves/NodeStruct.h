@@ -31,9 +31,8 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
     bool isEditing = false; ///< a curve object stands on the canvas
     bool notifyHost = true; ///< the curve object reports its changes
 
-    std::weak_ptr<const void> splineLife; ///< expires with the host's spline
-
-    /// Takes the spline and notes its life.
+    /// Takes the spline and notes its life. One that was written into the field is noted when it
+    /// is first asked for.
     void setSpline(SplineBase* hostSpline);
 
     /// The spline; null when there is none or its host has destroyed it.
@@ -48,6 +47,12 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
 
     /// The expression in the living slot, or null.
     FunctionFloatBase* livingExpression() const;
+
+private:
+    void noteSpline() const;
+
+    mutable const SplineBase* notedSpline = nullptr; ///< not owned; whose life splineLife is
+    mutable std::weak_ptr<const void> splineLife;    ///< expires with the host's spline
 };
 
 /// One object of the host, under which its curves stand. It lives as long as its editor.

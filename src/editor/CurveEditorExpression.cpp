@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"

@@ -1,6 +1,7 @@
 // Loading and saving: curve files and the picture behind the curves.
 
 #include "canvas/CanvasBackground.h"
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandLoadCurve.h"
 #include "curves/CurveNodeBase.h"

@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/CanvasColors.h"
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditorPrivate.h"

@@ -158,13 +158,14 @@ CurveFileResult CurveContent::writeFile(const QString& path, CurveFormat format)
 }
 
 std::unique_ptr<FunctionFloatBase> CurveContent::parseExpression(FunctionParserBase& parser,
-                                                                 ParseMessage& message) const
+                                                                 ParseMessage& message,
+                                                                 const ParserScope* scope) const
 {
     if (type == splineCurve) {
         return nullptr;
     }
     const std::string text = expressionText.toLocal8Bit().toStdString();
-    return std::unique_ptr<FunctionFloatBase>(parser.parseString(text, message, false));
+    return std::unique_ptr<FunctionFloatBase>(parser.parseWithin(scope, text, message));
 }
 
 void CurveContent::copyKeysTo(SplineBase& spline) const

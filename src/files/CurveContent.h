@@ -17,6 +17,7 @@
 class FunctionFloatBase;
 class FunctionParserBase;
 class ParseMessage;
+class ParserScope;
 class QIODevice;
 class SplineBase;
 
@@ -82,13 +83,16 @@ struct ZK_CURVE_FILES_EXPORT CurveContent
     /// something, besides "t", "f" and "fps"; an empty function lets all names pass.
     CurveFileResult
     checkExpression(const std::function<bool(const QString& name)>& isKnown = {}) const;
-    /// Puts another name in each place where the expression mentions one, whatever the case of its
-    /// letters, and returns how many there were; 0 where the text is no expression.
+    /// Puts another name, in quotes where it needs them, in each place where the expression
+    /// mentions one, whatever the case of its letters, and returns how many there were; 0 where the
+    /// text is no expression.
     int renameInExpression(const QString& name, const QString& newName);
 
-    /// The tree of the expression; null when the type has none or the text does not parse.
+    /// The tree of the expression; null when the type has none or the text does not parse. The
+    /// scope, which may be null, is whose names it reads first.
     std::unique_ptr<FunctionFloatBase> parseExpression(FunctionParserBase& parser,
-                                                       ParseMessage& message) const;
+                                                       ParseMessage& message,
+                                                       const ParserScope* scope = nullptr) const;
 
     /// Replaces keys and behaviours of the spline, and its default value where there is one.
     void copyKeysTo(SplineBase& spline) const;

@@ -1,15 +1,16 @@
 // The expression of a curve file as a text, and what a file can hold of it.
 
 #include "core/CurveSampler.h"
+#include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
+#include "core/SplineBase.h"
 #include "files/CurveContent.h"
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <ostream>
 #include <string>
-
-#include "core/SplineBase.h"
 
 namespace curve_files {
 
@@ -45,15 +46,17 @@ bool isBlank(const QChar& character)
     return character.isSpace();
 }
 
-/// Without the blanks between its words; those in quotes are part of a name.
+/// Without the blanks between its words; those in quotes are part of a name, and spelt "\\s".
 QString withoutBlanks(const QString& text)
 {
     QString found;
     bool isQuoted = false;
     bool isEscaped = false;
     for (const QChar& character : text) {
-        if (isQuoted || !isBlank(character)) {
+        if (!isBlank(character)) {
             found.append(character);
+        } else if (isQuoted) {
+            found.append(QLatin1String("\\s"));
         }
         if (character == u'\'' && !isEscaped) {
             isQuoted = !isQuoted;
@@ -170,7 +173,8 @@ int CurveContent::renameInExpression(const QString& name, const QString& newName
         return 0;
     }
     std::string text = expressionText.toLocal8Bit().toStdString();
-    const std::string replacement = newName.toLocal8Bit().toStdString();
+    const std::string replacement =
+        FunctionParserBase::writtenName(newName.toLocal8Bit().toStdString());
     int count = 0;
     for (;;) {
         const ParseMessage found = messageOf(text, isAnother);

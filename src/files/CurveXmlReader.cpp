@@ -317,6 +317,11 @@ CurveFileResult CurveXmlReader::failureHere(CurveFileResult::problems problem,
     return here;
 }
 
+void CurveXmlReader::raiseXmlError(const QString& message)
+{
+    raiseXmlError(CurveFileResult::otherContent, message);
+}
+
 /// An error that the stream holds already is the first one, and stays.
 void CurveXmlReader::raiseXmlError(CurveFileResult::problems problem, const QString& message,
                                    const QString& name)

@@ -35,6 +35,9 @@ public:
     /// Reads on from a start element `point`. Null after an error of the stream.
     std::unique_ptr<PointInfo> readControlPoint();
 
+    /// Lets the stream fail with the message and the line and column of its place.
+    void raiseXmlError(const QString& message);
+
     /// How it went.
     CurveFileResult result() const;
 

@@ -2,6 +2,7 @@
 
 #include "widgets/CurveKeysDialog.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"

@@ -2,6 +2,7 @@
 
 #include "widgets/CurveKeysDialog.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SelectedKeys.h"
 #include "canvas/SplineCurveGraph.h"

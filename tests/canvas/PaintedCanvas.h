@@ -2,6 +2,7 @@
 
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasColors.h"
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/SplineCurveGraph.h"

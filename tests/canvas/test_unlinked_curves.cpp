@@ -10,6 +10,12 @@
 #include <functional>
 
 /// How long a curve object lives that has left the canvas.
+/// Lets a test connect to the signal, which is protected.
+struct HeardCurve : CurveNodeBase
+{
+    using CurveNodeBase::curveHasChanged;
+};
+
 class TestUnlinkedCurves : public CanvasTest
 {
     Q_OBJECT
@@ -357,8 +363,7 @@ void TestUnlinkedCurves::aListenerMayRemoveAGroupThatIsBeingReset()
 {
     const auto first = addCurve("n.a");
     const auto second = addCurve("n.b");
-    connect(first, &CurveNodeBase::curveHasChanged, this,
-            [this] { canvas->removeCanvasCurve("n"); });
+    connect(first, &HeardCurve::curveHasChanged, this, [this] { canvas->removeCanvasCurve("n"); });
     hosts["n.b"]->spline.addPoint(0.0, 1.0);
     canvas->findCurve("n")->reset();
     QVERIFY(!first);

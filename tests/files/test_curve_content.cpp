@@ -352,6 +352,9 @@ void TestCurveContent::blanksAreLeftOutOfTheOlderFormat()
     CurveContent xml;
     QVERIFY(readFrom(xml, written(content, CurveFormat::xml)));
     QCOMPARE(xml.expressionText, content.expressionText);
+    const CurveContent quoted = sample(expressionCurve, "'arm left.x' * 2");
+    QVERIFY(readFrom(back, written(quoted, CurveFormat::older)));
+    QCOMPARE(back.expressionText, "'arm\\sleft.x'*2");
 }
 
 void TestCurveContent::aFullDeviceIsTold()
@@ -433,6 +436,12 @@ void TestCurveContent::namesInExpressionsAreRenamed()
     QCOMPARE(content.renameInExpression("arm.x", "leg.x"), count);
     QCOMPARE(content.expressionText, renamed);
     QCOMPARE(content.renameInExpression("leg.x", "LEG.X"), 0);
+    if (count == 1) {
+        QCOMPARE(content.renameInExpression("leg.x", "leg-left.x"), 1);
+        QCOMPARE(content.expressionText, renamed.replace("leg.x", "'leg-left.x'"));
+        QCOMPARE(content.renameInExpression("leg-left.x", "arm.x"), 1);
+        QCOMPARE(content.expressionText, renamed.replace("'leg-left.x'", "arm.x"));
+    }
 }
 
 void TestCurveContent::aLiveCurveGoesInAndComesOut()

@@ -115,7 +115,7 @@ void TestZkCurve::wrongUsageIsToldWithStatusTwo_data()
     QTest::newRow("no value") << QStringList{"sample", "--set", "a", "a.crv"};
     QTest::newRow("no picture") << QStringList{"plot", "a.crv", "a.bmp"};
     QTest::newRow("a great picture") << QStringList{"plot", "--width", "1e6", "a.crv", "a.png"};
-    QTest::newRow("a name that is none") << QStringList{"rename", "a", "b+c", "a.crv"};
+    QTest::newRow("a name that is none") << QStringList{"rename", "a", "pi", "a.crv"};
 }
 
 void TestZkCurve::wrongUsageIsToldWithStatusTwo()

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "Commands.h"
 #include "CurveFiles.h"
+#include "core/FunctionParserBase.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -16,15 +17,19 @@ QString nameInExpressions(const QString& dotName)
     return dotName.toLower().replace(u' ', u'_');
 }
 
-/// Whether an expression of this name alone reads it as that name.
+/// Whether an expression of this name alone, in quotes where it needs them, is that name.
 bool isReadAsName(const QString& name)
 {
+    bool isAsked = false;
     CurveContent content;
     content.type = expressionCurve;
-    content.expressionText = name;
-    const curve_files::CurveFileResult result =
-        content.checkExpression([](const QString&) { return false; });
-    return result.problem == curve_files::CurveFileResult::badExpression && result.name == name;
+    content.expressionText = QString::fromLocal8Bit(
+        FunctionParserBase::writtenName(name.toLocal8Bit().toStdString()).c_str());
+    const curve_files::CurveFileResult result = content.checkExpression([&](const QString& word) {
+        isAsked = isAsked || word == name;
+        return true;
+    });
+    return result && isAsked;
 }
 
 /// The file of the old name gets the new one, in its folder and with its ending.
