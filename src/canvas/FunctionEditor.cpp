@@ -6,8 +6,8 @@
 #include "canvas/CanvasLayers.h"
 #include "canvas/WheelTurns.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 #include "graphs/MousePixel.h"
 #include "widgets/CurveKeysDialog.h"
 
