@@ -136,13 +136,9 @@ void XmlInputGuard::countNamespace(char byte)
     }
 }
 
-void XmlInputGuard::step(char byte)
+void XmlInputGuard::stepInDeclaration(char byte)
 {
     switch (state) {
-    case markup:
-        state = byte == '!' ? exclaimed : byte == '?' || byte == '/' ? text : tag;
-        depth = byte == '/' ? qMax(depth - 1, qint64(0)) : state == tag ? depth + 1 : depth;
-        break;
     case exclaimed:
         // "<!ENTITY", "<!ELEMENT", "<!ATTLIST", "<!NOTATION"
         state = byte == 'E'   ? elementOrEntity
@@ -169,6 +165,24 @@ void XmlInputGuard::step(char byte)
     case declaration:
         ++declared;
         work += byte == '"' || byte == '\'' ? declared : 0; // the reader compares them, too
+        break;
+    default:
+        break;
+    }
+}
+
+void XmlInputGuard::step(char byte)
+{
+    switch (state) {
+    case markup:
+        state = byte == '!' ? exclaimed : byte == '?' || byte == '/' ? text : tag;
+        depth = byte == '/' ? qMax(depth - 1, qint64(0)) : state == tag ? depth + 1 : depth;
+        break;
+    case exclaimed:
+    case elementOrEntity:
+    case attributeList:
+    case declaration:
+        stepInDeclaration(byte);
         break;
     case blank:
         expected = "xmlns";

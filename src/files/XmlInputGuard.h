@@ -49,6 +49,7 @@ private:
 
     bool isHarmless(char byte);
     void step(char byte);
+    void stepInDeclaration(char byte);
     void countNamespace(char byte);
     static State behind(char byte);
 
