@@ -140,8 +140,8 @@ void XmlInputGuard::countNamespace(char byte)
 /// What a list of attributes without defaults, which ends here, makes each tag cost.
 qint64 XmlInputGuard::workOfList()
 {
-    const qint64 atHand = qMin(listed, mostBytesAtHand - listedAtHand);
-    listedAtHand += atHand;
+    const qint64 before = listedInAll - listed;
+    const qint64 atHand = qBound(qint64(0), mostBytesAtHand - before, listed);
     return atHand / bytesOfAttributeWork + (listed - atHand) + 1;
 }
 
@@ -167,6 +167,9 @@ void XmlInputGuard::step(char byte)
         break;
     case attributeList:
         ++listed;
+        ++listedInAll;
+        // Each attribute has a default or a word behind a "#", and is compared with all others.
+        work += byte == '#' ? listedInAll : 0;
         if (byte == '>') {
             declared += workOfList();
             state = text;

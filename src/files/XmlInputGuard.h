@@ -60,7 +60,7 @@ private:
     int attributes = 0;             ///< of the present tag
     qint64 declared = 0;            ///< bytes of declarations, and namespaces
     const char* expected = nullptr; ///< the rest of "xmlns" while an attribute's name spells it
-    qint64 listedAtHand = 0;        ///< bytes of lists of attributes that cost little
+    qint64 listedInAll = 0;         ///< bytes of all lists of attributes
     qint64 listed = 0;              ///< bytes of the present list of attributes
     bool hasEntities = false;
     qint64 work = 0;

@@ -511,7 +511,7 @@ void TestCurveContent::aRefusalNamesTheLimit_data()
     QTest::newRow("declarations") << "<!DOCTYPE curve [<!ATTLIST x" + list + ">]>" +
                                          xmlOf("<type>spline</type>" +
                                                QByteArray("<x></x>").repeated(100000))
-                                  << "declarations of this length";
+                                  << "Declarations are too long";
 }
 
 void TestCurveContent::aRefusalNamesTheLimit()
