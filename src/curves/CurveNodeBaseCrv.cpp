@@ -1,6 +1,5 @@
 // A curve and the older curve file.
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
@@ -9,25 +8,32 @@
 #include "curves/CurveNodeBase.h"
 #include "files/CurveContent.h"
 #include "files/PipeOrDevice.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QMessageBox>
 
 #include <fstream>
 #include <utility>
 
+using curve_editor::Problem;
+using curve_editor::Problems;
 using curve_files::CurveContent;
 using curve_files::CurveFileResult;
 
 void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
+{
+    showBoxes(readCrv(path, parser));
+}
+
+Problems CurveNodeBase::readCrv(const QString& path, FunctionParserBase* parser)
 {
     // A folder counts as a file that holds no type.
     const bool isFolder = QFileInfo(path).isDir();
     QFile file(path);
     if (path.isEmpty() || curve_files::isPipeOrDevice(path) ||
         (!isFolder && !file.open(QIODevice::ReadOnly))) {
-        return;
+        return {};
     }
     CurveContent read;
     CurveFileResult result;
@@ -36,8 +42,7 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
         file.close();
     }
     if (isFolder || (!result && result.problem != CurveFileResult::badKeys)) {
-        QMessageBox::warning(nullptr, tr("Error Loading Curve File"), tr("Curve type not valid"));
-        return;
+        return {{Problem::warning, tr("Error Loading Curve File"), tr("Curve type not valid")}};
     }
     FunctionFloatBase** const living = livingSlot();
     if (living && read.type != splineCurve) {
@@ -60,6 +65,7 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
         setAddFunc(read.isAddFunc());
     }
     changed = true;
+    return {};
 }
 
 void CurveNodeBase::saveCrv(std::ofstream& stream)

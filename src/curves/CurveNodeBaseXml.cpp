@@ -1,6 +1,5 @@
 // A curve and its XML curve file.
 
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
@@ -10,10 +9,12 @@
 #include "files/CurveXmlReader.h"
 #include "files/CurveXmlWriter.h"
 #include "files/PipeOrDevice.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
-#include <QMessageBox>
 
+using curve_editor::FileReading;
+using curve_editor::Problem;
 using curve_files::CurveContent;
 using curve_files::CurveFileResult;
 
@@ -40,22 +41,29 @@ void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
 
 bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
 {
+    const FileReading reading = readXml(path, parser);
+    showBoxes(reading.problems);
+    return reading.isRead;
+}
+
+FileReading CurveNodeBase::readXml(const QString& path, FunctionParserBase* parser)
+{
     QFile file(path);
     if (curve_files::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
-        return false;
+        return {};
     }
     const CurveFileResult result = curve_files::readXmlDocument(
         file, [&](const CurveContent& read) { takeContent(read, parser); });
     file.close();
-    if (!result) {
-        // The reader's own words for what is no XML have always stood there without a place.
-        const bool isOwnText = result.problem == CurveFileResult::malformed;
-        const QString reason = isOwnText ? result.message : result.text();
-        QMessageBox::critical(nullptr, tr("Error Reading XML File"),
-                              tr("Error parsing XML curve file.\nReason:\n") +
-                                  reason.left(longestReason));
+    if (result) {
+        return {true, {}};
     }
-    return static_cast<bool>(result);
+    // The reader's own words for what is no XML have always stood there without a place.
+    const bool isOwnText = result.problem == CurveFileResult::malformed;
+    const QString reason = isOwnText ? result.message : result.text();
+    const QString text =
+        tr("Error parsing XML curve file.\nReason:\n") + reason.left(longestReason);
+    return {false, {{Problem::critical, tr("Error Reading XML File"), text}}};
 }
 
 bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser)
