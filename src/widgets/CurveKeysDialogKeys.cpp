@@ -6,6 +6,7 @@
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveType.h"
+#include "curves/EditingSet.h"
 #include "curves/SelectedKeys.h"
 #include "graphs/SplineCurveGraph.h"
 #include "widgets/KeysDialogHost.h"
@@ -50,7 +51,7 @@ void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool
         showSelection(host->keyContainers(), enable);
         return;
     }
-    const QList<CurveNode*> curves = host->context().editingCurves();
+    const QList<CurveNode*> curves = host->context().editingSet().curves();
     const SelectionCounts counts(graphs, SelectedKeys(curves));
     if (!counts.any) {
         enableKeyFields(false);
@@ -70,7 +71,7 @@ void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool
 QList<SplineCurveGraph*> CurveKeysDialog::editableGraphs() const
 {
     QSet<SplineCurveGraph*> present;
-    for (CurveNode* const curve : host->context().editingCurves()) {
+    for (CurveNode* const curve : host->context().editingSet().curves()) {
         if (hasKeys(curve->curveType())) {
             present.insert(curve->splineGraph());
         }
@@ -114,7 +115,7 @@ QList<KeyRef> CurveKeysDialog::editableKeys() const
 
 ShownKeys CurveKeysDialog::selectedKeys() const
 {
-    const QList<CurveNode*> curves = host->context().editingCurves();
+    const QList<CurveNode*> curves = host->context().editingSet().curves();
     const SelectedKeys selected(curves);
     ShownKeys now;
     now.unit = host->timeUnit();
