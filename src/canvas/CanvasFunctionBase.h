@@ -1,21 +1,28 @@
 #pragma once
 
-#include "canvas/UnlinkedCurves.h"
+#include "canvas/CanvasClipboard.h"
+#include "canvas/CanvasMode.h"
+#include "canvas/CanvasOptions.h"
 #include "core/SplineBase.h"
+#include "curves/CurveTree.h"
+#include "curves/EditingSet.h"
 
 #include <QColor>
 #include <QList>
-#include <QMultiHash>
 #include <QObject>
-#include <QSet>
 #include <QStringList>
 
+#include <functional>
 #include <iosfwd>
 #include <memory>
 
 struct CanvasBackground;
-class CanvasGesture;
+class CanvasGestures;
+class CanvasLayers;
+class CanvasPainter;
+class CanvasPress;
 class CurveEditor;
+class CurveHost;
 class CurveNode;
 class CurveNodeBase;
 class FrameGrid;
@@ -34,13 +41,14 @@ class ViewPort;
 struct SelectionState;
 
 namespace curve_editor {
+class CanvasHost;
 class CurveCommand;
-class DetachedCurve;
+struct NodeStruct;
 } // namespace curve_editor
 
 /// The logic of the canvas: the tree of curve objects, the set of curves being edited, painting,
 /// and every gesture on keys and handles.
-class CanvasFunctionBase : public QObject
+class CanvasFunctionBase : public QObject, public CanvasOptions
 {
     Q_OBJECT
 
@@ -56,6 +64,8 @@ public:
 
     /// @name Registry: which curves are on the canvas, and which are being edited
     /// @{
+    CurveTree& tree();
+    const EditingSet& editingSet() const;
     /// The first node of that name, a group or a leaf; null if there is none.
     CurveNode* findCurve(const QString& dotName) const;
     /// The same where a curve answers; null where a group does.
@@ -69,11 +79,13 @@ public:
     CurveNode* addCanvasCurve(const QString& dotName, const QColor& color, const float& curveValue,
                               SplineBase* spline, FunctionFloatBase** expressionSlot,
                               const float& minValue, const float& maxValue, const bool& notifyHost);
+    /// The same of what a record lends.
+    CurveNode* addCanvasCurve(const curve_editor::NodeStruct& record);
     /// Puts an unlinked curve back into the tree, and owns it from then on, unless a node of its
     /// name is there, which is given back then. Null, too, for a curve that has been freed.
     CurveNode* attachCanvasCurve(CurveNode* curve);
     /// Unlinks the node of that name, and frees it as soon as nobody names it: see CurveHold and
-    /// CanvasVisit.
+    /// CurveVisit.
     void removeCanvasCurve(const QString& dotName);
     /// The same with all nodes that are linked.
     void clearCurves();
@@ -92,7 +104,7 @@ public:
     SplineBase* firstSpline() const;
     /// Its dotted name, or "None".
     QString firstCurveName() const;
-    /// See curves/CurveType.h: the type of the first curve, mixed when it or another one that
+    /// See files/CurveType.h: the type of the first curve, mixed when it or another one that
     /// differs is a plain spline; expression when no curve is being edited.
     int editingType() const;
     /// What the expression line shows: "..." where the expressions differ.
@@ -100,6 +112,8 @@ public:
     void markExpressionsChanged();
     /// Sends the notice of the editing set that is still due, and schedules a repaint.
     void updateCanvas();
+    /// Whether that notice is due.
+    bool isNoticeDue() const;
     /// Writes each curve being edited to a file of its dotted name.
     void saveCurvesXml(const QString& folder);
     /// Writes the first curve being edited as an older curve file; nothing without one.
@@ -113,20 +127,18 @@ public:
     QList<CurveNode*> topNodes() const;
     /// Frees a node that stands unlinked as soon as nobody names it; does nothing on any other.
     void discardUnlinked(CurveNode* node);
-    /// Called by nodes when they come to life, when they get a new name, when the last hold of
-    /// them has ended and when they die.
-    void nodeCreated(CurveNode* node);
-    void nodeRenamed(CurveNode* node, const QString& oldDotName);
-    void nodeReleased(CurveNode* node);
-    void nodeDestroyed(CurveNode* node);
     /// @}
 
     /// @name Painting
     /// @{
-    void paint(QPainter* painter);
+    /// With `onlyMoved` the time line or the rubber band has moved since the last time, and nobody
+    /// has asked for more.
+    void paint(QPainter* painter, const bool& onlyMoved = false);
+    /// What is kept of the last picture.
+    CanvasLayers& layers();
     FrameGrid* frameGrid() const;
-    /// Takes ownership; null removes the picture.
-    void setBackground(CanvasBackground* picture);
+    /// Null removes the picture.
+    void setBackground(std::unique_ptr<CanvasBackground> picture);
     CanvasBackground* backgroundPicture() const;
     bool curvesBounds(double& x1, double& x2, double& y1, double& y2) const;
     bool selectionBounds(double& x1, double& x2, double& y1, double& y2) const;
@@ -162,8 +174,8 @@ public:
     void endGestureOn(const QString& dotName);
     /// The same unless these names stand for exactly the curves being edited.
     void endGestureUnlessEditing(const QStringList& dotNames);
-    /// The same unless the gesture goes on in that mode of the editor.
-    void endGestureUnlessIn(const int& mode);
+    /// The same unless the gesture goes on in that mode.
+    void endGestureUnlessIn(curve_editor::CanvasMode mode);
     /// Ends a gesture of the mouse whose release was lost, as this event tells.
     void endLostGesture(QInputEvent* event);
     /// @}
@@ -237,18 +249,6 @@ public:
     const ParserScope* parserScope() const;
     ViewPort* viewPort() const;
 
-    double vSnapRadius = 0.25; ///< share of the grid step
-    double hSnapRadius = 0.1;
-    bool verticalSnap = false;
-    bool horizontalSnap = false;
-    bool toolTipsOn = false;                 ///< labels at selected keys always
-    bool toolTipsWhileDragging = true;       ///< labels at selected keys during a drag
-    bool defaultBrokenTangent = false;       ///< new keys
-    bool defaultAddFunction = false;         ///< stored and read by nobody
-    int defaultNodeType = zk_spline::bezier; ///< new keys
-    QColor selectionColor{20, 10, 105, 255};
-    QColor canvasColor{0, 0, 0};
-
 public slots:
     void currentNodeHasChanged();
     void hideMark();
@@ -268,44 +268,28 @@ signals:
     void showKeyProperties();
 
 private:
-    friend class CanvasVisit;
+    friend class CanvasPress;
 
-    void link(CurveNode* node, CurveNode* group);
-    bool isLinked(const CurveNode* node) const;
-    QList<CurveNode*> linkedNodes(const QString& dotName) const;
-    void leaveEditing();
-    QStringList enterEditing(CurveNode* node);
-
-    bool areExactlyEdited(const QList<CurveNode*>& wanted) const;
     QList<SplineCurveGraph*> editableGraphs() const;
-    QPointF worldAt(const QPoint& pixel) const;
+    QPointF worldAt(const QPointF& place) const;
+    QPointF worldUnder(const QMouseEvent& event) const;
 
-    bool pressRight(const bool& outside, const bool& hitUnselected, const bool& anySelected,
-                    const QList<PointInfo*>& hits);
-    bool pressDefault(QMouseEvent* event, const bool& outside, const bool& hitUnselected,
-                      const bool& manySelected, const QList<PointInfo*>& hits);
-    bool pressAddToSelection(const bool& outside, const bool& keyWasHit,
-                             const QList<PointInfo*>& hits);
-    void pressDelete(const QList<PointInfo*>& hits);
+    void changeSelection(const std::function<void()>& change);
     void walkSelection(const bool& forward);
 
     void setPointsType(const zk_spline::interpolationType& type);
 
     CurveNodeBase* copySource() const;
-    double offsetToTimeline() const;
     void pasteClipboard(const double& offset, const bool& keysOnly);
 
     FunctionEditor* widget; ///< not owned: the parent
     CurveEditor* editor;    ///< not owned: outlives the canvas but for its own last moments
     ViewPort* view;         ///< not owned: the widget's base
-    bool selectionPending = false;
-    QList<CurveNode*> editing; ///< leaves of the tree, not owned, each once
-    UnlinkedCurves unlinked{editing};
-    QList<CurveNode*> tops; ///< owned
-    QSet<CurveNode*> nodes; ///< every living node made for this canvas, linked or not
-    QMultiHash<QString, CurveNode*> nodesByName; ///< the same by dotted name
-    std::unique_ptr<FrameGrid> grid;
-    std::unique_ptr<CanvasBackground> background;
-    std::unique_ptr<curve_editor::DetachedCurve> clipboard; ///< null until the first copy
-    std::unique_ptr<CanvasGesture> gesture;                 ///< never null
+    EditingSet editing;
+    std::unique_ptr<curve_editor::CanvasHost> host; ///< null without an editor
+    std::unique_ptr<CanvasGestures> gestures;       ///< never null
+    std::unique_ptr<CanvasPainter> ground;          ///< null in the last moments
+    CanvasClipboard clipboard;
+    std::unique_ptr<CurveHost> curveHost; ///< never null
+    CurveTree curveTree; ///< the last field: whoever hears of a curve's end may use the others
 };

@@ -1,9 +1,11 @@
+// How far keys reach, for fitting the view.
+
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <algorithm>
 
@@ -75,7 +77,7 @@ bool CanvasFunctionBase::curvesBounds(double& x1, double& x2, double& y1, double
 bool CanvasFunctionBase::selectionBounds(double& x1, double& x2, double& y1, double& y2) const
 {
     KeyBounds bounds;
-    const SelectedKeys selectedKeys(editing);
+    const SelectedKeys selectedKeys(editing.curves());
     const PointInfo* singleKey = nullptr;
     int singleSelections = 0;
     for (SplineCurveGraph* graph : editableGraphs()) {

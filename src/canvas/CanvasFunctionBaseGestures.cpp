@@ -1,28 +1,40 @@
-// What carries a gesture on and what ends it. What begins one stands with the press.
+// What begins a gesture, carries it on and ends it. CanvasPress tells what a press begins.
 
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
+#include "canvas/CanvasPress.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/MousePixel.h"
+#include "canvas/ModeControl.h"
+#include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "editor/CurveEditor.h"
+#include "files/CurveType.h"
+#include "graphs/MousePixel.h"
 
 #include <QMouseEvent>
 #include <QPoint>
 
 #include <algorithm>
 
-QPointF CanvasFunctionBase::worldAt(const QPoint& pixel) const
+using curve_editor::CanvasMode;
+
+QPointF CanvasFunctionBase::worldAt(const QPointF& place) const
 {
-    return QPointF(view->timeAt(pixel.x()), view->valueAt(pixel.y()));
+    return QPointF(view->timeAt(place.x()), view->valueAt(place.y()));
+}
+
+/// As finely as the screen can show it.
+QPointF CanvasFunctionBase::worldUnder(const QMouseEvent& event) const
+{
+    return worldAt(mousePlace(event.position(), widget->devicePixelRatioF()));
 }
 
 bool CanvasFunctionBase::ignoresPress(const Qt::MouseButton& button) const
 {
     const bool isKnown =
         button == Qt::LeftButton || button == Qt::MiddleButton || button == Qt::RightButton;
-    return !isKnown || gesture->isSecondButton(button);
+    return !isKnown || gestures->isSecondButton(button);
 }
 
 bool CanvasFunctionBase::ignoresRelease(const Qt::MouseButton& button) const
@@ -32,63 +44,81 @@ bool CanvasFunctionBase::ignoresRelease(const Qt::MouseButton& button) const
 
 bool CanvasFunctionBase::hasLostButton(const Qt::MouseButtons& held) const
 {
-    return gesture->hasLostButton(held);
+    return gestures->hasLostButton(held);
+}
+
+bool CanvasFunctionBase::press(QMouseEvent* event)
+{
+    if (ignoresPress(event->button())) {
+        return true;
+    }
+    endLostGesture(event);
+    endGestures();
+    const CanvasMode mode = host->modes().mode();
+    const QPoint pixel = mousePixel(event->position());
+    gestures->press(event->button(), worldUnder(*event));
+    if (!isEditing()) {
+        return event->button() == Qt::LeftButton;
+    }
+    watchModifiers(event);
+    if (mode == CanvasMode::ZOOM) {
+        host->modes().setMode(CanvasMode::ZOOMING);
+        return false;
+    }
+    CanvasPress press(*this, *gestures, event->button(), pixel);
+    return editingType() != expressionCurve && press.doIn(mode);
 }
 
 void CanvasFunctionBase::move(QMouseEvent* event)
 {
-    gesture->step(worldAt(mousePixel(event->position())));
+    gestures->step(worldUnder(*event));
 }
 
 void CanvasFunctionBase::release(QMouseEvent* event)
 {
-    using Mode = CurveEditor::curveEditorModes;
-    const Mode mode = editor->getCurrentMode();
-    const Mode user = editor->getUserMode();
+    const CanvasMode mode = host->modes().mode();
+    const CanvasMode user = host->modes().userMode();
     watchModifiers(event);
 
     if (ignoresRelease(event->button())) {
         return;
     }
-    if (mode == Mode::ZOOMING) {
+    if (mode == CanvasMode::ZOOMING) {
         // Alt itself is meant, whatever the zoom modifier is.
-        editor->setCurrentMode(event->modifiers().testFlag(Qt::AltModifier) ? Mode::ZOOM : user);
+        const bool staysZooming = event->modifiers().testFlag(Qt::AltModifier);
+        host->modes().setMode(staysZooming ? CanvasMode::ZOOM : user);
     } else if (event->button() == Qt::LeftButton || event->button() == Qt::MiddleButton) {
-        gesture->end(mode, user);
+        gestures->end(mode, user);
     }
 }
 
 void CanvasFunctionBase::endGesture()
 {
-    if (!gesture->isRunning()) {
+    if (!gestures->isRunning()) {
         return;
     }
-    if (view->rubberDrag && view->viewDrag) {
-        view->applyRect(true);
-    }
-    view->clearDrags();
-    view->zoomMode = false;
-    gesture->end();
+    view->endDrag();
+    gestures->end();
     widget->update();
 }
 
 void CanvasFunctionBase::endGestures()
 {
-    if (editor) {
-        editor->getCmdManager()->endGestures();
+    if (host) {
+        host->manager().endGestures();
     }
 }
 
 void CanvasFunctionBase::endGestureBefore(const curve_editor::CurveCommand* command)
 {
-    if (!gesture->commands.isHandingOver(command) && gesture->isOnKeys()) {
+    if (!gestures->isHandingOver(command) && gestures->isOnKeys()) {
         endGesture();
     }
 }
 
 void CanvasFunctionBase::endGestureOn(const QString& dotName)
 {
-    CurveNode* const node = gesture->isOnKeys() ? findCurve(dotName) : nullptr;
+    CurveNode* const node = gestures->isOnKeys() ? findCurve(dotName) : nullptr;
     const QList<CurveNode*> curves = node ? node->curves() : QList<CurveNode*>();
     if (std::any_of(curves.cbegin(), curves.cend(),
                     [this](CurveNode* curve) { return editing.contains(curve); })) {
@@ -98,21 +128,21 @@ void CanvasFunctionBase::endGestureOn(const QString& dotName)
 
 void CanvasFunctionBase::endGestureUnlessEditing(const QStringList& dotNames)
 {
-    if (!gesture->isOnKeys()) {
+    if (!gestures->isOnKeys()) {
         return;
     }
     QList<CurveNode*> named;
     for (const QString& name : dotNames) {
         named.append(findCurve(name));
     }
-    if (!areExactlyEdited(named)) {
+    if (!editing.isExactly(named)) {
         endGestures();
     }
 }
 
-void CanvasFunctionBase::endGestureUnlessIn(const int& mode)
+void CanvasFunctionBase::endGestureUnlessIn(CanvasMode mode)
 {
-    if (!gesture->admits(mode)) {
+    if (!gestures->admits(mode)) {
         endGesture();
     }
 }
@@ -120,64 +150,48 @@ void CanvasFunctionBase::endGestureUnlessIn(const int& mode)
 /// What the modifiers mean depends on the mode, which the end changes.
 void CanvasFunctionBase::endLostGesture(QInputEvent* event)
 {
-    if (gesture->isOfMouse()) {
+    if (gestures->isOfMouse()) {
         endGesture();
         watchModifiers(event);
     }
 }
 
-/// The leaves of these nodes, each once, in the order of the curves being edited. Null is passed
-/// over.
-bool CanvasFunctionBase::areExactlyEdited(const QList<CurveNode*>& wanted) const
-{
-    QList<CurveNode*> leaves;
-    for (CurveNode* node : wanted) {
-        const QList<CurveNode*> curves = node ? node->curves() : QList<CurveNode*>();
-        for (CurveNode* curve : curves) {
-            if (!leaves.contains(curve)) {
-                leaves.append(curve);
-            }
-        }
-    }
-    return std::equal(leaves.cbegin(), leaves.cend(), editing.cbegin(), editing.cend());
-}
-
 void CanvasFunctionBase::beginSelectCommand()
 {
-    gesture->commands.beginSelect();
+    gestures->commands().beginSelect();
 }
 
 void CanvasFunctionBase::commitSelectCommand()
 {
-    gesture->commands.commitSelect();
+    gestures->commands().commitSelect();
 }
 
 void CanvasFunctionBase::beginMove(const QPoint& pixel)
 {
-    gesture->beginMove(worldAt(pixel));
+    gestures->beginMove(worldAt(pixel));
 }
 
 void CanvasFunctionBase::beginMoveCommand()
 {
-    gesture->commands.beginMove();
+    gestures->commands().beginMove();
 }
 
 void CanvasFunctionBase::commitMoveCommand()
 {
-    gesture->commands.commitMove();
+    gestures->commands().commitMove();
 }
 
 void CanvasFunctionBase::beginChangeCommand()
 {
-    gesture->commands.beginChange();
+    gestures->commands().beginChange();
 }
 
 void CanvasFunctionBase::commitChangeCommand()
 {
-    gesture->commands.commitChange();
+    gestures->commands().commitChange();
 }
 
 void CanvasFunctionBase::dropPendingCommands()
 {
-    gesture->commands.drop();
+    gestures->cancel();
 }

@@ -1,16 +1,23 @@
+// Modifiers, the keyboard, double clicks and the context menu.
+
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/CanvasGesture.h"
-#include "canvas/FunctionEditor.h"
-#include "canvas/MousePixel.h"
+#include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
+#include "canvas/ModeControl.h"
 #include "commands/CommandAddPoint.h"
+#include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
-#include "editor/CurveEditor.h"
+#include "files/CurveType.h"
+#include "graphs/MousePixel.h"
 
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
+
+using curve_editor::CanvasMode;
+using curve_editor::ModeControl;
+using curve_editor::ModifierRole;
 
 bool CanvasFunctionBase::carriesModifiers(const QEvent* event)
 {
@@ -37,42 +44,46 @@ bool CanvasFunctionBase::event(QEvent* event)
 
 void CanvasFunctionBase::watchModifiers(QInputEvent* event)
 {
-    using Mode = CurveEditor::curveEditorModes;
-    const Mode mode = editor->getCurrentMode();
-    const Mode user = editor->getUserMode();
+    using Mode = CanvasMode;
+    ModeControl& modes = host->modes();
+    const Mode mode = modes.mode();
+    const Mode user = modes.userMode();
+    const bool zooms = modes.isPressed(ModifierRole::zoom, event);
+    const bool snaps = modes.isPressed(ModifierRole::snap, event);
+    const bool adds = modes.isPressed(ModifierRole::add, event);
+    const bool addsToSelection = modes.isPressed(ModifierRole::addToSelection, event);
 
     // The first row that fits decides. One key may zoom and snap: at rest it zooms, during a drag
     // it snaps.
     if (mode == Mode::ZOOMING) {
-        editor->setCurrentMode(editor->isZoomPressed(event) ? Mode::ZOOM : user);
-    } else if (mode == user && editor->isZoomPressed(event)) {
-        editor->setCurrentMode(Mode::ZOOM);
+        modes.setMode(zooms ? Mode::ZOOM : user);
+    } else if (mode == user && zooms) {
+        modes.setMode(Mode::ZOOM);
     } else if (mode == Mode::ZOOM) {
-        editor->setCurrentMode(editor->isZoomPressed(event) ? Mode::ZOOM : user);
-    } else if (mode == Mode::MOVING || mode == Mode::SNAP) {
-        editor->setCurrentMode(editor->isSnapPressed(event) ? Mode::SNAP : Mode::MOVING);
-    } else if (mode == Mode::DEFAULT && editor->isAddPressed(event)) {
-        editor->setCurrentMode(Mode::ADD);
+        modes.setMode(zooms ? Mode::ZOOM : user);
+    } else if (isMoveMode(mode)) {
+        modes.setMode(snaps ? Mode::SNAP : Mode::MOVING);
+    } else if (mode == Mode::DEFAULT && adds) {
+        modes.setMode(Mode::ADD);
     } else if (mode == Mode::ADD) {
-        editor->setCurrentMode(editor->isAddPressed(event) ? Mode::ADD : user);
-    } else if ((mode == Mode::DEFAULT || mode == Mode::SELECT) && editor->isAdd2selPressed(event)) {
-        editor->setCurrentMode(Mode::ADD2SEL);
+        modes.setMode(adds ? Mode::ADD : user);
+    } else if ((mode == Mode::DEFAULT || mode == Mode::SELECT) && addsToSelection) {
+        modes.setMode(Mode::ADD2SEL);
     } else if (mode == Mode::ADD2SEL) {
-        editor->setCurrentMode(editor->isAdd2selPressed(event) ? Mode::ADD2SEL : user);
-    } else if (mode == Mode::SELECTING || mode == Mode::ADDING2SEL) {
-        editor->setCurrentMode(editor->isAdd2selPressed(event) ? Mode::ADDING2SEL
-                                                               : Mode::SELECTING);
+        modes.setMode(addsToSelection ? Mode::ADD2SEL : user);
+    } else if (isRubberMode(mode)) {
+        modes.setMode(addsToSelection ? Mode::ADDING2SEL : Mode::SELECTING);
     }
 }
 
 void CanvasFunctionBase::doubleClick(QMouseEvent* event)
 {
-    const CurveEditor::curveEditorModes mode = editor->getCurrentMode();
-    const bool canAdd = mode == CurveEditor::DEFAULT || mode == CurveEditor::ADD;
+    const CanvasMode mode = host->modes().mode();
+    const bool canAdd = mode == CanvasMode::DEFAULT || mode == CanvasMode::ADD;
     if (editingType() == expressionCurve || !canAdd || editing.size() != 1) {
         return;
     }
-    const QPointF world = worldAt(mousePixel(event->position()));
+    const QPointF world = worldUnder(*event);
     addKey(editing.first(), world.x(), world.y());
 }
 
@@ -83,9 +94,8 @@ void CanvasFunctionBase::addKey(CurveNode* curve, const double& x, const double&
     }
     const QString name = curve->dotName();
     endGestures();
-    CurveEditor::NodeStruct* record = editor->searchAllNodeList(name);
-    if (record) {
-        editor->getCmdManager()->doCommand(new curve_editor::CommandAddPoint(editor, record, x, y));
+    if (curve_editor::NodeStruct* const record = host->findRecord(name)) {
+        host->manager().doCommand(new curve_editor::CommandAddPoint(editor, record, x, y));
     }
 }
 
@@ -93,7 +103,7 @@ void CanvasFunctionBase::createNodeAtCursor(CurveNode* curve)
 {
     if (curve && editing.size() == 1 && hasKeys(editingType()) &&
         editing.first()->dotName() == curve->dotName()) {
-        addKey(curve, gesture->lastWorld.x(), gesture->lastWorld.y());
+        addKey(curve, gestures->stage.lastWorld.x(), gestures->stage.lastWorld.y());
     }
 }
 
@@ -104,12 +114,12 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Z:
         if (onlyControl) {
-            editor->undo();
+            host->undo();
         }
         break;
     case Qt::Key_Y:
         if (onlyControl) {
-            editor->redo();
+            host->redo();
         }
         break;
     case Qt::Key_Delete:
@@ -128,8 +138,8 @@ void CanvasFunctionBase::keyPress(QKeyEvent* event)
 
 void CanvasFunctionBase::showRightButtonMenu()
 {
-    QMenu* const menu = editor->keysMenu();
-    editor->refreshEditor();
+    QMenu* const menu = host->keysMenu();
+    host->refresh();
     if (!menu->isVisible()) {
         menu->exec(QCursor::pos()); // a second loop of the same menu would never let the first end
     }
@@ -138,12 +148,12 @@ void CanvasFunctionBase::showRightButtonMenu()
 void CanvasFunctionBase::currentNodeHasChanged()
 {
     if (!editing.isEmpty()) {
-        editor->emitSignalCurvesHaveChanged();
+        host->reportEditingCurves();
         updateCanvas();
     }
 }
 
 void CanvasFunctionBase::hideMark()
 {
-    gesture->showMark = false;
+    gestures->stage.showMark = false;
 }

@@ -1,18 +1,21 @@
+// What is done to the selected keys.
+
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/CanvasGesture.h"
+#include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/FunctionEditor.h"
 #include "canvas/KeyPlacing.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "commands/CommandChangePoints.h"
+#include "commands/CommandAddFunc.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetPointsType.h"
+#include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
-#include "editor/CurveEditor.h"
+#include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 
-using curve_editor::CommandChangePoints;
+using curve_editor::CommandAddFunc;
 using curve_editor::CommandDelPoints;
 using curve_editor::CommandSetPointsType;
 
@@ -44,6 +47,22 @@ void flatten(SplineBase* spline, PointInfo* key)
     spline->setTcb(key, tcb); // a unified key loses its continuity there
 }
 
+void openChange(PendingCommands& commands)
+{
+    commands.beginChange();
+}
+
+void openScaling(PendingCommands& commands)
+{
+    commands.beginChange();
+    commands.describeChange("Scale Control Points");
+}
+
+void openMove(PendingCommands& commands)
+{
+    commands.beginMove();
+}
+
 void scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx, const double& sy)
 {
     if (!many) {
@@ -54,12 +73,25 @@ void scaleKeys(ControlSplineNode& selection, const bool& many, const double& sx,
               [&](const PointInfo& key) { return QPointF(sx * key.time, sy * key.value); });
 }
 
+/// Each curve by its own number of keys, where scaling asks the whole set.
+void panKeys(ControlSplineNode& selection, const QPointF& way)
+{
+    if (!selection.hasSelection()) {
+        return;
+    }
+    if (selection.selectedPoints.size() > 1) {
+        shiftKeys(selection, way);
+    } else {
+        selection.offsetPoint(way.x(), way.y());
+    }
+}
+
 } // namespace
 
 void CanvasFunctionBase::deleteKeys()
 {
     endGestures();
-    editor->getCmdManager()->doCommand(new CommandDelPoints(editor));
+    host->manager().doCommand(new CommandDelPoints(editor));
 }
 
 void CanvasFunctionBase::deleteSelectedNodes()
@@ -77,7 +109,7 @@ void CanvasFunctionBase::setPointsType(const zk_spline::interpolationType& type)
 {
     endGestures();
     if (!editing.isEmpty()) {
-        editor->getCmdManager()->doCommand(new CommandSetPointsType(editor, type));
+        host->manager().doCommand(new CommandSetPointsType(editor, type));
     }
 }
 
@@ -104,9 +136,7 @@ void CanvasFunctionBase::setSelectedStep()
 void CanvasFunctionBase::flatTangents()
 {
     endGestures();
-    beginChangeCommand();
-    forEachSelectedKey(editableGraphs(), flatten);
-    commitChangeCommand();
+    gestures->run(openChange, [this] { forEachSelectedKey(editableGraphs(), flatten); });
     updateCanvas();
     widget->refreshKeysDialog();
 }
@@ -114,26 +144,24 @@ void CanvasFunctionBase::flatTangents()
 void CanvasFunctionBase::setTangentsBroken(const bool& broken)
 {
     endGestures();
-    auto command = std::make_unique<CommandChangePoints>(editor);
-    forEachSelectedKey(editableGraphs(), [&broken](SplineBase* spline, PointInfo* key) {
-        if (broken) {
-            spline->breakTangent(key);
-        } else {
-            spline->unifyTangent(key);
-        }
+    gestures->run(openChange, [this, broken] {
+        forEachSelectedKey(editableGraphs(), [broken](SplineBase* spline, PointInfo* key) {
+            if (broken) {
+                spline->breakTangent(key);
+            } else {
+                spline->unifyTangent(key);
+            }
+        });
     });
-    if (command->captureFinalState()) {
-        editor->getCmdManager()->doCommand(command.release());
-    }
 }
 
 void CanvasFunctionBase::scaleSelection(const double& sx, const double& sy)
 {
     endGestures();
-    beginChangeCommand();
-    gesture->commands.describeChange("Scale Control Points");
-    const bool isScaling = !editing.isEmpty() && !(sx == 1.0 && sy == 1.0);
-    if (isScaling) {
+    gestures->run(openScaling, [this, sx, sy] {
+        if (!isEditing() || (sx == 1.0 && sy == 1.0)) {
+            return;
+        }
         const SelectionState state = selectionState();
         if (hasKeys(editingType()) && state.any) {
             for (SplineCurveGraph* graph : editableGraphs()) {
@@ -141,29 +169,28 @@ void CanvasFunctionBase::scaleSelection(const double& sx, const double& sy)
             }
         }
         updateCanvas();
-    }
-    commitChangeCommand();
+    });
 }
 
 void CanvasFunctionBase::panSelection(const double& dx, const double& dy)
 {
     endGestures();
-    beginMoveCommand();
-    const bool isPanning = !editing.isEmpty() && !(dx == 0.0 && dy == 0.0);
-    if (isPanning && hasKeys(editingType())) {
+    gestures->run(openMove, [this, dx, dy] {
+        if (!isEditing() || (dx == 0.0 && dy == 0.0) || !hasKeys(editingType())) {
+            return;
+        }
         for (SplineCurveGraph* graph : editableGraphs()) {
-            ControlSplineNode& selection = graph->selection();
-            if (!selection.hasSelection()) {
-                continue;
-            }
-            // Each curve by its own number of keys, where scaling asks the whole set.
-            if (selection.selectedPoints.size() > 1) {
-                shiftKeys(selection, QPointF(dx, dy));
-            } else {
-                selection.offsetPoint(dx, dy);
-            }
+            panKeys(graph->selection(), QPointF(dx, dy));
         }
         updateCanvas();
+    });
+}
+
+void CanvasFunctionBase::switchAddFuncToSpline()
+{
+    endGestures();
+    const int type = editingType();
+    if (type == expressionCurve || type == splinePlusExpressionCurve) {
+        host->manager().doCommand(new CommandAddFunc(editor));
     }
-    commitMoveCommand();
 }

@@ -1,23 +1,19 @@
+// Which keys are selected, and which lie under the mouse.
+
 #include "canvas/CanvasFunctionBase.h"
 
-#include "canvas/CanvasGesture.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
+#include "canvas/CanvasGestures.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <algorithm>
 
 QList<SplineCurveGraph*> CanvasFunctionBase::editableGraphs() const
 {
-    QList<SplineCurveGraph*> graphs;
-    for (CurveNode* curve : editing) {
-        if (hasKeys(curve->curveType()) && curve->splineGraph()) {
-            graphs.append(curve->splineGraph());
-        }
-    }
-    return graphs;
+    return editing.editableGraphs();
 }
 
 SelectionState CanvasFunctionBase::selectionState() const
@@ -40,7 +36,7 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
     hits.clear();
     hitUnselected = false;
     hitSelected = false;
-    for (CurveNode* curve : qAsConst(editing)) {
+    for (CurveNode* curve : editing) {
         SplineCurveGraph* graph = hasKeys(curve->curveType()) ? curve->splineGraph() : nullptr;
         if (!graph) {
             hits.append(nullptr); // one entry a curve: the list stays in step with the curves
@@ -53,11 +49,11 @@ bool CanvasFunctionBase::hitKeys(const QPoint& pixel, bool& manySelected, bool& 
         }
     }
 
-    SelectedKeys(editing).span(spanMin, spanMax);
+    SelectedKeys(editing.curves()).span(spanMin, spanMax);
     const SelectionState state = selectionState();
     anySelected = state.any;
     manySelected = state.many;
-    const double time = gesture->lastWorld.x();
+    const double time = gestures->stage.lastWorld.x();
     const bool isInSpan = !(time < spanMin) && !(time > spanMax);
     return !hitSelected && !hitUnselected && !isInSpan;
 }
@@ -66,8 +62,9 @@ void CanvasFunctionBase::selectHits(const QList<PointInfo*>& hits)
 {
     const qsizetype count = std::min(editing.size(), hits.size());
     for (qsizetype i = 0; i < count; ++i) {
-        if (hasKeys(editing[i]->curveType()) && editing[i]->splineGraph()) {
-            editing[i]->splineGraph()->selection().selectSinglePoint(hits[i]);
+        CurveNode* const curve = editing.curves()[i];
+        if (hasKeys(curve->curveType()) && curve->splineGraph()) {
+            curve->splineGraph()->selection().selectSinglePoint(hits[i]);
         }
     }
 }
@@ -76,8 +73,9 @@ void CanvasFunctionBase::toggleHits(const QList<PointInfo*>& hits)
 {
     const qsizetype count = std::min(editing.size(), hits.size());
     for (qsizetype i = 0; i < count; ++i) {
-        if (hasKeys(editing[i]->curveType()) && editing[i]->splineGraph()) {
-            editing[i]->splineGraph()->selection().togglePoint(hits[i]);
+        CurveNode* const curve = editing.curves()[i];
+        if (hasKeys(curve->curveType()) && curve->splineGraph()) {
+            curve->splineGraph()->selection().togglePoint(hits[i]);
         }
     }
 }
@@ -102,27 +100,30 @@ void CanvasFunctionBase::selectInRect(const bool& add)
     }
 }
 
+void CanvasFunctionBase::changeSelection(const std::function<void()>& change)
+{
+    gestures->run([](PendingCommands& commands) { commands.beginSelect(); }, change);
+}
+
 void CanvasFunctionBase::selectAllKeys()
 {
     endGestures();
-    beginSelectCommand();
-    for (CurveNode* curve : qAsConst(editing)) {
-        SplineBase* spline = curve->spline();
-        if (spline && curve->splineGraph()) {
-            const std::vector<PointInfo*>& keys = spline->getControlPoints();
-            curve->splineGraph()->selection().selectPoints(
-                QList<PointInfo*>(keys.begin(), keys.end()));
+    changeSelection([this] {
+        for (CurveNode* curve : editing) {
+            SplineBase* spline = curve->spline();
+            if (spline && curve->splineGraph()) {
+                const std::vector<PointInfo*>& keys = spline->getControlPoints();
+                curve->splineGraph()->selection().selectPoints(
+                    QList<PointInfo*>(keys.begin(), keys.end()));
+            }
         }
-    }
-    commitSelectCommand();
+    });
 }
 
 void CanvasFunctionBase::deselectAllKeys()
 {
     endGestures();
-    beginSelectCommand();
-    clearSelection();
-    commitSelectCommand();
+    changeSelection([this] { clearSelection(); });
 }
 
 void CanvasFunctionBase::walkSelection(const bool& forward)

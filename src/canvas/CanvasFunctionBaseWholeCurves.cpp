@@ -1,22 +1,21 @@
 // What is done to whole curves: the clipboard, and resetting.
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
+#include "canvas/CanvasHost.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandPasteCurve.h"
 #include "commands/CommandResetCurves.h"
-#include "commands/EligibleCurves.h"
+#include "commands/CurveCommandsManager.h"
+#include "commands/RecordKeys.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
-#include "curves/DetachedCurve.h"
-#include "editor/CurveEditor.h"
+#include "curves/CurveVisit.h"
+#include "files/CurveType.h"
+#include "graphs/ViewPort.h"
 
 #include <utility>
 
 using curve_editor::CommandPasteCurve;
 using curve_editor::CommandResetCurves;
-using curve_editor::DetachedCurve;
 
 /// The only curve being edited, when it has keys; else null.
 CurveNodeBase* CanvasFunctionBase::copySource() const
@@ -30,24 +29,14 @@ CurveNodeBase* CanvasFunctionBase::copySource() const
 void CanvasFunctionBase::copy()
 {
     if (CurveNodeBase* const source = copySource()) {
-        auto copied = std::make_unique<DetachedCurve>(*source);
-        copied->spline()->copyDup(*source->spline(), 0.0);
-        clipboard = std::move(copied);
+        clipboard.copy(*source);
     }
 }
 
 void CanvasFunctionBase::copyKeys()
 {
-    CurveNodeBase* const source = copySource();
-    if (!source || !source->splineGraph()->selection().hasSelection()) {
-        return;
-    }
-    auto copied = std::make_unique<DetachedCurve>(*source);
-    copied->spline()->copySelected(*source->spline(),
-                                   source->splineGraph()->selection().selectedPointsVector());
-    // Another editor may have taken every selected key away.
-    if (copied->spline()->getFirst()) {
-        clipboard = std::move(copied);
+    if (CurveNodeBase* const source = copySource()) {
+        clipboard.copySelected(*source);
     }
 }
 
@@ -63,7 +52,7 @@ void CanvasFunctionBase::pasteOffset()
 
 void CanvasFunctionBase::pasteOnTimeline()
 {
-    pasteClipboard(offsetToTimeline(), false);
+    pasteClipboard(clipboard.offsetTo(view->timeLine), false);
 }
 
 void CanvasFunctionBase::pasteKeys()
@@ -78,22 +67,15 @@ void CanvasFunctionBase::pasteKeysOffset()
 
 void CanvasFunctionBase::pasteKeysOnTimeline()
 {
-    pasteClipboard(offsetToTimeline(), true);
-}
-
-/// What moves the clipboard's first key onto the time line, in seconds.
-double CanvasFunctionBase::offsetToTimeline() const
-{
-    const PointInfo* const first = clipboard ? clipboard->spline()->getFirst() : nullptr;
-    return first ? view->timeLine - first->time : view->timeLine;
+    pasteClipboard(clipboard.offsetTo(view->timeLine), true);
 }
 
 void CanvasFunctionBase::pasteClipboard(const double& offset, const bool& keysOnly)
 {
     endGestures();
-    if (!editing.isEmpty() && clipboard) {
-        editor->getCmdManager()->doCommand(
-            new CommandPasteCurve(editor, clipboard->curve(), offset, keysOnly));
+    if (!editing.isEmpty() && clipboard.curve()) {
+        host->manager().doCommand(
+            new CommandPasteCurve(editor, clipboard.curve(), offset, keysOnly));
     }
 }
 
@@ -101,21 +83,22 @@ void CanvasFunctionBase::resetEditingCurves()
 {
     endGestures();
     if (!editing.isEmpty()) {
-        editor->getCmdManager()->doCommand(
-            new CommandResetCurves(editor, curve_editor::recordsOf(editor, editing)));
+        host->manager().doCommand(new CommandResetCurves(
+            editor, curve_editor::recordsOf(curve_editor::contextOf(editor), editing.curves())));
     }
 }
 
 void CanvasFunctionBase::resetAllCurves()
 {
     endGestures();
+    const QList<CurveNode*> tops = curveTree.topNodes();
     if (tops.isEmpty()) {
         return;
     }
-    const CanvasVisit visit(this);
-    const QList<CurveNode*> former = editing;
+    const CurveVisit visit(&curveTree);
+    const QList<CurveNode*> former = editing.curves();
     QList<CurveNode*> all;
-    for (CurveNode* top : std::as_const(tops)) {
+    for (CurveNode* top : tops) {
         all += top->curves();
     }
     selectCurveObjects(all);
@@ -123,7 +106,7 @@ void CanvasFunctionBase::resetAllCurves()
     // A slot of the host may have taken some of them away.
     QList<CurveNode*> staying;
     for (CurveNode* curve : former) {
-        if (nodes.contains(curve) && isLinked(curve)) {
+        if (curveTree.isKnown(curve) && curveTree.isLinked(curve)) {
             staying.append(curve);
         }
     }

@@ -1,17 +1,24 @@
+// Construction, and the order in which an event passes logic, view and key dialog.
+
 #include "canvas/FunctionEditor.h"
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/MousePixel.h"
+#include "canvas/CanvasLayers.h"
+#include "canvas/WheelTurns.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
+#include "curves/CurveVisit.h"
+#include "files/CurveType.h"
+#include "graphs/MousePixel.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QPalette>
 #include <QPointer>
 #include <QWheelEvent>
+
+#include <utility>
 
 namespace {
 
@@ -31,11 +38,27 @@ bool losesMouse(const QEvent* event)
     }
 }
 
+/// Texts may be in another font from here on, or the pictures are not seen for some time.
+bool changesLook(const QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ApplicationFontChange:
+    case QEvent::FontChange:
+    case QEvent::Hide:
+    case QEvent::PaletteChange:
+    case QEvent::StyleChange:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
 
 FunctionEditor::FunctionEditor(QWidget* parent, CurveEditor* editor)
     : QWidget(parent)
     , logic(std::make_unique<CanvasFunctionBase>(this, editor))
+    , wheel(std::make_unique<WheelTurns>())
     , keys(editor ? std::make_unique<CurveKeysDialog>(editor) : nullptr)
 {
     setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::MinimumExpanding);
@@ -101,12 +124,19 @@ bool FunctionEditor::event(QEvent* event)
 {
     const bool isInput = CanvasFunctionBase::carriesModifiers(event);
     // A gesture may go on with its curves after it has reported to the host.
-    const CanvasVisit visit(isInput ? logic.get() : nullptr);
+    const CurveVisit visit(isInput ? &logic->tree() : nullptr);
     if (isInput) {
         logic->watchModifiers(static_cast<QInputEvent*>(event));
     }
     if (losesMouse(event)) {
         logic->endGesture();
+    }
+    if (changesLook(event)) {
+        logic->layers().drop();
+    }
+    if (event->type() == QEvent::NativeGesture &&
+        nativeGestureEvent(static_cast<QNativeGestureEvent*>(event))) {
+        return true;
     }
     return QWidget::event(event);
 }
@@ -141,10 +171,16 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
         logic->endLostGesture(event);
     }
     if (event->buttons() != Qt::NoButton) {
+        const bool isBand = rubberDrag && (rectActive || rectValid);
+        const QRect before = bandPlace();
         logic->move(event);
         viewMove(event);
         showSelectedKeys(false); // a drag opens and closes no field
-        logic->updateCanvas();
+        if (isBand) {
+            updateMoved(before, bandPlace());
+        } else {
+            logic->updateCanvas();
+        }
     }
     logic->watchModifiers(event);
     reportCursor(event);
@@ -153,11 +189,7 @@ void FunctionEditor::mouseMoveEvent(QMouseEvent* event)
 void FunctionEditor::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!logic->ignoresRelease(event->button())) {
-        if (rubberDrag && viewDrag) {
-            applyRect(true);
-        }
-        clearDrags();
-        zoomMode = false;
+        endDrag();
         logic->release(event);
     }
     if (logic->isEditing()) {
@@ -181,12 +213,26 @@ void FunctionEditor::mouseDoubleClickEvent(QMouseEvent* event)
 
 void FunctionEditor::wheelEvent(QWheelEvent* event)
 {
-    // With Alt held some platforms deliver the turn on the other axis.
-    const QPoint turn = event->angleDelta();
-    wheelTurn(turn.y() != 0 ? turn.y() : turn.x(), mousePixel(event->position()));
+    if (WheelTurns::isSideways(*event)) {
+        slideBy(-wheel->takePan(*event));
+    } else {
+        wheelTurn(wheel->takeZoom(*event), mousePixel(event->position()));
+    }
     canvasDirty = true;
     logic->updateCanvas();
     event->accept();
+}
+
+bool FunctionEditor::nativeGestureEvent(QNativeGestureEvent* event)
+{
+    if (event->gestureType() != Qt::ZoomNativeGesture) {
+        return false;
+    }
+    magnify(1.0 + event->value(), mousePixel(event->position()));
+    canvasDirty = true;
+    logic->updateCanvas();
+    event->accept();
+    return true;
 }
 
 // Neither key handler calls its base: a key left unaccepted would climb to the dialog, which
@@ -207,14 +253,55 @@ void FunctionEditor::keyReleaseEvent(QKeyEvent* event)
     event->accept();
 }
 
-void FunctionEditor::paintEvent(QPaintEvent*)
+/// What lies outside of the region that a moved thing has left or entered was asked for by
+/// somebody else, for reasons of his own.
+void FunctionEditor::paintEvent(QPaintEvent* event)
 {
+    const bool onlyMoved = event->region().subtracted(std::exchange(moved, QRegion())).isEmpty();
     QPainter painter(this);
     try {
-        logic->paint(&painter);
+        logic->paint(&painter, onlyMoved);
     } catch (
         ...) { // thrown by a host's refresh function: nothing may leave an event of the toolkit
     }
+}
+
+void FunctionEditor::updateMoved(const QRect& before, const QRect& after)
+{
+    if (logic->isNoticeDue()) {
+        logic->updateCanvas();
+        return;
+    }
+    // Ratios that are no whole numbers may make a little more of what is asked for.
+    constexpr int margin = 4;
+    for (const QRect& place : {before, after}) {
+        if (!place.isEmpty()) {
+            moved += place.adjusted(-margin, -margin, margin, margin);
+            update(place);
+        }
+    }
+}
+
+/// The rubber band with its outline.
+QRect FunctionEditor::bandPlace() const
+{
+    constexpr int reach = 3;
+    return rubberRect().normalized().adjusted(-reach, -reach, reach, reach).intersected(rect());
+}
+
+QRect FunctionEditor::timeLineStrip() const
+{
+    constexpr int reach = 3; // its width and more
+    const int pixel = pixelX(timeLine);
+    return QRect(pixel - reach, 0, 2 * reach + 1, height()).intersected(rect());
+}
+
+void FunctionEditor::moveTimeLine(const double& time)
+{
+    const QRect before = timeLineStrip();
+    timeLine = time;
+    canvasDirty = true;
+    updateMoved(before, timeLineStrip());
 }
 
 void FunctionEditor::resizeEvent(QResizeEvent* event)

@@ -1,3 +1,5 @@
+// Fitting the view to keys.
+
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 

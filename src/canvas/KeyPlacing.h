@@ -1,8 +1,8 @@
 #pragma once
 
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
 #include "curves/KeyRetiming.h"
+#include "graphs/ControlSplineNode.h"
 
 #include <QList>
 #include <QPointF>

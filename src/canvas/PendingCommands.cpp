@@ -1,14 +1,20 @@
 #include "canvas/PendingCommands.h"
 
+#include "canvas/CanvasHost.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
-#include "editor/CurveEditor.h"
+#include "commands/CurveCommandsManager.h"
 
-PendingCommands::PendingCommands(CurveEditor* curveEditor)
+#include <utility>
+
+PendingCommands::PendingCommands(CurveEditor* curveEditor, curve_editor::CanvasHost* canvasHost)
     : editor(curveEditor)
+    , host(canvasHost)
 {}
 
+PendingCommands::PendingCommands(PendingCommands&& other) noexcept = default;
+PendingCommands& PendingCommands::operator=(PendingCommands&& other) noexcept = default;
 PendingCommands::~PendingCommands() = default;
 
 template <class Command>
@@ -26,7 +32,7 @@ void PendingCommands::commit(std::unique_ptr<Command>& pending)
     std::unique_ptr<Command> command = std::move(pending);
     if (command && command->captureFinalState()) {
         handedOver = command.get();
-        editor->getCmdManager()->doCommand(command.release());
+        host->manager().doCommand(command.release());
     }
 }
 

@@ -5,6 +5,7 @@
 class CurveEditor;
 
 namespace curve_editor {
+class CanvasHost;
 class CommandChangePoints;
 class CommandMovePoints;
 class CommandSelectPoints;
@@ -18,12 +19,13 @@ class CurveCommand;
 class PendingCommands
 {
 public:
-    /// `curveEditor` is not owned; without one nothing may begin.
-    explicit PendingCommands(CurveEditor* curveEditor);
+    /// Neither is owned; without them nothing may begin.
+    PendingCommands(CurveEditor* curveEditor, curve_editor::CanvasHost* canvasHost);
+    /// Leave nothing pending in the other.
+    PendingCommands(PendingCommands&& other) noexcept;
+    PendingCommands& operator=(PendingCommands&& other) noexcept;
     /// Frees what is pending; the keys stay as they are.
     ~PendingCommands();
-    PendingCommands(const PendingCommands&) = delete;
-    PendingCommands& operator=(const PendingCommands&) = delete;
 
     void beginSelect();
     void commitSelect();
@@ -49,7 +51,8 @@ private:
     template <class Command>
     void commit(std::unique_ptr<Command>& pending);
 
-    CurveEditor* editor; ///< not owned
+    CurveEditor* editor;            ///< not owned
+    curve_editor::CanvasHost* host; ///< not owned
     std::unique_ptr<curve_editor::CommandMovePoints> move;
     std::unique_ptr<curve_editor::CommandSelectPoints> select;
     std::unique_ptr<curve_editor::CommandChangePoints> change;

@@ -1,75 +1,70 @@
 #include "commands/CommandAddCurve.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "core/SplineBase.h"
-#include "curves/CurveNode.h"
-#include "curves/DottedName.h"
-#include "editor/CurveEditor.h"
+#include "curves/Catalogue.h"
+#include "curves/CurveTree.h"
 
 namespace curve_editor {
 
-CommandAddCurve::CommandAddCurve(CurveEditor* curveEditor, const QString& node, const QString& name,
-                                 const QColor& drawingColor, float givenValue,
-                                 SplineBase* hostSpline, FunctionFloatBase** slot, float minimum,
-                                 float maximum, const bool& select, const bool& notify)
-    : editor(curveEditor)
-    , nodeName(node)
-    , curveName(name)
-    , color(drawingColor)
-    , curveValue(givenValue)
-    , spline(hostSpline)
-    , splineLife(hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>())
-    , function(slot)
-    , minValue(minimum)
-    , maxValue(maximum)
-    , previousSelection(curveEditor->getSelection())
-    , notifyHost(notify)
+CommandAddCurve::CommandAddCurve(CurveEditor* editor, const QString& node, const QString& name,
+                                 const QColor& color, float curveValue, SplineBase* spline,
+                                 FunctionFloatBase** function, float minValue, float maxValue,
+                                 const bool& select, const bool& notifyHost)
+    : CommandAddCurve(contextOf(editor),
+                      NodeStruct::lent(node, name, color, curveValue, spline, function, minValue,
+                                       maxValue, notifyHost),
+                      select)
+{}
+
+CommandAddCurve::CommandAddCurve(CommandContext& given, const NodeStruct& lent, const bool& select)
+    : context(&given)
+    , content(lent)
+    , previousSelection(given.selection())
     , selectByDefault(select)
 {}
 
 bool CommandAddCurve::execute()
 {
-    const QString name = DottedName(nodeName, curveName).text();
-    const NodeStruct* const known = editor->searchAllNodeList(name);
+    const NodeStruct* const known = context->catalogue().find(content.dotName);
     isNewRecord = !known;
     if (known && known->isSplineLost()) {
-        addToCatalogue(); // lends the new spline
+        context->listCurve(content); // lends the new spline
     }
-    curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
+    curve = CurveHold(context->tree().findLeaf(content.dotName));
     if (curve.get()) {
         if (selectByDefault) {
-            editor->setDefaultSelected(nodeName, curveName);
+            context->enterSelected(content.mainNodeName, content.curveName);
         }
         return false;
     }
-    addToCatalogue();
+    context->listCurve(content);
     if (wantsSelection()) {
-        editor->setDefaultSelected(nodeName, curveName);
+        context->enterSelected(content.mainNodeName, content.curveName);
     }
-    curve = CurveHold(editor->getFunctionEditor()->canvas().findLeaf(name));
-    editor->emitSignalCurvesHaveChanged();
+    curve = CurveHold(context->tree().findLeaf(content.dotName));
+    context->reportEditingCurves();
     return true;
 }
 
 void CommandAddCurve::undo()
 {
     if (isNewRecord) {
-        editor->removeCurve(nodeName, curveName);
+        context->unlistCurve(content.mainNodeName, content.curveName);
     } else {
-        editor->removeCurveFromEditing(DottedName(nodeName, curveName).text());
+        context->leaveCanvas(content.dotName);
     }
-    editor->selectNodes(previousSelection);
-    editor->emitSignalCurvesHaveChanged();
+    context->select(previousSelection);
+    context->reportEditingCurves();
 }
 
 void CommandAddCurve::redo()
 {
-    addToCatalogue();
+    context->listCurve(content);
     if (wantsSelection()) {
-        editor->setDefaultSelected(nodeName, curveName, curve.get());
+        context->enterSelected(content.mainNodeName, content.curveName, curve.get());
     }
-    editor->emitSignalCurvesHaveChanged();
+    context->reportEditingCurves();
 }
 
 ZK_String CommandAddCurve::getDescription()
@@ -77,32 +72,12 @@ ZK_String CommandAddCurve::getDescription()
     return "Add Curve to Curve Editor";
 }
 
-void CommandAddCurve::addToCatalogue()
-{
-    editor->addNewMainNode(nodeName);
-    editor->addNewNode(nodeName, curveName, color, curveValue, livingSpline(), livingSlot(),
-                       minValue, maxValue, notifyHost);
-}
-
 /// A curve with neither a key nor an expression stays off the canvas.
 bool CommandAddCurve::wantsSelection() const
 {
-    const SplineBase* const keys = livingSpline();
-    FunctionFloatBase** const slot = livingSlot();
-    const bool hasContent = (keys && keys->getControlPointsNumber() > 0) || (slot && *slot);
-    return selectByDefault && hasContent;
-}
-
-SplineBase* CommandAddCurve::livingSpline() const
-{
-    return splineLife.expired() ? nullptr : spline;
-}
-
-/// Once the host has destroyed the spline its slot is left alone as well.
-FunctionFloatBase** CommandAddCurve::livingSlot() const
-{
-    const bool splineIsLost = spline && splineLife.expired();
-    return splineIsLost ? nullptr : function;
+    const SplineBase* const keys = content.livingSpline();
+    const bool hasKeys = keys && keys->getControlPointsNumber() > 0;
+    return selectByDefault && (hasKeys || content.livingExpression());
 }
 
 } // namespace curve_editor

@@ -2,18 +2,15 @@
 
 #include "commands/CurveCommand.h"
 #include "curves/CurveHold.h"
+#include "curves/NodeStruct.h"
 
-#include <QColor>
-#include <QString>
 #include <QStringList>
 
-#include <memory>
-
 class CurveEditor;
-class FunctionFloatBase;
-class SplineBase;
 
 namespace curve_editor {
+
+class CommandContext;
 
 /// Adds a curve of the host to the editor. CurveEditor::addCurve runs it directly: it stands on no
 /// stack, and may be destroyed right after execute.
@@ -24,6 +21,9 @@ public:
                     const QColor& color, float curveValue, SplineBase* spline,
                     FunctionFloatBase** function, float minValue, float maxValue,
                     const bool& selectByDefault, const bool& notifyHost);
+    /// `content` is what the host gives, with the names of the curve.
+    CommandAddCurve(CommandContext& context, const NodeStruct& content,
+                    const bool& selectByDefault);
 
     bool execute() override;
     void undo() override;
@@ -31,25 +31,13 @@ public:
     ZK_String getDescription() override;
 
 private:
-    void addToCatalogue();
     bool wantsSelection() const;
-    SplineBase* livingSpline() const;
-    FunctionFloatBase** livingSlot() const;
 
-    CurveEditor* editor; ///< not owned
-    QString nodeName;
-    QString curveName;
-    QColor color;
-    float curveValue;
-    SplineBase* spline; ///< the host's
-    std::weak_ptr<const void> splineLife;
-    FunctionFloatBase** function; ///< the host's
-    float minValue;
-    float maxValue;
+    CommandContext* context; ///< not owned
+    NodeStruct content;      ///< spline and slot are the host's
     QStringList previousSelection;
     CurveHold curve; ///< the canvas's; for redo to put it back
     bool isNewRecord = true;
-    bool notifyHost;
     bool selectByDefault;
 };
 

@@ -1,26 +1,27 @@
 #include "commands/CommandAddFunc.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
-#include "editor/CurveEditor.h"
+#include "curves/EditingSet.h"
+#include "files/CurveType.h"
 
 #include <utility>
 
 namespace curve_editor {
 
-CommandAddFunc::CommandAddFunc(CurveEditor* curveEditor)
-    : editor(curveEditor)
-    , functionEditor(curveEditor->getFunctionEditor())
-    , newAddFunc(functionEditor->canvas().editingType() == expressionCurve)
+CommandAddFunc::CommandAddFunc(CurveEditor* editor)
+    : CommandAddFunc(contextOf(editor))
+{}
+
+CommandAddFunc::CommandAddFunc(CommandContext& given)
+    : context(&given)
+    , newAddFunc(given.editingSet().type() == expressionCurve)
 {
-    const QList<CurveNode*> editing = functionEditor->canvas().editingCurves();
-    for (CurveNode* const curve : editing) {
+    for (CurveNode* const curve : given.editingSet()) {
         const int type = curve->curveType();
-        NodeStruct* const record = recordOf(editor, curve);
+        NodeStruct* const record = recordOf(given, *curve);
         const bool hasExpression = type == expressionCurve || type == splinePlusExpressionCurve;
         if (hasExpression && showsRecord(curve, record)) {
             curves.append({record, type == splinePlusExpressionCurve});
@@ -31,7 +32,7 @@ CommandAddFunc::CommandAddFunc(CurveEditor* curveEditor)
 bool CommandAddFunc::execute()
 {
     for (const Curve& curve : std::as_const(curves)) {
-        setSplineAdded(editor, curve.node, newAddFunc);
+        setSplineAdded(*context, curve.node, newAddFunc);
     }
     report();
     return true;
@@ -40,7 +41,7 @@ bool CommandAddFunc::execute()
 void CommandAddFunc::undo()
 {
     for (const Curve& curve : std::as_const(curves)) {
-        setSplineAdded(editor, curve.node, curve.oldAddFunc);
+        setSplineAdded(*context, curve.node, curve.oldAddFunc);
     }
     report();
 }
@@ -61,8 +62,8 @@ void CommandAddFunc::report()
     for (const Curve& curve : std::as_const(curves)) {
         nodes.append(curve.node);
     }
-    editor->refreshEditor();
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->refresh();
+    context->report(nodes);
 }
 
 } // namespace curve_editor

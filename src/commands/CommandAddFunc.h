@@ -5,10 +5,10 @@
 #include <QList>
 
 class CurveEditor;
-class FunctionEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Adds the splines of the curves being edited to their expressions, or takes them out again when
@@ -17,6 +17,7 @@ class CommandAddFunc : public CurveCommand
 {
 public:
     explicit CommandAddFunc(CurveEditor* editor);
+    explicit CommandAddFunc(CommandContext& context);
 
     bool execute() override;
     void undo() override;
@@ -32,8 +33,7 @@ private:
 
     void report();
 
-    CurveEditor* editor;            ///< not owned
-    FunctionEditor* functionEditor; ///< not owned
+    CommandContext* context; ///< not owned
     QList<Curve> curves;
     bool newAddFunc;
 };

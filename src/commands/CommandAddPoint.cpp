@@ -1,22 +1,25 @@
 #include "commands/CommandAddPoint.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
-#include "editor/CurveEditor.h"
+#include "graphs/ControlSplineNode.h"
 
 namespace curve_editor {
 
-CommandAddPoint::CommandAddPoint(CurveEditor* curveEditor, NodeStruct* record,
-                                 const double& keyTime, const double& keyValue)
-    : editor(curveEditor)
+CommandAddPoint::CommandAddPoint(CurveEditor* editor, NodeStruct* record, const double& keyTime,
+                                 const double& keyValue)
+    : CommandAddPoint(contextOf(editor), record, keyTime, keyValue)
+{}
+
+CommandAddPoint::CommandAddPoint(CommandContext& given, NodeStruct* record, const double& keyTime,
+                                 const double& keyValue)
+    : context(&given)
     , node(record)
     , time(keyTime)
     , value(keyValue)
 {
-    if (const ControlSplineNode* const selection = selectionOf(editor, node)) {
+    if (const ControlSplineNode* const selection = selectionOf(*context, node)) {
         previousSelection = selection->selectedKeys();
     }
 }
@@ -35,16 +38,16 @@ bool CommandAddPoint::execute()
     if (!spline) {
         return false;
     }
-    const CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
+    const KeyDefaults defaults = context->keyDefaults();
     auto* const key = new PointInfo;
     key->time = time;
     key->value = value;
-    key->type = static_cast<zk_spline::interpolationType>(canvas.defaultNodeType);
-    key->unifiedTangents = !canvas.defaultBrokenTangent;
+    key->type = defaults.type;
+    key->unifiedTangents = defaults.unifiedTangents;
     point = {key, 0};
     putIn();
     report();
-    editor->refreshEditor();
+    context->refresh();
     return true;
 }
 
@@ -54,17 +57,17 @@ void CommandAddPoint::undo()
     if (pointInSpline) {
         if (spline && spline->holds(point)) {
             spline->take(point.key);
-            dropDepartedKeys(editor, {spline});
+            dropDepartedKeys(*context, {spline});
         } else {
             point = KeyRef();
         }
         pointInSpline = false;
     }
-    if (node && findCurveOf(editor, node)) {
-        selectList(editor, node, previousSelection);
+    if (node && findCurveOf(*context, node)) {
+        selectList(*context, node, previousSelection);
         report();
     }
-    editor->refreshEditor();
+    context->refresh();
 }
 
 void CommandAddPoint::redo()
@@ -72,7 +75,7 @@ void CommandAddPoint::redo()
     if (putIn()) {
         report();
     }
-    editor->refreshEditor();
+    context->refresh();
 }
 
 ZK_String CommandAddPoint::getDescription()
@@ -88,18 +91,16 @@ bool CommandAddPoint::putIn()
         point = spline->addPointPtr(point.key, point.serial);
         pointInSpline = true;
     }
-    ControlSplineNode* const selection = selectionOf(editor, node);
+    ControlSplineNode* const selection = selectionOf(*context, node);
     if (selection && pointInSpline) {
-        selectList(editor, node, {point});
+        selectList(*context, node, {point});
     }
     return selection;
 }
 
 void CommandAddPoint::report()
 {
-    QString nodeName = node->mainNodeName;
-    QString curveName = node->curveName;
-    editor->emitSignalCurveHasChanged(nodeName, curveName);
+    context->reportOne(node->mainNodeName, node->curveName);
 }
 
 } // namespace curve_editor

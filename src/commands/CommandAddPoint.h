@@ -9,6 +9,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Adds one key to a curve.
@@ -17,6 +18,8 @@ class CommandAddPoint : public CurveCommand
 public:
     /// `time` in seconds. A null node, or one without a spline, makes execute refuse.
     CommandAddPoint(CurveEditor* editor, NodeStruct* node, const double& time, const double& value);
+    CommandAddPoint(CommandContext& context, NodeStruct* node, const double& time,
+                    const double& value);
     ~CommandAddPoint() override;
 
     bool execute() override;
@@ -28,8 +31,8 @@ private:
     bool putIn();
     void report();
 
-    CurveEditor* editor; ///< not owned
-    NodeStruct* node;    ///< not owned: the catalogue's
+    CommandContext* context; ///< not owned
+    NodeStruct* node;        ///< not owned: the catalogue's
     double time;
     double value;
     KeyRef point;                    ///< owned while pointInSpline is false, else the spline's;

@@ -1,5 +1,6 @@
 #include "commands/CommandChangePoints.h"
 
+#include "commands/CommandContext.h"
 namespace curve_editor {
 
 namespace {
@@ -26,7 +27,11 @@ void write(PointInfo& key, const PointInfo& copy)
 } // namespace
 
 CommandChangePoints::CommandChangePoints(CurveEditor* editor)
-    : keys(editor)
+    : CommandChangePoints(contextOf(editor))
+{}
+
+CommandChangePoints::CommandChangePoints(CommandContext& context)
+    : keys(context)
 {}
 
 bool CommandChangePoints::captureFinalState()

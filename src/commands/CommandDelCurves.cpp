@@ -1,33 +1,64 @@
 #include "commands/CommandDelCurves.h"
 
-#include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandResetCurves.h"
 #include "commands/CommandSelectPoints.h"
-#include "editor/CurveEditor.h"
-
-#include <QPointer>
-#include <QSignalBlocker>
+#include "curves/Catalogue.h"
 
 namespace curve_editor {
 
-CommandDelCurves::CommandDelCurves(CurveEditor* curveEditor, const QList<NodeStruct*>& list)
-    : editor(curveEditor)
+namespace {
+
+QList<NodeStruct*> listedRecords(const Catalogue& catalogue, const QStringList& dotNames)
+{
+    QList<NodeStruct*> records;
+    for (const QString& name : dotNames) {
+        records.append(catalogue.find(name));
+    }
+    return records;
+}
+
+/// While it lasts the host hears nothing: one notice a step, at its end.
+class Silence
+{
+public:
+    explicit Silence(CommandContext& silenced)
+        : context(silenced)
+        , wasBlocked(silenced.blockReports(true))
+    {}
+    ~Silence() { context.blockReports(wasBlocked); }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    CommandContext& context;
+    bool wasBlocked;
+};
+
+} // namespace
+
+CommandDelCurves::CommandDelCurves(CurveEditor* editor, const QList<NodeStruct*>& list)
+    : CommandDelCurves(contextOf(editor), list)
+{}
+
+CommandDelCurves::CommandDelCurves(CurveEditor* editor, const QStringList& dotNames)
+    : CommandDelCurves(contextOf(editor), listedRecords(contextOf(editor).catalogue(), dotNames))
+{}
+
+CommandDelCurves::CommandDelCurves(CommandContext& given, const QList<NodeStruct*>& list)
+    : context(&given)
     , nodes(list)
 {}
 
-CommandDelCurves::CommandDelCurves(CurveEditor* curveEditor, const QStringList& dotNames)
-    : CommandDelCurves(curveEditor, curveEditor->structsFromDotNames(dotNames))
-{}
-
 CommandDelCurves::CommandDelCurves(const CommandDelCurves& other)
-    : CommandDelCurves(other.editor, other.nodes)
+    : CommandDelCurves(*other.context, other.nodes)
 {}
 
 // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): the list bears its own assignment
 CommandDelCurves& CommandDelCurves::operator=(const CommandDelCurves& other)
 {
-    editor = other.editor;
+    context = other.context;
     nodes = other.nodes;
     return *this;
 }
@@ -37,21 +68,19 @@ CommandDelCurves::~CommandDelCurves() = default;
 bool CommandDelCurves::execute()
 {
     if (!selectCommand) {
-        selectCommand = std::make_unique<CommandSelectPoints>(editor);
+        selectCommand = std::make_unique<CommandSelectPoints>(*context);
     }
     Parts now;
-    now.delExprCommand = std::make_unique<CommandDelExpr>(editor, editor->getFunctionEditor(),
-                                                          editor->commandLine, nodes);
+    now.delExprCommand = std::make_unique<CommandDelExpr>(*context, nodes);
     {
-        // One notice a step, at its end.
-        const QSignalBlocker blocker(editor);
-        now.resetCommand = std::make_unique<CommandResetCurves>(editor, nodes);
+        const Silence silence(*context);
+        now.resetCommand = std::make_unique<CommandResetCurves>(*context, nodes);
         now.resetCommand->execute();
         now.delExprCommand->execute();
     }
     parts.push_back(std::move(now));
     selectCommand->captureFinalState();
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
     return true;
 }
 
@@ -60,16 +89,14 @@ void CommandDelCurves::undo()
     if (parts.empty()) {
         return;
     }
-    const QPointer<CurveEditor> living(editor); // a box lets the host delete it
-    const bool wasBlocked = editor->blockSignals(true);
+    const bool wasBlocked = context->blockReports(true);
     parts.back().resetCommand->undo();
-    parts.back().delExprCommand->undo();
-    if (!living) {
+    if (!parts.back().delExprCommand->putBack()) {
         return;
     }
     selectCommand->undo();
-    editor->blockSignals(wasBlocked);
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->blockReports(wasBlocked);
+    context->report(nodes);
 }
 
 void CommandDelCurves::redo()
@@ -78,12 +105,12 @@ void CommandDelCurves::redo()
         return;
     }
     {
-        const QSignalBlocker blocker(editor);
+        const Silence silence(*context);
         parts.back().resetCommand->redo();
         parts.back().delExprCommand->redo();
         selectCommand->redo();
     }
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
 }
 
 ZK_String CommandDelCurves::getDescription()

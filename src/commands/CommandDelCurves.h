@@ -14,6 +14,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 class CommandDelExpr;
 class CommandResetCurves;
 class CommandSelectPoints;
@@ -29,6 +30,7 @@ public:
     /// Null records, and names that the editor does not list, are passed over.
     CommandDelCurves(CurveEditor* editor, const QList<NodeStruct*>& nodes);
     CommandDelCurves(CurveEditor* editor, const QStringList& dotNames);
+    CommandDelCurves(CommandContext& context, const QList<NodeStruct*>& nodes);
     /// Only a command that has not run yet may be copied, and assigned to: what one has taken out
     /// of its curves stays its own alone.
     CommandDelCurves(const CommandDelCurves& other);
@@ -49,7 +51,7 @@ private:
         std::unique_ptr<CommandDelExpr> delExprCommand;
     };
 
-    CurveEditor* editor;                                ///< not owned
+    CommandContext* context;                            ///< not owned
     QList<NodeStruct*> nodes;                           ///< not owned: the catalogue's
     std::vector<Parts> parts;                           ///< one entry an execution
     std::unique_ptr<CommandSelectPoints> selectCommand; ///< null until the first execution

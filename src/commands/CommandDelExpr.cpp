@@ -1,17 +1,22 @@
 #include "commands/CommandDelExpr.h"
 
+#include "commands/CommandContext.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/Trace.h"
 #include "curves/CurveNode.h"
-#include "editor/CurveEditor.h"
 
 #include <utility>
 
 namespace curve_editor {
 
-CommandDelExpr::CommandDelExpr(CurveEditor* curveEditor, FunctionEditor* /*functionEditor*/,
+CommandDelExpr::CommandDelExpr(CurveEditor* editor, FunctionEditor* /*functionEditor*/,
                                CommandLine* /*commandLine*/, const QList<NodeStruct*>& records)
-    : editor(curveEditor)
+    : CommandDelExpr(contextOf(editor), records)
+{}
+
+CommandDelExpr::CommandDelExpr(CommandContext& given, const QList<NodeStruct*>& records)
+    : context(&given)
 {
     for (NodeStruct* const record : records) {
         if (!record) {
@@ -34,20 +39,28 @@ bool CommandDelExpr::execute()
 
 void CommandDelExpr::undo()
 {
+    static_cast<void>(putBack());
+}
+
+bool CommandDelExpr::putBack()
+{
     QStringList names;
+    Problems problems;
     for (const Curve& curve : std::as_const(curves)) {
         if (!curve.oldText) {
             continue;
         }
-        names.append(editor->dotName(curve.node));
-        if (!restoreExpression(editor, curve.node, *curve.oldText)) {
-            return;
-        }
-        setSplineAdded(editor, curve.node, curve.oldAddFunc);
+        names.append(dotNameOf(*curve.node));
+        problems += restoreExpression(*context, curve.node, *curve.oldText);
+        setSplineAdded(*context, curve.node, curve.oldAddFunc);
     }
-    editor->emitSignalCurvesHaveChanged(names);
-    editor->refreshEditor();
-    editor->refreshCommandLine();
+    if (!context->tell(problems)) {
+        return false;
+    }
+    context->report(names);
+    context->refresh();
+    context->refreshExpressionLine();
+    return true;
 }
 
 void CommandDelExpr::redo()
@@ -69,19 +82,19 @@ void CommandDelExpr::deleteExpressions(const bool& again)
             continue;
         }
         emptySlot(curve.node);
-        names.append(editor->dotName(curve.node));
-        if (CurveNode* const shown = findExpressionCurve(editor, curve.node)) {
+        names.append(dotNameOf(*curve.node));
+        if (CurveNode* const shown = findExpressionCurve(*context, curve.node)) {
             shown->removeExpression(true);
         }
         if (again) {
-            setSplineAdded(editor, curve.node, curve.newAddFunc);
+            setSplineAdded(*context, curve.node, curve.newAddFunc);
         } else {
             curve.newAddFunc = isSplineAdded(curve.node);
         }
     }
-    editor->refreshEditor();
-    editor->refreshCommandLine();
-    editor->emitSignalCurvesHaveChanged(names);
+    context->refresh();
+    context->refreshExpressionLine();
+    context->report(names);
 }
 
 } // namespace curve_editor

@@ -13,6 +13,7 @@ class FunctionEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Deletes the expressions of a list of curves; their splines stay and are no longer added, but
@@ -23,11 +24,15 @@ public:
     /// Null records are passed over.
     CommandDelExpr(CurveEditor* editor, FunctionEditor* functionEditor, CommandLine* commandLine,
                    const QList<NodeStruct*>& nodes);
+    CommandDelExpr(CommandContext& context, const QList<NodeStruct*>& nodes);
 
     bool execute() override;
     void undo() override;
     void redo() override;
     ZK_String getDescription() override;
+
+    /// What undo does. False if nothing of the context is left after a box.
+    bool putBack();
 
 private:
     void deleteExpressions(const bool& again);
@@ -40,7 +45,7 @@ private:
         bool newAddFunc;                ///< it still is marked so after the first execute
     };
 
-    CurveEditor* editor; ///< not owned
+    CommandContext* context; ///< not owned
     QList<Curve> curves;
 };
 

@@ -1,9 +1,9 @@
 #include "commands/CommandDelPoints.h"
 
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
-#include "curves/ControlSplineNode.h"
-#include "editor/CurveEditor.h"
+#include "graphs/ControlSplineNode.h"
 
 #include <algorithm>
 #include <utility>
@@ -21,9 +21,13 @@ void freeKeys(const QList<KeyRef>& keys)
 
 } // namespace
 
-CommandDelPoints::CommandDelPoints(CurveEditor* curveEditor)
-    : editor(curveEditor)
-    , nodes(eligibleRecords(curveEditor))
+CommandDelPoints::CommandDelPoints(CurveEditor* editor)
+    : CommandDelPoints(contextOf(editor))
+{}
+
+CommandDelPoints::CommandDelPoints(CommandContext& given)
+    : context(&given)
+    , nodes(eligibleRecords(given))
 {}
 
 CommandDelPoints::~CommandDelPoints()
@@ -41,15 +45,15 @@ bool CommandDelPoints::execute()
     QStringList names;
     deleted.clear();
     for (qsizetype node = 0; node < nodes.size(); ++node) {
-        deleted.append(selectedKeysOf(editor, nodes[node]));
+        deleted.append(selectedKeysOf(*context, nodes[node]));
         if (!deleted[node].isEmpty()) {
-            names.append(editor->dotName(nodes[node]));
+            names.append(dotNameOf(*nodes[node]));
         }
         takeOut(node);
     }
     dropDeleted();
     pointsInSpline = names.isEmpty();
-    editor->emitSignalCurvesHaveChanged(names);
+    context->report(names);
     return !names.isEmpty();
 }
 
@@ -59,7 +63,7 @@ void CommandDelPoints::undo()
         putBack(node);
     }
     pointsInSpline = true;
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
 }
 
 void CommandDelPoints::redo()
@@ -69,7 +73,7 @@ void CommandDelPoints::redo()
     }
     dropDeleted();
     pointsInSpline = false;
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
 }
 
 ZK_String CommandDelPoints::getDescription()
@@ -87,7 +91,7 @@ void CommandDelPoints::takeOut(const qsizetype& node)
     const QList<KeyRef>& keys = deleted[node];
     std::for_each(keys.crbegin(), keys.crend(),
                   [spline](const KeyRef& key) { spline->take(key.key); });
-    if (ControlSplineNode* const selection = selectionOf(editor, nodes[node])) {
+    if (ControlSplineNode* const selection = selectionOf(*context, nodes[node])) {
         selection->clear();
     }
 }
@@ -101,7 +105,7 @@ void CommandDelPoints::dropDeleted()
             splines.insert(nodes[node]->livingSpline());
         }
     }
-    dropDepartedKeys(editor, splines);
+    dropDepartedKeys(*context, splines);
 }
 
 /// Gives a node's keys back to its spline. If its host has destroyed the spline they end here.
@@ -116,7 +120,7 @@ void CommandDelPoints::putBack(const qsizetype& node)
     for (const KeyRef& key : std::as_const(deleted[node])) {
         spline->addPointPtr(key.key, key.serial);
     }
-    selectList(editor, nodes[node], deleted[node]);
+    selectList(*context, nodes[node], deleted[node]);
 }
 
 } // namespace curve_editor

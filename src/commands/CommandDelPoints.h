@@ -9,6 +9,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Deletes the selected keys of the curves being edited. Whatever the selection is later, it is
@@ -18,6 +19,7 @@ class CommandDelPoints : public CurveCommand
 public:
     /// Takes the curves of the moment; the keys are chosen at execute.
     explicit CommandDelPoints(CurveEditor* editor);
+    explicit CommandDelPoints(CommandContext& context);
     ~CommandDelPoints() override;
 
     bool execute() override;
@@ -30,7 +32,7 @@ private:
     void dropDeleted();
     void putBack(const qsizetype& node);
 
-    CurveEditor* editor;      ///< not owned
+    CommandContext* context;  ///< not owned
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     /// One list a node. Owned while pointsInSpline is false, else their splines'. Keys that the
     /// command lost to somebody else, or that went with a destroyed spline, leave the list.

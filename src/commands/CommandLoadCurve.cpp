@@ -1,34 +1,31 @@
 #include "commands/CommandLoadCurve.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionParserBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/DetachedCurve.h"
+#include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
-#include "curves/PipeOrDevice.h"
-#include "editor/CurveEditor.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
-#include <QPointer>
 
 namespace curve_editor {
 
 namespace {
 
 /// The older format has no failure.
-bool readFile(CurveNodeBase* curve, const QString& fileName)
+FileReading readFile(CurveNodeBase& curve, const QString& fileName)
 {
     FunctionParserBase* const parser = FunctionParserBase::instance();
     if (fileName.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive)) {
-        return curve->LoadXML(fileName, parser);
+        return curve.readXml(fileName, parser);
     }
-    curve->loadCrv(fileName, parser);
-    return true;
+    return {true, curve.readCrv(fileName, parser)};
 }
 
 /// Neither spline nor slot when the host has destroyed them.
@@ -39,10 +36,14 @@ bool hasPlaceForContent(const NodeStruct* node)
 
 } // namespace
 
-CommandLoadCurve::CommandLoadCurve(CurveEditor* curveEditor, const QString& file)
-    : editor(curveEditor)
+CommandLoadCurve::CommandLoadCurve(CurveEditor* editor, const QString& file)
+    : CommandLoadCurve(contextOf(editor), file)
+{}
+
+CommandLoadCurve::CommandLoadCurve(CommandContext& given, const QString& file)
+    : context(&given)
     , fileName(file)
-    , contents(curveEditor)
+    , contents(given)
 {}
 
 CommandLoadCurve::~CommandLoadCurve() = default;
@@ -50,15 +51,15 @@ CommandLoadCurve::~CommandLoadCurve() = default;
 bool CommandLoadCurve::execute()
 {
     QFile file(fileName);
-    if (isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
+    if (curve_files::isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     file.close();
-    const QStringList names = editor->getFunctionEditor()->canvas().editingCurveNames();
+    const QStringList names = context->editingSet().names();
     if (names.isEmpty()) {
         return false;
     }
-    selectCommand = std::make_unique<CommandSelectPoints>(editor);
+    selectCommand = std::make_unique<CommandSelectPoints>(*context);
     if (!readContents()) {
         return false;
     }
@@ -66,8 +67,8 @@ bool CommandLoadCurve::execute()
         return true;
     }
     selectCommand->captureFinalState();
-    editor->selectNodes(names);
-    editor->emitSignalCurvesHaveChanged(contents.nodes());
+    context->select(names);
+    context->report(contents.nodes());
     return true;
 }
 
@@ -77,8 +78,8 @@ void CommandLoadCurve::undo()
         return;
     }
     selectCommand->undo();
-    editor->refreshCommandLine();
-    editor->emitSignalCurvesHaveChanged(contents.nodes());
+    context->refreshExpressionLine();
+    context->report(contents.nodes());
 }
 
 void CommandLoadCurve::redo()
@@ -87,8 +88,8 @@ void CommandLoadCurve::redo()
         return;
     }
     selectCommand->redo();
-    editor->refreshCommandLine();
-    editor->emitSignalCurvesHaveChanged(contents.nodes());
+    context->refreshExpressionLine();
+    context->report(contents.nodes());
 }
 
 ZK_String CommandLoadCurve::getDescription()
@@ -96,20 +97,19 @@ ZK_String CommandLoadCurve::getDescription()
     return "Load Curve";
 }
 
-/// The file is read once for each curve before any of them changes. False as well when a host
-/// deleted the editor, and with it the records, while the box of an error was open.
+/// The file is read once for each curve before any of them changes. False after a failure, and when
+/// nothing of the context is left after its box.
 bool CommandLoadCurve::readContents()
 {
-    const QPointer<CurveEditor> living(editor);
-    CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
-    const QList<NodeStruct*> nodes = recordsOf(editor, canvas.editingCurves());
+    const QList<NodeStruct*> nodes = recordsOf(*context, context->editingSet().curves());
     for (NodeStruct* node : nodes) {
-        const auto* const curve = dynamic_cast<CurveNodeBase*>(findCurveOf(editor, node));
+        const auto* const curve = dynamic_cast<CurveNodeBase*>(findCurveOf(*context, node));
         if (!curve || !hasPlaceForContent(node)) {
             continue;
         }
         DetachedCurve loaded(*curve);
-        if (!readFile(loaded.curve(), fileName) || !living) {
+        const FileReading reading = readFile(*loaded.curve(), fileName);
+        if (!context->tell(reading.problems) || !reading.isRead) {
             return false;
         }
         // The box of an error may have let anything happen.

@@ -11,6 +11,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 class CommandSelectPoints;
 
 /// Puts the content of a curve file into every curve being edited. A file of an expression alone
@@ -21,6 +22,7 @@ public:
     /// A name that ends in ".xml", in any case, is read as an XML curve file, any other as the
     /// older one.
     CommandLoadCurve(CurveEditor* editor, const QString& fileName);
+    CommandLoadCurve(CommandContext& context, const QString& fileName);
     ~CommandLoadCurve() override;
 
     /// False, and no curve has changed, when the file cannot be read or no curve is being edited.
@@ -32,7 +34,7 @@ public:
 private:
     bool readContents();
 
-    CurveEditor* editor; ///< not owned
+    CommandContext* context; ///< not owned
     QString fileName;
     CurveContents contents;
     std::unique_ptr<CommandSelectPoints> selectCommand; ///< null until execute

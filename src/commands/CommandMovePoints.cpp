@@ -1,5 +1,6 @@
 #include "commands/CommandMovePoints.h"
 
+#include "commands/CommandContext.h"
 namespace curve_editor {
 
 namespace {
@@ -18,7 +19,11 @@ void write(PointInfo& key, const PointInfo& copy)
 } // namespace
 
 CommandMovePoints::CommandMovePoints(CurveEditor* editor)
-    : keys(editor)
+    : CommandMovePoints(contextOf(editor))
+{}
+
+CommandMovePoints::CommandMovePoints(CommandContext& context)
+    : keys(context)
 {}
 
 bool CommandMovePoints::captureFinalState()

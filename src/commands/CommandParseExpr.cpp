@@ -1,27 +1,28 @@
 #include "commands/CommandParseExpr.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
-#include "editor/CurveEditor.h"
-#include "widgets/CommandLine.h"
-
-#include <QPointer>
 
 #include <memory>
 #include <utility>
 
 namespace curve_editor {
 
-CommandParseExpr::CommandParseExpr(CurveEditor* curveEditor, FunctionEditor* canvasWidget,
-                                   CommandLine* expressionLine, const QList<NodeStruct*>& records)
-    : editor(curveEditor)
-    , functionEditor(canvasWidget)
-    , commandLine(expressionLine)
-    , text(expressionLine->text())
+CommandParseExpr::CommandParseExpr(CurveEditor* editor, FunctionEditor* /*functionEditor*/,
+                                   CommandLine* line, const QList<NodeStruct*>& records)
+    : CommandParseExpr(contextOf(editor), line, records)
+{}
+
+CommandParseExpr::CommandParseExpr(CommandContext& given, CommandLine* line,
+                                   const QList<NodeStruct*>& records)
+    : context(&given)
+    , commandLine(line)
+    , text(given.textOf(line))
 {
     for (NodeStruct* const record : records) {
         if (record) {
@@ -32,50 +33,50 @@ CommandParseExpr::CommandParseExpr(CurveEditor* curveEditor, FunctionEditor* can
 
 bool CommandParseExpr::execute()
 {
-    const QPointer<CurveEditor> living(editor); // a box lets the host delete it
     bool applied = false;
     ParseMessage message;
+    Problems problems;
     QStringList names;
+    const ParserScope* const scope = &context->catalogue().parserScope();
     for (Curve& curve : curves) {
-        std::unique_ptr<FunctionFloatBase> expression(
-            functionEditor->canvas().parseExpression(text, message));
-        if (!living) {
-            return false;
-        }
+        std::unique_ptr<FunctionFloatBase> expression = parseText(text, message, scope);
+        problems += syntaxProblems(message);
         // Decided here: what the message says later of a cycle is told, not refused.
         applied = expression && message.errorKind == ParseMessage::noError;
         if (applied) {
-            names.append(editor->dotName(curve.node));
+            names.append(dotNameOf(*curve.node));
             takeUpMark(curve);
-            giveExpression(editor, curve.node, expression.release(), message);
-        }
-        if (!living) {
-            return applied;
+            problems += giveExpression(*context, curve.node, std::move(expression), message);
         }
     }
-    commandLine->setParseMessage(message);
-    editor->emitSignalCurvesHaveChanged(names);
+    if (!context->tell(problems)) {
+        return applied;
+    }
+    context->showParsed(commandLine, message);
+    context->report(names);
     return applied;
 }
 
 void CommandParseExpr::undo()
 {
     QList<NodeStruct*> nodes;
+    Problems problems;
     for (const Curve& curve : std::as_const(curves)) {
         nodes.append(curve.node);
         if (curve.oldText) {
-            if (!restoreExpression(editor, curve.node, *curve.oldText)) {
-                return;
-            }
-        } else if (CurveNode* const shown = findExpressionCurve(editor, curve.node)) {
+            problems += restoreExpression(*context, curve.node, *curve.oldText);
+        } else if (CurveNode* const shown = findExpressionCurve(*context, curve.node)) {
             shown->removeExpression(true);
         } else {
             emptySlot(curve.node);
         }
     }
-    editor->emitSignalCurvesHaveChanged(nodes);
-    editor->refreshEditor();
-    editor->refreshCommandLine();
+    if (!context->tell(problems)) {
+        return;
+    }
+    context->report(nodes);
+    context->refresh();
+    context->refreshExpressionLine();
 }
 
 void CommandParseExpr::redo()
@@ -94,7 +95,7 @@ void CommandParseExpr::takeUpMark(Curve& curve)
     if (!curve.firstAddFunc) {
         curve.firstAddFunc = isSplineAdded(curve.node);
     } else if (!curve.oldText) {
-        setSplineAdded(editor, curve.node, *curve.firstAddFunc);
+        setSplineAdded(*context, curve.node, *curve.firstAddFunc);
     }
 }
 

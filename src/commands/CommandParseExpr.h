@@ -13,6 +13,7 @@ class FunctionEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Sets the text of the expression line on a list of curves, each of which gets a tree of its own.
@@ -21,6 +22,8 @@ class CommandParseExpr : public CurveCommand
 public:
     /// Null records are passed over.
     CommandParseExpr(CurveEditor* editor, FunctionEditor* functionEditor, CommandLine* commandLine,
+                     const QList<NodeStruct*>& nodes);
+    CommandParseExpr(CommandContext& context, CommandLine* commandLine,
                      const QList<NodeStruct*>& nodes);
 
     /// False when the text has an error, which the line then marks, and when there is no curve. A
@@ -41,10 +44,9 @@ private:
 
     void takeUpMark(Curve& curve);
 
-    CurveEditor* editor;            ///< not owned
-    FunctionEditor* functionEditor; ///< not owned
-    CommandLine* commandLine;       ///< not owned
-    QString text;                   ///< of the line at construction
+    CommandContext* context;  ///< not owned
+    CommandLine* commandLine; ///< not owned
+    QString text;             ///< of the line at construction
     QList<Curve> curves;
 };
 

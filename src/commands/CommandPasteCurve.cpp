@@ -1,14 +1,13 @@
 #include "commands/CommandPasteCurve.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
-#include "commands/EligibleCurves.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
+#include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
-#include "editor/CurveEditor.h"
 
 #include <utility>
 
@@ -29,14 +28,19 @@ QList<KeyRef> combineKeys(SplineBase& keys, const SplineBase& added)
 
 } // namespace
 
-CommandPasteCurve::CommandPasteCurve(CurveEditor* curveEditor, CurveNode* clipboard,
+CommandPasteCurve::CommandPasteCurve(CurveEditor* editor, CurveNode* clipboard,
                                      const double& offset, const bool& onlyKeys)
-    : editor(curveEditor)
-    , targets(recordsOf(curveEditor, curveEditor->getFunctionEditor()->canvas().editingCurves()))
+    : CommandPasteCurve(contextOf(editor), clipboard, offset, onlyKeys)
+{}
+
+CommandPasteCurve::CommandPasteCurve(CommandContext& given, CurveNode* clipboard,
+                                     const double& offset, const bool& onlyKeys)
+    : context(&given)
+    , targets(recordsOf(given, given.editingSet().curves()))
     , source(std::make_unique<SplineBase>())
-    , contents(curveEditor)
+    , contents(given)
     , keysOnly(onlyKeys)
-    , selectCommand(std::make_unique<CommandSelectPoints>(curveEditor))
+    , selectCommand(std::make_unique<CommandSelectPoints>(given))
 {
     if (const SplineBase* const keys = clipboard ? clipboard->spline() : nullptr) {
         source->copyDup(*keys, offset);
@@ -57,7 +61,7 @@ bool CommandPasteCurve::execute()
         return true;
     }
     selectCommand->captureFinalState();
-    editor->emitSignalCurvesHaveChanged(targets);
+    context->report(targets);
     return true;
 }
 
@@ -67,7 +71,7 @@ void CommandPasteCurve::undo()
         return;
     }
     selectCommand->undo();
-    editor->emitSignalCurvesHaveChanged(targets);
+    context->report(targets);
 }
 
 void CommandPasteCurve::redo()
@@ -76,7 +80,7 @@ void CommandPasteCurve::redo()
         return;
     }
     selectCommand->redo();
-    editor->emitSignalCurvesHaveChanged(targets);
+    context->report(targets);
 }
 
 ZK_String CommandPasteCurve::getDescription()
@@ -106,7 +110,7 @@ void CommandPasteCurve::addTarget(NodeStruct* node)
     pastedPoints.last() = pastedPoints.at(place);
 }
 
-/// False if the host has deleted the editor while a box was open.
+/// False if nothing of the context is left after a box.
 bool CommandPasteCurve::placePasted()
 {
     if (!contents.restoreCurveContent(CurveContents::newCurves)) {
@@ -116,7 +120,7 @@ bool CommandPasteCurve::placePasted()
         return true;
     }
     for (qsizetype i = 0; i < pastedPoints.size(); ++i) {
-        selectList(editor, contents.nodes().at(i), pastedPoints.at(i));
+        selectList(*context, contents.nodes().at(i), pastedPoints.at(i));
     }
     return true;
 }

@@ -13,6 +13,7 @@ class CurveNode;
 
 namespace curve_editor {
 
+class CommandContext;
 class CommandSelectPoints;
 
 /// Lays the keys of a curve over all curves being edited, in place of their keys or beside them.
@@ -25,6 +26,8 @@ public:
     /// pasted ones are selected.
     CommandPasteCurve(CurveEditor* editor, CurveNode* source, const double& offset,
                       const bool& keysOnly);
+    CommandPasteCurve(CommandContext& context, CurveNode* source, const double& offset,
+                      const bool& keysOnly);
     ~CommandPasteCurve() override;
 
     bool execute() override;
@@ -36,7 +39,7 @@ private:
     void addTarget(NodeStruct* node);
     bool placePasted();
 
-    CurveEditor* editor;                ///< not owned
+    CommandContext* context;            ///< not owned
     QList<NodeStruct*> targets;         ///< not owned: the catalogue's
     std::unique_ptr<SplineBase> source; ///< the keys to paste; null once they are pasted
     CurveContents contents;

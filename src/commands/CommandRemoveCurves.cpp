@@ -1,9 +1,12 @@
 #include "commands/CommandRemoveCurves.h"
 
-#include "canvas/FunctionEditor.h"
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
-#include "editor/CurveEditor.h"
+#include "curves/CurveTree.h"
+
+#include <utility>
 
 namespace curve_editor {
 
@@ -21,40 +24,42 @@ bool fits(CurveNode* curve, const NodeStruct* record)
 
 } // namespace
 
-CommandRemoveCurves::CommandRemoveCurves(CurveEditor* curveEditor, const QStringList& dotNames)
-    : editor(curveEditor)
-    , previousSelection(curveEditor->getSelection())
+CommandRemoveCurves::CommandRemoveCurves(CurveEditor* editor, const QStringList& dotNames)
+    : CommandRemoveCurves(contextOf(editor), dotNames)
+{}
+
+CommandRemoveCurves::CommandRemoveCurves(CommandContext& given, const QStringList& dotNames)
+    : context(&given)
+    , previousSelection(given.selection())
     , names(dotNames)
 {}
 
 bool CommandRemoveCurves::execute()
 {
-    const QStringList leaving = names;
     const bool isFirst = curves.empty();
-    for (const QString& name : leaving) {
+    for (const QString& name : std::as_const(names)) {
         if (isFirst) {
-            curves.emplace_back(editor->curveFromDotName(name));
+            curves.emplace_back(context->tree().findCurve(name));
         }
-        editor->removeCurveFromEditing(name);
+        context->leaveCanvas(name);
     }
-    editor->emitSignalCurvesHaveChanged();
+    context->reportEditingCurves();
     return true;
 }
 
 void CommandRemoveCurves::undo()
 {
-    const QStringList returning = names;
-    const qsizetype count = qMin(returning.size(), static_cast<qsizetype>(curves.size()));
+    const qsizetype count = qMin(names.size(), static_cast<qsizetype>(curves.size()));
     for (qsizetype i = 0; i < count; ++i) {
         CurveNode* const curve = curves[static_cast<std::size_t>(i)].get();
-        if (NodeStruct* const record = editor->searchAllNodeList(returning[i])) {
-            editor->setCurveEditableOn(record, fits(curve, record) ? curve : nullptr);
-            editor->setColorToEditingNode(record, QColor(record->color));
+        if (NodeStruct* const record = context->catalogue().find(names.at(i))) {
+            context->enterCanvas(record, fits(curve, record) ? curve : nullptr);
+            context->setColor(record, record->color);
         }
     }
-    editor->selectNodes(previousSelection);
-    editor->update();
-    editor->emitSignalCurvesHaveChanged();
+    context->select(previousSelection);
+    context->repaint();
+    context->reportEditingCurves();
 }
 
 void CommandRemoveCurves::redo()

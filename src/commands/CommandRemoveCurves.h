@@ -11,12 +11,15 @@ class CurveEditor;
 
 namespace curve_editor {
 
-/// Takes curves out of the editing set without touching their data.
+class CommandContext;
+
+/// Takes curves off the canvas without touching their data.
 class CommandRemoveCurves : public CurveCommand
 {
 public:
     /// `names`: dotted names of curves or groups.
     CommandRemoveCurves(CurveEditor* editor, const QStringList& names);
+    CommandRemoveCurves(CommandContext& context, const QStringList& names);
 
     bool execute() override;
     void undo() override;
@@ -24,7 +27,7 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor; ///< not owned
+    CommandContext* context; ///< not owned
     QStringList previousSelection;
     QStringList names;
     /// One a name: what the first execute took out, for undo to put it back. A redo adds none.

@@ -1,12 +1,12 @@
 #include "commands/CommandResetCurves.h"
 
+#include "commands/CommandContext.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/CurveContents.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "curves/NodeStruct.h"
-#include "editor/CurveEditor.h"
 
 #include <QSet>
 
@@ -14,8 +14,12 @@
 
 namespace curve_editor {
 
-CommandResetCurves::CommandResetCurves(CurveEditor* curveEditor, const QList<NodeStruct*>& list)
-    : editor(curveEditor)
+CommandResetCurves::CommandResetCurves(CurveEditor* editor, const QList<NodeStruct*>& list)
+    : CommandResetCurves(contextOf(editor), list)
+{}
+
+CommandResetCurves::CommandResetCurves(CommandContext& given, const QList<NodeStruct*>& list)
+    : context(&given)
 {
     QSet<const SplineBase*> splines;
     for (NodeStruct* node : list) {
@@ -39,11 +43,11 @@ bool CommandResetCurves::execute()
 {
     const bool isRedo = selectCommand != nullptr;
     if (!isRedo) {
-        selectCommand = std::make_unique<CommandSelectPoints>(editor);
+        selectCommand = std::make_unique<CommandSelectPoints>(*context);
     }
     takeContents(isRedo);
     for (const NodeStruct* node : std::as_const(nodes)) {
-        if (CurveNode* const curve = findCurveOf(editor, node)) {
+        if (CurveNode* const curve = findCurveOf(*context, node)) {
             curve->reset();
         } else if (SplineBase* const spline = node->livingSpline()) {
             spline->reset();
@@ -51,7 +55,7 @@ bool CommandResetCurves::execute()
     }
     putBackFound();
     selectCommand->captureFinalState();
-    editor->emitSignalCurvesHaveChanged();
+    context->reportEditingCurves();
     return true;
 }
 
@@ -66,11 +70,11 @@ void CommandResetCurves::undo()
             changed.insert(spline);
         }
     }
-    dropDepartedKeys(editor, changed);
+    dropDepartedKeys(*context, changed);
     if (selectCommand) {
         selectCommand->undo();
     }
-    editor->emitSignalCurvesHaveChanged();
+    context->reportEditingCurves();
 }
 
 void CommandResetCurves::redo()
@@ -100,7 +104,7 @@ void CommandResetCurves::takeContents(const bool& isRedo)
             changed.insert(spline);
         }
     }
-    dropDepartedKeys(editor, changed);
+    dropDepartedKeys(*context, changed);
 }
 
 /// What the host had put into an emptied spline comes back, for later steps may name it.

@@ -12,6 +12,7 @@ class SplineBase;
 
 namespace curve_editor {
 
+class CommandContext;
 class CommandSelectPoints;
 struct NodeStruct;
 
@@ -22,6 +23,7 @@ class CommandResetCurves : public CurveCommand
 public:
     /// Null records are passed over.
     CommandResetCurves(CurveEditor* editor, const QList<NodeStruct*>& nodes);
+    CommandResetCurves(CommandContext& context, const QList<NodeStruct*>& nodes);
     ~CommandResetCurves() override;
 
     bool execute() override;
@@ -44,7 +46,7 @@ private:
     void takeContents(const bool& isRedo);
     void putBackFound();
 
-    CurveEditor* editor;      ///< not owned
+    CommandContext* context;  ///< not owned
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's; none of them null
     std::vector<SavedSpline> saved;
     std::unique_ptr<CommandSelectPoints> selectCommand; ///< null until the first execute

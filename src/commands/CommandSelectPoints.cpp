@@ -1,8 +1,7 @@
 #include "commands/CommandSelectPoints.h"
 
-#include "canvas/FunctionEditor.h"
-#include "commands/EligibleCurves.h"
-#include "editor/CurveEditor.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 
 #include <QSet>
 
@@ -26,12 +25,16 @@ bool isSameSet(const QList<KeyRef>& before, const QList<KeyRef>& after)
 
 } // namespace
 
-CommandSelectPoints::CommandSelectPoints(CurveEditor* curveEditor)
-    : editor(curveEditor)
-    , nodes(eligibleRecords(curveEditor))
+CommandSelectPoints::CommandSelectPoints(CurveEditor* editor)
+    : CommandSelectPoints(contextOf(editor))
+{}
+
+CommandSelectPoints::CommandSelectPoints(CommandContext& given)
+    : context(&given)
+    , nodes(eligibleRecords(given))
 {
     for (const NodeStruct* node : std::as_const(nodes)) {
-        before.append(selectedKeysOf(editor, node));
+        before.append(selectedKeysOf(*context, node));
     }
 }
 
@@ -40,8 +43,8 @@ bool CommandSelectPoints::captureFinalState()
     after.clear();
     bool differs = false;
     for (qsizetype i = 0; i < nodes.size(); ++i) {
-        after.append(selectedKeysOf(editor, nodes[i]));
-        if (findCurveOf(editor, nodes[i])) {
+        after.append(selectedKeysOf(*context, nodes[i]));
+        if (findCurveOf(*context, nodes[i])) {
             differs = differs || !isSameSet(before[i], after[i]);
         }
     }
@@ -50,7 +53,7 @@ bool CommandSelectPoints::captureFinalState()
 
 bool CommandSelectPoints::execute()
 {
-    editor->refreshEditor();
+    context->refresh();
     return true;
 }
 
@@ -73,10 +76,10 @@ void CommandSelectPoints::apply(const QList<QList<KeyRef>>& lists)
 {
     const qsizetype count = qMin(nodes.size(), lists.size());
     for (qsizetype i = 0; i < count; ++i) {
-        selectList(editor, nodes[i], lists[i]);
+        selectList(*context, nodes[i], lists[i]);
     }
-    editor->getFunctionEditor()->refreshKeysDialog();
-    editor->refreshEditor();
+    context->refreshKeysDialog();
+    context->refresh();
 }
 
 } // namespace curve_editor

@@ -9,6 +9,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// A change of the selected keys; also a part of other commands.
@@ -17,6 +18,7 @@ class CommandSelectPoints : public CurveCommand
 public:
     /// Notes the selected keys of the curves being edited.
     explicit CommandSelectPoints(CurveEditor* editor);
+    explicit CommandSelectPoints(CommandContext& context);
 
     /// Notes the selection as it is now; returns whether it differs. Order does not count.
     bool captureFinalState();
@@ -29,7 +31,7 @@ public:
 private:
     void apply(const QList<QList<KeyRef>>& lists);
 
-    CurveEditor* editor;         ///< not owned
+    CommandContext* context;     ///< not owned
     QList<NodeStruct*> nodes;    ///< not owned: the catalogue's
     QList<QList<KeyRef>> before; ///< one list a node; keys not owned
     QList<QList<KeyRef>> after;  ///< one list a node; keys not owned

@@ -1,7 +1,7 @@
 #include "commands/CommandSetLastNode.h"
 
-#include "commands/EligibleCurves.h"
-#include "editor/CurveEditor.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 
 #include <utility>
 
@@ -25,10 +25,15 @@ void setBehaviour(const NodeStruct* node, const SplineBase::nodeType& type, cons
 
 } // namespace
 
-CommandSetLastNode::CommandSetLastNode(CurveEditor* curveEditor, const SplineBase::nodeType& type,
+CommandSetLastNode::CommandSetLastNode(CurveEditor* editor, const SplineBase::nodeType& type,
                                        const bool& first)
-    : editor(curveEditor)
-    , nodes(eligibleRecords(curveEditor))
+    : CommandSetLastNode(contextOf(editor), type, first)
+{}
+
+CommandSetLastNode::CommandSetLastNode(CommandContext& given, const SplineBase::nodeType& type,
+                                       const bool& first)
+    : context(&given)
+    , nodes(eligibleRecords(given))
     , newType(type)
     , isFirst(first)
 {
@@ -47,8 +52,8 @@ bool CommandSetLastNode::execute()
             setBehaviour(node, newType, isFirst);
         }
     }
-    editor->refreshEditor();
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->refresh();
+    context->report(nodes);
     return !sameType;
 }
 
@@ -57,8 +62,8 @@ void CommandSetLastNode::undo()
     for (qsizetype node = 0; node < nodes.size(); ++node) {
         setBehaviour(nodes[node], oldTypes[node], isFirst);
     }
-    editor->emitSignalCurvesHaveChanged(nodes);
-    editor->refreshEditor();
+    context->report(nodes);
+    context->refresh();
 }
 
 void CommandSetLastNode::redo()

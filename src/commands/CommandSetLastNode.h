@@ -9,6 +9,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Sets what the curves being edited do before their first key or after their last.
@@ -18,6 +19,8 @@ public:
     /// `isFirst`: the behaviour before the first key, else the one after the last.
     CommandSetLastNode(CurveEditor* editor, const SplineBase::nodeType& newType,
                        const bool& isFirst);
+    CommandSetLastNode(CommandContext& context, const SplineBase::nodeType& newType,
+                       const bool& isFirst);
 
     bool execute() override;
     void undo() override;
@@ -25,7 +28,7 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor;      ///< not owned
+    CommandContext* context;  ///< not owned
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     SplineBase::nodeType newType;
     QList<SplineBase::nodeType> oldTypes; ///< one a node

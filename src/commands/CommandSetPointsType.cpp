@@ -1,21 +1,26 @@
 #include "commands/CommandSetPointsType.h"
 
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
-#include "editor/CurveEditor.h"
 
 #include <utility>
 
 namespace curve_editor {
 
-CommandSetPointsType::CommandSetPointsType(CurveEditor* curveEditor,
+CommandSetPointsType::CommandSetPointsType(CurveEditor* editor,
                                            const zk_spline::interpolationType& type)
-    : editor(curveEditor)
-    , nodes(eligibleRecords(curveEditor))
+    : CommandSetPointsType(contextOf(editor), type)
+{}
+
+CommandSetPointsType::CommandSetPointsType(CommandContext& given,
+                                           const zk_spline::interpolationType& type)
+    : context(&given)
+    , nodes(eligibleRecords(given))
     , newType(type)
 {
     for (const NodeStruct* node : std::as_const(nodes)) {
-        const QList<KeyRef> selected = selectedKeysOf(editor, node);
+        const QList<KeyRef> selected = selectedKeysOf(*context, node);
         QList<zk_spline::interpolationType> types;
         for (const KeyRef& point : selected) {
             types.append(point.key->type);
@@ -37,7 +42,7 @@ bool CommandSetPointsType::execute()
             spline->setType(point.key, newType);
         }
     }
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
     return true;
 }
 
@@ -51,7 +56,7 @@ void CommandSetPointsType::undo()
             }
         }
     }
-    editor->emitSignalCurvesHaveChanged(nodes);
+    context->report(nodes);
 }
 
 void CommandSetPointsType::redo()

@@ -10,6 +10,7 @@ class CurveEditor;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Sets the interpolation of the selected keys.
@@ -17,6 +18,7 @@ class CommandSetPointsType : public CurveCommand
 {
 public:
     CommandSetPointsType(CurveEditor* editor, const zk_spline::interpolationType& newType);
+    CommandSetPointsType(CommandContext& context, const zk_spline::interpolationType& newType);
 
     bool execute() override;
     void undo() override;
@@ -24,7 +26,7 @@ public:
     ZK_String getDescription() override;
 
 private:
-    CurveEditor* editor;      ///< not owned
+    CommandContext* context;  ///< not owned
     QList<NodeStruct*> nodes; ///< not owned: the catalogue's
     zk_spline::interpolationType newType;
     QList<QList<zk_spline::interpolationType>> oldTypes; ///< one list a node

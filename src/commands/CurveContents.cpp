@@ -1,16 +1,13 @@
 #include "commands/CurveContents.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
 #include "commands/RecordExpression.h"
+#include "commands/RecordKeys.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
-#include "editor/CurveEditor.h"
-
-#include <QPointer>
 
 #include <utility>
 
@@ -25,8 +22,8 @@ void exchangeContents(SplineBase& a, SplineBase& b)
     formerA.clearCtrlPoints();
 }
 
-CurveContents::CurveContents(CurveEditor* curveEditor)
-    : editor(curveEditor)
+CurveContents::CurveContents(CommandContext& given)
+    : context(&given)
 {}
 
 CurveContents::~CurveContents() = default;
@@ -57,34 +54,31 @@ qsizetype CurveContents::copyCurveForUndo(NodeStruct* node, std::unique_ptr<Spli
 
 bool CurveContents::restoreCurveContent(const Version& version)
 {
+    Problems problems;
     for (const std::size_t& i : exchangeKeys(version)) {
         const NodeStruct* const node = entries[i].node;
-        const std::optional<QString>& text = textOf(i, version);
-        if (!text) {
+        if (const std::optional<QString>& text = textOf(i, version)) {
+            problems += restoreExpression(*context, node, *text);
+        } else {
             writeExpression(node, nullptr);
-        } else if (!restoreExpression(editor, node, *text)) {
-            return false;
         }
     }
-    return true;
+    return context->tell(problems);
 }
 
 bool CurveContents::restoreRecordContent(const Version& version)
 {
-    const QPointer<CurveEditor> living(editor);
+    Problems problems;
     for (const std::size_t& i : exchangeKeys(version)) {
         std::unique_ptr<FunctionFloatBase> expression;
         if (const std::optional<QString>& text = textOf(i, version)) {
             ParseMessage message;
-            CanvasFunctionBase& canvas = editor->getFunctionEditor()->canvas();
-            expression.reset(canvas.parseExpression(*text, message));
-        }
-        if (!living) {
-            return false;
+            expression = parseText(*text, message, &context->catalogue().parserScope());
+            problems += syntaxProblems(message);
         }
         writeExpression(entries[i].node, std::move(expression));
     }
-    return true;
+    return context->tell(problems);
 }
 
 const QList<NodeStruct*>& CurveContents::nodes() const
@@ -92,7 +86,7 @@ const QList<NodeStruct*>& CurveContents::nodes() const
     return records;
 }
 
-/// Of all curves before the first expression is restored: its box lets the curves be painted.
+/// Of all curves before the first expression is restored, which looks at the curves that it names.
 /// Returns the entries whose version changes.
 std::vector<std::size_t> CurveContents::exchangeKeys(const Version& version)
 {
@@ -112,7 +106,7 @@ std::vector<std::size_t> CurveContents::exchangeKeys(const Version& version)
         entry.newCurveActive = activate;
         exchanged.push_back(i);
     }
-    dropDepartedKeys(editor, changed);
+    dropDepartedKeys(*context, changed);
     return exchanged;
 }
 
@@ -122,8 +116,7 @@ const std::optional<QString>& CurveContents::textOf(const std::size_t& entry,
     return version == newCurves ? entries[entry].newText : entries[entry].oldText;
 }
 
-/// The slot as it is now: a box may have let anything happen. The mark of an added expression is
-/// the spline's, and came with its content.
+/// The mark of an added expression is the spline's, and came with its content.
 void CurveContents::writeExpression(const NodeStruct* node,
                                     std::unique_ptr<FunctionFloatBase> expression)
 {
@@ -131,7 +124,7 @@ void CurveContents::writeExpression(const NodeStruct* node,
     if (FunctionFloatBase** const slot = node->livingSlot()) {
         *slot = expression.release();
     }
-    if (CurveNode* const curve = findExpressionCurve(editor, node)) {
+    if (CurveNode* const curve = findExpressionCurve(*context, node)) {
         curve->markChanged();
     }
 }

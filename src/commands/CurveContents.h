@@ -8,12 +8,12 @@
 #include <optional>
 #include <vector>
 
-class CurveEditor;
 class FunctionFloatBase;
 class SplineBase;
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
 /// Exchanges keys and all other fields of two splines: each key keeps its one owner.
@@ -24,7 +24,7 @@ void exchangeContents(SplineBase& a, SplineBase& b);
 /// moves the keys themselves, so whatever the host did to a spline while its content was in place
 /// goes with it and comes back with it.
 ///
-///     CurveContents contents(editor);
+///     CurveContents contents(context);
 ///     contents.copyCurveForUndo(record, std::move(newKeys), newExpression);
 ///     contents.restoreCurveContent(CurveContents::newCurves);
 ///
@@ -40,7 +40,7 @@ public:
         newCurves
     };
 
-    explicit CurveContents(CurveEditor* editor);
+    explicit CurveContents(CommandContext& context);
     ~CurveContents();
     CurveContents(const CurveContents&) = delete;
     CurveContents& operator=(const CurveContents&) = delete;
@@ -53,8 +53,8 @@ public:
                                const std::optional<QString>& expression);
 
     /// Both put one version in place where the other one stands, and drop the keys that are gone
-    /// from the selections. A text that does not parse shows a box. False if the host has deleted
-    /// the editor while a box was open.
+    /// from the selections. Then boxes tell of texts that do not parse; false if nothing of the
+    /// context is left after them.
     ///
     /// Through the curve on the canvas, which also says when it now depends on itself.
     bool restoreCurveContent(const Version& version);
@@ -77,7 +77,7 @@ private:
     const std::optional<QString>& textOf(const std::size_t& entry, const Version& version) const;
     void writeExpression(const NodeStruct* node, std::unique_ptr<FunctionFloatBase> expression);
 
-    CurveEditor* editor; ///< not owned
+    CommandContext* context; ///< not owned
     std::vector<Entry> entries;
     QHash<const SplineBase*, qsizetype> keysPlaces; ///< where each spline's keys are exchanged
     QList<NodeStruct*> records;                     ///< those of the entries, in order

@@ -1,129 +1,92 @@
 #include "commands/GestureKeys.h"
 
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 #include "core/SplineBase.h"
 #include "curves/KeyRetiming.h"
-#include "editor/CurveEditor.h"
 
-#include <QtAlgorithms>
-
-#include <utility>
-#include <vector>
+#include <algorithm>
 
 namespace curve_editor {
 
-namespace {
-
-QList<PointInfo*> copiesOf(const QList<KeyRef>& keys)
+GestureKeys::GestureKeys(CommandContext& given)
+    : context(&given)
 {
-    QList<PointInfo*> copies;
-    copies.reserve(keys.size());
-    for (const KeyRef& key : keys) {
-        copies.append(new PointInfo(*key.key));
+    for (NodeStruct* node : eligibleRecords(given)) {
+        curves.push_back({node, {}});
+        for (const KeyRef& key : selectedKeysOf(given, node)) {
+            curves.back().keys.push_back({key, *key.key, *key.key});
+        }
     }
-    return copies;
-}
-
-void freeCopies(QList<QList<PointInfo*>>& lists)
-{
-    for (const QList<PointInfo*>& list : std::as_const(lists)) {
-        qDeleteAll(list);
-    }
-    lists.clear();
-}
-
-} // namespace
-
-GestureKeys::GestureKeys(CurveEditor* curveEditor)
-    : editor(curveEditor)
-    , nodes(eligibleRecords(curveEditor))
-{
-    for (const NodeStruct* node : std::as_const(nodes)) {
-        keys.append(selectedKeysOf(editor, node));
-        before.append(copiesOf(keys.last()));
-    }
-}
-
-GestureKeys::~GestureKeys()
-{
-    freeCopies(before);
-    freeCopies(after);
 }
 
 bool GestureKeys::capture(const Comparison& isSame)
 {
-    freeCopies(after);
     dropDeparted();
-    for (const QList<KeyRef>& list : std::as_const(keys)) {
-        after.append(copiesOf(list));
-    }
-    for (qsizetype node = 0; node < nodes.size(); ++node) {
-        for (qsizetype i = 0; i < before[node].size(); ++i) {
-            if (!isSame(*before[node][i], *after[node][i])) {
-                return true;
-            }
+    isCaptured = true;
+    bool differs = false;
+    for (Curve& curve : curves) {
+        for (Key& key : curve.keys) {
+            key.after = *key.live.key;
+            differs = differs || !isSame(key.before, key.after);
         }
     }
-    return false;
+    return differs;
 }
 
 void GestureKeys::applyBefore(const Writer& write)
 {
-    apply(before, write);
+    apply(&Key::before, write);
 }
 
 void GestureKeys::applyAfter(const Writer& write)
 {
-    apply(after, write);
+    if (isCaptured) {
+        apply(&Key::after, write);
+    }
 }
 
 void GestureKeys::report()
 {
-    editor->emitSignalCurvesHaveChanged(nodes);
+    QList<NodeStruct*> nodes;
+    for (const Curve& curve : curves) {
+        nodes.append(curve.node);
+    }
+    context->report(nodes);
 }
 
 void GestureKeys::dropDeparted()
 {
-    for (qsizetype node = 0; node < nodes.size(); ++node) {
-        const SplineBase* const spline = nodes[node]->livingSpline();
-        QList<KeyRef> keptKeys;
-        QList<PointInfo*> keptCopies;
-        for (qsizetype i = 0; i < keys[node].size(); ++i) {
-            if (spline && spline->holds(keys[node][i])) {
-                keptKeys.append(keys[node][i]);
-                keptCopies.append(before[node][i]);
-            } else {
-                delete before[node][i];
-            }
-        }
-        keys[node] = keptKeys;
-        before[node] = keptCopies;
+    for (Curve& curve : curves) {
+        const SplineBase* const spline = curve.node->livingSpline();
+        const auto hasLeft = [spline](const Key& key) {
+            return !spline || !spline->holds(key.live);
+        };
+        curve.keys.erase(std::remove_if(curve.keys.begin(), curve.keys.end(), hasLeft),
+                         curve.keys.end());
     }
 }
 
-void GestureKeys::apply(const PointLists& states, const Writer& write)
+void GestureKeys::apply(PointInfo Key::*const state, const Writer& write)
 {
-    const qsizetype count = qMin(nodes.size(), states.size());
-    for (qsizetype node = 0; node < count; ++node) {
-        SplineBase* const spline = nodes[node]->livingSpline();
-        if (!spline) {
-            continue;
-        }
+    for (const Curve& curve : curves) {
+        SplineBase* const spline = curve.node->livingSpline();
         std::vector<RetimedKey> held;
         std::vector<const PointInfo*> copies;
-        for (qsizetype i = 0; i < keys[node].size(); ++i) {
-            if (spline->holds(keys[node][i])) {
-                held.push_back({keys[node][i].key, states[node][i]->time});
-                copies.push_back(states[node][i]);
+        for (const Key& key : curve.keys) {
+            if (spline && spline->holds(key.live)) {
+                held.push_back({key.live.key, (key.*state).time});
+                copies.push_back(&(key.*state));
             }
+        }
+        if (held.empty()) {
+            continue;
         }
         retimeKeys(*spline, held);
         for (std::size_t i = 0; i < held.size(); ++i) {
             write(*held[i].key, *copies[i]);
         }
-        if (!held.empty()) {
-            spline->setChanged(true);
-        }
+        spline->setChanged(true);
     }
 }
 

@@ -3,17 +3,14 @@
 #include "core/KeyRef.h"
 #include "core/PointInfo.h"
 
-#include <QList>
-
-class CurveEditor;
-class SplineBase;
+#include <vector>
 
 namespace curve_editor {
 
+class CommandContext;
 struct NodeStruct;
 
-/// The keys that a gesture works on and their records before and after it. All lists stay in
-/// step: one list a node, one copy a key.
+/// The keys that a gesture works on, and their records before and after it.
 class GestureKeys
 {
 public:
@@ -23,8 +20,7 @@ public:
     using Writer = void (*)(PointInfo& key, const PointInfo& copy);
 
     /// Notes the selected keys of the curves being edited, as they are.
-    explicit GestureKeys(CurveEditor* editor);
-    ~GestureKeys();
+    explicit GestureKeys(CommandContext& context);
     GestureKeys(const GestureKeys&) = delete;
     GestureKeys& operator=(const GestureKeys&) = delete;
 
@@ -32,7 +28,8 @@ public:
     /// left their spline in the meantime are dropped.
     bool capture(const Comparison& isSame);
 
-    /// Gives the keys that their splines still hold their former or their later records.
+    /// Gives the keys that their splines still hold their former or their later records; there are
+    /// no later ones before a capture.
     void applyBefore(const Writer& write);
     void applyAfter(const Writer& write);
 
@@ -40,16 +37,26 @@ public:
     void report();
 
 private:
-    using PointLists = QList<QList<PointInfo*>>;
+    /// A key and its records.
+    struct Key
+    {
+        KeyRef live; ///< not owned
+        PointInfo before;
+        PointInfo after; ///< as it was captured
+    };
+
+    struct Curve
+    {
+        NodeStruct* node; ///< not owned: the catalogue's
+        std::vector<Key> keys;
+    };
 
     void dropDeparted();
-    void apply(const PointLists& states, const Writer& write);
+    void apply(PointInfo Key::*const state, const Writer& write);
 
-    CurveEditor* editor;       ///< not owned
-    QList<NodeStruct*> nodes;  ///< not owned: the catalogue's
-    QList<QList<KeyRef>> keys; ///< the live keys, not owned
-    PointLists before;         ///< owned copies
-    PointLists after;          ///< owned copies; empty until the capture
+    CommandContext* context; ///< not owned
+    std::vector<Curve> curves;
+    bool isCaptured = false;
 };
 
 } // namespace curve_editor

@@ -1,25 +1,22 @@
 #include "commands/RecordExpression.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
-#include "commands/EligibleCurves.h"
+#include "commands/CommandContext.h"
+#include "commands/RecordKeys.h"
 #include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
-#include "curves/CurveNode.h"
+#include "curves/Catalogue.h"
+#include "curves/CurveNodeBase.h"
 #include "curves/NodeStruct.h"
-#include "editor/CurveEditor.h"
-
-#include <QPointer>
 
 #include <utility>
 
 namespace curve_editor {
 
-CurveNode* findExpressionCurve(CurveEditor* editor, const NodeStruct* record)
+CurveNode* findExpressionCurve(const CommandContext& context, const NodeStruct* record)
 {
-    CurveNode* const curve = findCurveOf(editor, record);
+    CurveNode* const curve = findCurveOf(context, record);
     return curve && curve->expressionSlot() == record->livingSlot() ? curve : nullptr;
 }
 
@@ -28,45 +25,28 @@ std::optional<QString> expressionTextOf(const NodeStruct* record)
     return expressionTextOf(record->livingExpression());
 }
 
-std::optional<QString> expressionTextOf(const FunctionFloatBase* expression)
+Problems giveExpression(const CommandContext& context, const NodeStruct* record,
+                        std::unique_ptr<FunctionFloatBase> expression, ParseMessage& message)
 {
-    if (!expression) {
-        return std::nullopt;
+    CurveNode* const shown = findExpressionCurve(context, record);
+    if (auto* const curve = dynamic_cast<CurveNodeBase*>(shown)) {
+        return curve->takeExpression(std::move(expression), message);
     }
-    return QString::fromLocal8Bit(expression->getString().c_str());
-}
-
-void giveExpression(CurveEditor* editor, const NodeStruct* record, FunctionFloatBase* expression,
-                    ParseMessage& message)
-{
-    if (CurveNode* const curve = findExpressionCurve(editor, record)) {
-        const QPointer<CurveEditor> living(editor);
-        curve->setExpression(expression, message);
-        // It may have shown a box, and the curve may have gone while that was open.
-        if (CurveNode* const present = living ? findExpressionCurve(editor, record) : nullptr) {
-            present->markChanged();
-        }
-        return;
-    }
+    emptySlot(record);
     if (FunctionFloatBase** const slot = record->livingSlot()) {
-        ExpressionDisposal::take(std::exchange(*slot, expression));
-    } else {
-        delete expression;
+        *slot = expression.release();
     }
+    return {};
 }
 
-bool restoreExpression(CurveEditor* editor, const NodeStruct* record, const QString& text)
+Problems restoreExpression(const CommandContext& context, const NodeStruct* record,
+                           const QString& text)
 {
-    const QPointer<CurveEditor> living(editor);
     ParseMessage message;
-    FunctionFloatBase* const expression =
-        editor->getFunctionEditor()->canvas().parseExpression(text, message);
-    if (!living) {
-        delete expression;
-        return false;
-    }
-    giveExpression(editor, record, expression, message);
-    return living;
+    std::unique_ptr<FunctionFloatBase> expression =
+        parseText(text, message, &context.catalogue().parserScope());
+    const Problems problems = syntaxProblems(message);
+    return problems + giveExpression(context, record, std::move(expression), message);
 }
 
 void emptySlot(const NodeStruct* record)
@@ -82,9 +62,9 @@ bool isSplineAdded(const NodeStruct* record)
     return spline && spline->isAddFunc();
 }
 
-void setSplineAdded(CurveEditor* editor, const NodeStruct* record, const bool& add)
+void setSplineAdded(const CommandContext& context, const NodeStruct* record, const bool& add)
 {
-    if (CurveNode* const curve = findExpressionCurve(editor, record)) {
+    if (CurveNode* const curve = findExpressionCurve(context, record)) {
         curve->setAddFunc(add);
     } else if (SplineBase* const spline = record->livingSpline()) {
         spline->setAddFunc(add);

@@ -4,14 +4,14 @@
 
 class CurveNode;
 
-/// Keeps a curve object that leaves the canvas. The canvas frees what is unlinked once no hold
+/// Keeps a curve object that leaves its tree. The tree frees what is unlinked once no hold
 /// names it or anything below it; so a command that is to put an object back holds it.
 ///
-///     const CurveHold kept(canvas.findCurve("body.width"));
-///     canvas.removeCanvasCurve("body.width");
-///     canvas.attachCanvasCurve(kept.get());
+///     const CurveHold kept(tree.findCurve("body.width"));
+///     tree.remove("body.width");
+///     tree.attach(kept.get());
 ///
-/// It may outlive the object, which ends with its canvas at the latest.
+/// It may outlive the object, which ends with its tree at the latest.
 class CurveHold
 {
 public:

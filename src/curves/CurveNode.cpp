@@ -1,26 +1,32 @@
 #include "curves/CurveNode.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
 #include "core/SplineBase.h"
-#include "curves/CurveType.h"
+#include "curves/CurveTree.h"
+#include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 
 #include <QColor>
 #include <QStringList>
 
-CurveNode::CurveNode(CanvasFunctionBase* owner, const QString& name, const QString& path)
-    : CurveNode(owner, name, path, leaf)
+CurveNode::CurveNode(CanvasFunctionBase* canvas, const QString& name, const QString& path)
+    : CurveNode(treeOf(canvas), name, path, leaf)
 {
-    childList = new QList<CurveNode*>;
+    childList = std::make_unique<QList<CurveNode*>>();
 }
 
-CurveNode::CurveNode(CanvasFunctionBase* owner, const QString& name, const QString& path, leafTag)
-    : canvas(owner)
+CurveNode::CurveNode(CurveTree& owner, const QString& name, const QString& path)
+    : CurveNode(&owner, name, path, leaf)
+{
+    childList = std::make_unique<QList<CurveNode*>>();
+}
+
+CurveNode::CurveNode(CurveTree* owner, const QString& name, const QString& path, leafTag)
+    : tree(owner)
     , ownName(name)
     , parentPath(path)
 {
-    if (canvas) {
-        canvas->nodeCreated(this);
+    if (tree) {
+        tree->nodeCreated(this);
     }
 }
 
@@ -37,10 +43,9 @@ CurveNode::~CurveNode()
             child->parent = nullptr;
             delete child;
         }
-        delete childList;
     }
-    if (canvas) {
-        canvas->nodeDestroyed(this);
+    if (tree) {
+        tree->nodeDestroyed(this);
     }
 }
 
@@ -58,7 +63,7 @@ void CurveNode::setColor(const QColor& color, const QColor& background)
 
 void CurveNode::updateGraph(ViewPort* viewport)
 {
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const QList<CurveNode*> all = *childList;
     for (CurveNode* child : all) {
         child->updateGraph(viewport);
@@ -67,7 +72,7 @@ void CurveNode::updateGraph(ViewPort* viewport)
 
 QList<CurveNode*>* CurveNode::children()
 {
-    return childList;
+    return childList.get();
 }
 
 void CurveNode::addChild(CurveNode* child)
@@ -124,7 +129,7 @@ FunctionFloatBase** CurveNode::expressionSlot()
 void CurveNode::draw(ViewPort* viewport, QPainter* painter)
 {
     // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const QList<CurveNode*> all = *childList;
     for (CurveNode* child : all) {
         child->draw(viewport, painter);
@@ -207,7 +212,7 @@ void CurveNode::setAddFunc(const bool& add)
 void CurveNode::reset()
 {
     // A copy: each reset is reported to the host, who may take curves away, and this group.
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const QList<CurveNode*> all = *childList;
     for (CurveNode* child : all) {
         if (childList->contains(child)) {
@@ -246,8 +251,8 @@ bool CurveNode::isHeld() const
 
 void CurveNode::holdEnded()
 {
-    if (canvas) {
-        canvas->nodeReleased(this);
+    if (tree) {
+        tree->nodeReleased(this);
     }
 }
 

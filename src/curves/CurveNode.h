@@ -6,6 +6,7 @@
 #include <memory>
 
 class CanvasFunctionBase;
+class CurveTree;
 class FunctionFloatBase;
 class ParseMessage;
 class QColor;
@@ -19,8 +20,10 @@ class ViewPort;
 class CurveNode
 {
 public:
-    /// A group. `path` is the dotted name of the parent, empty on a top node.
+    /// A group. `path` is the dotted name of the parent, empty on a top node. `canvas` may be null.
     CurveNode(CanvasFunctionBase* canvas, const QString& name, const QString& path);
+    /// A group made for a tree, which knows it from now on.
+    CurveNode(CurveTree& tree, const QString& name, const QString& path);
     CurveNode(const CurveNode&) = delete;
     CurveNode& operator=(const CurveNode&) = delete;
     virtual ~CurveNode();
@@ -35,7 +38,7 @@ public:
     /// Takes ownership of the child, out of the group that holds it by now. Null is passed over.
     /// Does nothing on a leaf.
     virtual void addChild(CurveNode* child);
-    /// See curves/CurveType.h. A group takes the type of its first child; mixed when another
+    /// See files/CurveType.h. A group takes the type of its first child; mixed when another
     /// child differs and either is a plain spline or mixed, or when there is no child.
     virtual int curveType();
     /// The living splines of the leaves; a curve without one adds nothing.
@@ -99,20 +102,20 @@ public:
 
 protected:
     bool isNamed(const QString& dotName) const;
-    /// Writes both parts of the dotted name, of which the canvas keeps an index.
+    /// Writes both parts of the dotted name, of which the tree keeps an index.
     void setNames(const QString& name, const QString& path);
 
     enum leafTag : int
     {
         leaf
     };
-    CurveNode(CanvasFunctionBase* canvas, const QString& name, const QString& path, leafTag);
+    CurveNode(CurveTree* tree, const QString& name, const QString& path, leafTag);
 
-    CanvasFunctionBase* canvas; ///< not owned; outlives the node. May be null
+    CurveTree* tree; ///< not owned; outlives the node. May be null
     QString ownName;
     QString parentPath;
     bool reportsToHost = true;
-    QList<CurveNode*>* childList = nullptr; ///< owned, and so is each child; null on a leaf
+    std::unique_ptr<QList<CurveNode*>> childList; ///< each child is owned, too; null on a leaf
 
 private:
     void renameChildren();

@@ -1,27 +1,31 @@
 #include "curves/CurveNodeBase.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/ExpressionCurveGraph.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
+#include "core/CurveLimits.h"
 #include "core/EvaluationTime.h"
 #include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
-#include "curves/CurveEvaluation.h"
-#include "curves/CurveType.h"
+#include "curves/CurveHost.h"
+#include "curves/CurveTree.h"
+#include "curves/CurveVisit.h"
 #include "curves/DottedName.h"
-#include "curves/EvaluatedCurve.h"
+#include "curves/NodeStruct.h"
+#include "files/CurveType.h"
+#include "graphs/EvaluatedCurve.h"
+#include "graphs/ExpressionCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPointer>
 
 #include <utility>
 
 using curve_editor::DottedName;
+using curve_editor::NodeStruct;
 
 namespace {
 
+const QLatin1Char point('.');
 const double framesPerSecondWithoutView = 10.0;
 
 QColor midColor(const QColor& a, const QColor& b)
@@ -29,23 +33,50 @@ QColor midColor(const QColor& a, const QColor& b)
     return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
 }
 
+/// A dotted name without its last element; empty when it has but one.
+QString pathOf(const QString& dotName)
+{
+    const auto end = dotName.lastIndexOf(point);
+    return end < 0 ? QString() : dotName.left(end);
+}
+
+/// Null without a tree, or where nobody shows its curves.
+ViewPort* viewOf(const CurveTree* tree)
+{
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host ? host->view() : nullptr;
+}
+
 } // namespace
 
-CurveNodeBase::CurveNodeBase(CanvasFunctionBase* owner, const QString& name, const QString& path,
+CurveNodeBase::CurveNodeBase(CanvasFunctionBase* canvas, const QString& name, const QString& path,
                              const QColor& color, float curveValue, SplineBase* spline,
                              FunctionFloatBase** expressionSlot, float minimumValue,
                              float maximumValue, bool notifiesHost)
+    : CurveNodeBase(treeOf(canvas), name, path,
+                    NodeStruct::lent(path, name, color, curveValue, spline, expressionSlot,
+                                     minimumValue, maximumValue, notifiesHost))
+{}
+
+/// The path is the whole name without its last element, also where the curve lies higher than
+/// that: it has to report the name that it was asked for.
+CurveNodeBase::CurveNodeBase(CurveTree& owner, const NodeStruct& record)
+    : CurveNodeBase(&owner, record.dotName.section(point, -1), pathOf(record.dotName), record)
+{}
+
+CurveNodeBase::CurveNodeBase(CurveTree* owner, const QString& name, const QString& path,
+                             const NodeStruct& content)
     : CurveNode(owner, name, path, leaf)
-    , hostSpline(spline)
-    , slot(expressionSlot)
-    , keysGraph(std::make_unique<SplineCurveGraph>(spline, owner ? owner->viewPort() : nullptr))
+    , hostSpline(content.livingSpline())
+    , slot(content.livingSlot())
+    , keysGraph(std::make_unique<SplineCurveGraph>(hostSpline.get(), viewOf(owner)))
     , expressionGraph(std::make_unique<ExpressionCurveGraph>())
-    , storedCurveValue(curveValue)
-    , minimum(minimumValue)
-    , maximum(maximumValue)
+    , storedCurveValue(content.curveValue)
+    , minimum(content.minValue)
+    , maximum(content.maxValue)
 {
-    reportsToHost = notifiesHost;
-    CurveNodeBase::setColor(color, Qt::black);
+    reportsToHost = content.notifyHost;
+    CurveNodeBase::setColor(content.color, Qt::black);
     changed = true;
 }
 
@@ -173,7 +204,7 @@ void CurveNodeBase::reset()
 
 double CurveNodeBase::evaluate(const double& time)
 {
-    const CanvasVisit visit(canvas); // a refresh function may take this curve off the canvas
+    const CurveVisit visit(tree); // a refresh function may take this curve off the canvas
     const int type = curveType();
     SplineBase* keys = spline();
     if (type == splineCurve) {
@@ -201,7 +232,7 @@ double CurveNodeBase::evaluate(const double& time)
 
 double CurveNodeBase::framesPerSecond() const
 {
-    const ViewPort* view = canvas ? canvas->viewPort() : nullptr;
+    const ViewPort* const view = viewOf(tree);
     return view ? view->fps : framesPerSecondWithoutView;
 }
 
@@ -237,7 +268,7 @@ void CurveNodeBase::splineChanged()
 
 void CurveNodeBase::createNodeAtCursor()
 {
-    if (canvas) {
-        canvas->createNodeAtCursor(this);
+    if (CurveHost* const host = tree ? tree->host() : nullptr) {
+        host->createNodeAtCursor(this);
     }
 }

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "core/SplineHandle.h"
 #include "curves/CurveNode.h"
-#include "curves/SplineHandle.h"
+#include "curves/FileReading.h"
 
 #include <QColor>
 #include <QObject>
@@ -17,8 +18,12 @@ class QXmlStreamReader;
 class QXmlStreamWriter;
 
 namespace curve_editor {
-struct CurveXmlContent;
+struct NodeStruct;
 } // namespace curve_editor
+
+namespace curve_files {
+struct CurveContent;
+} // namespace curve_files
 
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
 /// one dotted name, evaluates and draws it.
@@ -41,6 +46,8 @@ public:
                   const QColor& color, float curveValue, SplineBase* spline,
                   FunctionFloatBase** expressionSlot, float minimumValue, float maximumValue,
                   bool notifiesHost);
+    /// A curve made for a tree, which knows it from now on, of what the record lends.
+    CurveNodeBase(CurveTree& tree, const curve_editor::NodeStruct& record);
     ~CurveNodeBase() override;
 
     bool isCurve() const override;
@@ -66,6 +73,9 @@ public:
     /// curve now depends on itself, a box says so and the message marks where: kind 2, spans in
     /// bytes of its text.
     void setExpression(FunctionFloatBase* expression, ParseMessage& message) override;
+    /// The same without a box: what that would tell comes back.
+    curve_editor::Problems takeExpression(std::unique_ptr<FunctionFloatBase> expression,
+                                          ParseMessage& message);
     void markChanged() override;
     void setAddFunc(const bool& add) override;
     /// Deletes the expression, empties selection and spline, and reports the change.
@@ -87,6 +97,18 @@ public:
 
     /// Screen data must be rebuilt.
     bool hasChanged() const;
+    /// @name Retained pictures of the curve
+    /// @{
+    /// It is drawn, as a spline without an expression, and nobody has marked a change since.
+    bool isPlain();
+    /// Brings the screen data up to date as far as what it is made from has changed, and tells by
+    /// a number all that paintGraph paints, but for the view and what belongs to all curves. 0
+    /// where it paints nothing.
+    std::uint64_t refreshGraph(ViewPort* viewport);
+    /// Paints the screen data as it is.
+    void paintGraph(ViewPort* viewport, QPainter* painter);
+    /// @}
+
     /// Frees the screen data of a curve that is not to be drawn for some time.
     void dropPixels();
 
@@ -97,6 +119,8 @@ public:
     /// Reads a file into spline and slot, with the parser for the expression. False when it
     /// cannot be opened, or after a message box that tells the error.
     bool LoadXML(const QString& path, FunctionParserBase* parser);
+    /// The same without a box: what that would tell comes back.
+    curve_editor::FileReading readXml(const QString& path, FunctionParserBase* parser);
     /// The same from a reader that stands on the start of a `curve` element, without any box.
     /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
@@ -123,6 +147,8 @@ public:
     /// the three shows a box. In both cases nothing has changed. Keys that do not read leave the
     /// old ones. A curve that keeps its expression while a spline is read is no sum any more.
     void loadCrv(const QString& path, FunctionParserBase* parser);
+    /// The same without a box: what that would tell comes back.
+    curve_editor::Problems readCrv(const QString& path, FunctionParserBase* parser);
     /// Writes the file from the curve type on; the three lines of the colour come before.
     void saveCrv(std::ofstream& stream);
     void saveCrv(std::ostream& stream);
@@ -140,6 +166,9 @@ private slots:
     void createNodeAtCursor();
 
 private:
+    CurveNodeBase(CurveTree* tree, const QString& name, const QString& path,
+                  const curve_editor::NodeStruct& content);
+
     FunctionFloatBase** livingSlot() const;
     double framesPerSecond() const;
     int labelDecimals() const;
@@ -153,14 +182,15 @@ private:
     void drawKeys(ViewPort* viewport, QPainter* painter);
 
     bool dependsOnItself(QString& offender) const;
-    void takeContent(curve_editor::CurveXmlContent& content, FunctionParserBase* parser);
-    void readExpression(std::ifstream& stream, FunctionParserBase& parser);
+    curve_files::CurveContent content();
+    void takeContent(const curve_files::CurveContent& read, FunctionParserBase* parser);
 
     bool changed = false;
-    SplineHandle hostSpline;
+    curve_editor::SplineHandle hostSpline;
     FunctionFloatBase** slot; ///< the host's; left alone once its spline is destroyed
     std::unique_ptr<SplineCurveGraph> keysGraph;
     std::unique_ptr<ExpressionCurveGraph> expressionGraph;
+    std::uint64_t sampledFrom = 0; ///< what the screen data was made from; 0 if that is unknown
     float storedCurveValue;
     float minimum;
     float maximum;

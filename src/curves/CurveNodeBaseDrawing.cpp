@@ -1,18 +1,18 @@
 // How a curve keeps its pixels up to date and draws them.
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/ExpressionCurveGraph.h"
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
 #include "core/Truncate.h"
+#include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
-#include "curves/EvaluatedCurve.h"
-#include "editor/CurveEditor.h"
+#include "curves/CurveTree.h"
+#include "curves/CurveVisit.h"
+#include "files/CurveType.h"
+#include "graphs/EvaluatedCurve.h"
+#include "graphs/ExpressionCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QPainter>
 
@@ -21,7 +21,7 @@
 namespace {
 
 const int expressionSamples = 5000;
-const int decimalsWithoutEditor = 2;
+const int decimalsWithoutHost = 2;
 
 /// Holds a value between two limits; what is no finite number counts as the upper one.
 double drawnValue(const double& value, const double& minimum, const double& maximum)
@@ -83,13 +83,14 @@ void CurveNodeBase::updateGraph(ViewPort* viewport)
     if (!viewport) {
         return;
     }
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const int type = curveType();
     const bool pixelsAreOld =
         type == expressionCurve ? expressionGraph->pixelsAreOld : keysGraph->arePixelsOld();
     if (!pixelsAreOld && !needsUpdate(viewport)) {
         return;
     }
+    sampledFrom = 0;
     // Beforehand: a refresh function may change the curve while it is sampled.
     clearChangedFlags();
     try {
@@ -118,6 +119,9 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
     const double highest = static_cast<double>(maximum);
     const double step = (viewport.maxX - viewport.minX) / expressionSamples;
     QPolygon points(expressionSamples);
+    StrokeLine& stroke = expressionGraph->stroke;
+    stroke.clear(viewport.viewHeight);
+    const double scaleY = viewport.viewHeight / (viewport.maxY - viewport.minY);
     EvaluationTime moment;
     for (int i = 0; i < expressionSamples; ++i) {
         moment.set(i * step + viewport.minX, viewport.fps);
@@ -128,6 +132,7 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
         }
         const double column = static_cast<double>(i) * viewport.viewWidth * 0.0002;
         points.setPoint(i, truncateToPixel(column), drawnRow(viewport, value));
+        stroke.add(column, (viewport.maxY - value) * scaleY);
     }
     expressionGraph->setPolyline(points);
 }
@@ -137,13 +142,19 @@ void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
     if (!viewport || !painter) {
         return;
     }
-    const CanvasVisit visit(canvas);
+    const CurveVisit visit(tree);
     const int type = curveType();
     if (isActive(type)) {
         updateGraph(viewport);
     } else if (needsUpdate(viewport)) {
         postponeUpdate();
     }
+    paintGraph(viewport, painter);
+}
+
+void CurveNodeBase::paintGraph(ViewPort* viewport, QPainter* painter)
+{
+    const int type = curveType();
     const QPainter::RenderHints hints = painter->renderHints();
     painter->setRenderHint(QPainter::Antialiasing);
     if (type == expressionCurve && expression() && expressionGraph->isActive) {
@@ -172,6 +183,6 @@ void CurveNodeBase::drawKeys(ViewPort* viewport, QPainter* painter)
 
 int CurveNodeBase::labelDecimals() const
 {
-    const CurveEditor* editor = canvas ? canvas->curveEditor() : nullptr;
-    return editor ? editor->getNumberOfDecimals() : decimalsWithoutEditor;
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host ? host->labelDecimals() : decimalsWithoutHost;
 }

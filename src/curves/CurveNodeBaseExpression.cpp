@@ -1,18 +1,21 @@
 // Giving a curve an expression, and telling the user when the curve then depends on itself.
 
-#include "canvas/CanvasFunctionBase.h"
 #include "core/ExpressionDisposal.h"
+#include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
+#include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/CurveTree.h"
 #include "curves/NodeStruct.h"
-#include "editor/CurveEditor.h"
 
-#include <QMessageBox>
 #include <QPointer>
 
 #include <algorithm>
 #include <utility>
+
+using curve_editor::Problem;
+using curve_editor::Problems;
 
 namespace {
 
@@ -39,29 +42,38 @@ void markVariable(const QString& parserName, ParseMessage& message)
 
 void CurveNodeBase::setExpression(FunctionFloatBase* expression, ParseMessage& message)
 {
-    FunctionFloatBase** living = livingSlot();
-    if (!living) {
-        ExpressionDisposal::take(expression);
-    } else if (*living != expression) {
-        ExpressionDisposal::take(std::exchange(*living, expression));
+    FunctionFloatBase** const living = livingSlot();
+    if (living && *living == expression) {
+        *living = nullptr; // the same comes back, and is not to be deleted on the way
     }
+    // A box runs an event loop, in which this curve may be drawn, or taken away.
+    const QPointer<CurveNodeBase> self(this);
+    showBoxes(takeExpression(std::unique_ptr<FunctionFloatBase>(expression), message));
+    if (self) {
+        changed = true;
+    }
+}
+
+Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expression,
+                                       ParseMessage& message)
+{
+    FunctionFloatBase* const taken = expression.release();
+    FunctionFloatBase** const living = livingSlot();
+    ExpressionDisposal::take(living ? std::exchange(*living, taken) : taken);
     changed = true;
     QString offender;
-    if (dependsOnItself(offender)) {
-        markVariable(curve_editor::parserForm(offender), message);
-        // The box runs an event loop, in which this curve may be drawn, or taken away.
-        const QPointer<CurveNodeBase> self(this);
-        const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
-        QMessageBox::warning(nullptr, tr("Cyclical dependency"), text);
-        if (self) {
-            changed = true;
-        }
+    if (!dependsOnItself(offender)) {
+        return {};
     }
+    markVariable(curve_editor::parserForm(offender), message);
+    const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
+    return {{Problem::warning, tr("Cyclical dependency"), text}};
 }
 
 const ParserScope* CurveNodeBase::parserScope() const
 {
-    return canvas ? canvas->parserScope() : scopeWithoutCanvas;
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host ? host->parserScope() : scopeWithoutCanvas;
 }
 
 void CurveNodeBase::readNamesAs(const CurveNodeBase& other)
@@ -71,7 +83,6 @@ void CurveNodeBase::readNamesAs(const CurveNodeBase& other)
 
 bool CurveNodeBase::dependsOnItself(QString& offender) const
 {
-    CurveEditor* editor = canvas ? canvas->curveEditor() : nullptr;
-    const QString name = curve_editor::parserForm(dotName());
-    return editor && editor->checkDependencies(name, name, offender);
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host && host->dependsOnItself(curve_editor::parserForm(dotName()), offender);
 }

@@ -2,7 +2,7 @@
 
 #include "curves/CurveNode.h"
 
-#include "canvas/CanvasFunctionBase.h"
+#include "curves/CurveTree.h"
 
 namespace {
 
@@ -68,8 +68,8 @@ void CurveNode::setNames(const QString& name, const QString& path)
     ownName = name;
     parentPath = path;
     underUnnamedNode = isUnderUnnamedNode();
-    if (canvas) {
-        canvas->nodeRenamed(this, oldDotName);
+    if (tree) {
+        tree->nodeRenamed(this, oldDotName);
     }
 }
 

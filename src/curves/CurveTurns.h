@@ -1,6 +1,6 @@
 #pragma once
 
-#include "curves/EvaluatedCurve.h"
+#include "graphs/EvaluatedCurve.h"
 
 #include <deque>
 #include <unordered_map>

@@ -1,13 +1,13 @@
 #include "curves/CurveVariable.h"
 
+#include "core/CurveLimits.h"
 #include "core/EvaluationTime.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/SplineBase.h"
-#include "curves/CurveEvaluation.h"
 #include "curves/CurveTurns.h"
-#include "curves/CurveType.h"
 #include "curves/NodeStruct.h"
+#include "files/CurveType.h"
 
 #include <unordered_map>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "curves/EvaluatedCurve.h"
+#include "graphs/EvaluatedCurve.h"
 
 #include <memory>
 #include <string>

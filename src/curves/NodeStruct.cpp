@@ -1,26 +1,47 @@
 #include "curves/NodeStruct.h"
 
 #include "core/SplineBase.h"
+#include "curves/DottedName.h"
 
 namespace curve_editor {
+
+NodeStruct NodeStruct::lent(const QString& node, const QString& curve, const QColor& color,
+                            float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                            float minValue, float maxValue, bool notifyHost)
+{
+    const DottedName name(node, curve);
+    NodeStruct record;
+    record.setSpline(spline);
+    record.function = function;
+    record.color = color;
+    record.curveValue = curveValue;
+    record.minValue = minValue;
+    record.maxValue = maxValue;
+    record.mainNodeName = node;
+    record.curveName = curve;
+    record.dotName = name.text();
+    record.safeDotName = name.safeText();
+    record.notifyHost = notifyHost;
+    return record;
+}
 
 void NodeStruct::setSpline(SplineBase* hostSpline)
 {
     spline = hostSpline;
     notedSpline = hostSpline;
-    splineLife = hostSpline ? hostSpline->watchLife() : std::weak_ptr<const void>();
+    splineHandle = SplineHandle(hostSpline);
 }
 
 SplineBase* NodeStruct::livingSpline() const
 {
     noteSpline();
-    return splineLife.expired() ? nullptr : spline;
+    return splineHandle.get();
 }
 
 bool NodeStruct::isSplineLost() const
 {
     noteSpline();
-    return spline && splineLife.expired();
+    return splineHandle.isLost();
 }
 
 FunctionFloatBase** NodeStruct::livingSlot() const
@@ -38,7 +59,7 @@ void NodeStruct::noteSpline() const
 {
     if (spline != notedSpline) {
         notedSpline = spline;
-        splineLife = spline ? spline->watchLife() : std::weak_ptr<const void>();
+        splineHandle = SplineHandle(spline);
     }
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "core/SplineHandle.h"
+
 #include <QColor>
 #include <QString>
-
-#include <memory>
 
 #include "zk_curve_editor_export.h"
 
@@ -31,6 +31,11 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
     bool isEditing = false; ///< a curve object stands on the canvas
     bool notifyHost = true; ///< the curve object reports its changes
 
+    /// The record of a curve that a host lends, by what it gives to CurveEditor::addCurve.
+    static NodeStruct lent(const QString& node, const QString& curve, const QColor& color,
+                           float curveValue, SplineBase* spline, FunctionFloatBase** function,
+                           float minValue, float maxValue, bool notifyHost);
+
     /// Takes the spline and notes its life. One that was written into the field is noted when it
     /// is first asked for.
     void setSpline(SplineBase* hostSpline);
@@ -51,8 +56,8 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
 private:
     void noteSpline() const;
 
-    mutable const SplineBase* notedSpline = nullptr; ///< not owned; whose life splineLife is
-    mutable std::weak_ptr<const void> splineLife;    ///< expires with the host's spline
+    mutable const SplineBase* notedSpline = nullptr; ///< not owned; whose handle this is
+    mutable SplineHandle splineHandle;
 };
 
 /// One object of the host, under which its curves stand. It lives as long as its editor.

@@ -167,8 +167,6 @@ void CurveEditor::deleteSelectedKeys()
 void CurveEditor::flatTangents()
 {
     d->canvas().flatTangents();
-    d->canvas().updateCanvas();
-    d->functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::breakTangents()

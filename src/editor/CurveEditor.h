@@ -162,8 +162,8 @@ public:
     /// `function` points to stay the host's and outlive the editor's use of them; either may be
     /// null, and the spline may be destroyed at any time. Values are drawn and shown held between
     /// `minValue` and `maxValue`. With `selectByDefault` a curve that has a key or an expression
-    /// enters the editing set and is selected alone. With `notifyHost` false its changes are not
-    /// reported. A curve that is being edited already is only selected again.
+    /// goes on the canvas and is selected alone. With `notifyHost` false its changes are not
+    /// reported. A curve that is on the canvas already is only selected again.
     void addCurve(const QString& node, const QString& curve, const QColor& color, float curveValue,
                   SplineBase* spline, FunctionFloatBase** function, float minValue, float maxValue,
                   bool selectByDefault, bool notifyHost);
@@ -218,7 +218,7 @@ public:
     void deleteExpression(const QString& node, const QString& curve, FunctionFloatBase** slot);
     /// @}
 
-    /// @name Editing set: the curves that are on the canvas and in the tree
+    /// @name The curves on the canvas, each with an object there and an item in the tree
     /// @{
     /// A curve enters the set, with an existing object of its own or, for null, a new one. It is
     /// not selected by that.
@@ -462,9 +462,9 @@ public slots:
     void slotMenuEditingNodeColor();
     void slotMenuEditingNodeRemove();
     void slotRemoveFromEditing(QModelIndexList indexes);
-    /// The selected curves leave the editing set, as a step of undo.
+    /// The selected curves leave the canvas, as a step of undo.
     void removeCurvesFromEditing();
-    /// A curve, or all curves of a group or node, leaves the editing set; no step of undo.
+    /// A curve, or all curves of a group or main node, leaves the canvas; no step of undo.
     void removeCurveFromEditing(QString dotName);
     /// The entries of the menu "Insert": each builds a new text from the line's and executes it.
     /// The line then has the focus, and the first "X", which stands for what the user has still to
@@ -557,10 +557,10 @@ private:
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
     void lendAnew(NodeStruct* record, const NodeStruct& content);
-
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
 
+    friend class curve_editor::CurveEditorPrivate;
     std::unique_ptr<curve_editor::CurveEditorPrivate> d;
     QStringList selectedDotNames;   ///< the selection, in the order given
     bool selectionBusy = false;     ///< re-entry guard of the selection

@@ -33,24 +33,12 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
     if (!searchMainNode(node)) {
         return;
     }
-    const DottedName name(node, curve);
-    NodeStruct* const known = searchAllNodeList(name.text());
+    NodeStruct* const known = searchAllNodeList(DottedName(node, curve).text());
     if (known && !(known->isSplineLost() && spline)) {
         return;
     }
-    NodeStruct content;
-    content.setSpline(spline);
-    content.function = function;
-    content.color = color;
-    content.curveValue = curveValue;
-    content.minValue = minValue;
-    content.maxValue = maxValue;
-    content.mainNodeName = node;
-    content.curveName = curve;
-    content.dotName = name.text();
-    content.safeDotName = name.safeText();
-    content.isEditing = false;
-    content.notifyHost = notifyHost;
+    const NodeStruct content = NodeStruct::lent(node, curve, color, curveValue, spline, function,
+                                                minValue, maxValue, notifyHost);
     if (known) {
         lendAnew(known, content);
     } else {

@@ -7,7 +7,7 @@
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditorPrivate.h"
 #include "widgets/CurveEditorSettings.h"
-#include "widgets/NodeTypePositions.h"
+#include "widgets/InterpolationPositions.h"
 #include "widgets/PanDialog.h"
 #include "widgets/ScaleDialog.h"
 #include "widgets/ViewportSettings.h"
@@ -18,7 +18,7 @@
 
 namespace {
 
-QString numberText(const double& number)
+QString numberText(double number)
 {
     return QString("%1").arg(number, 0, 'g', -1, QLatin1Char(' '));
 }
@@ -73,7 +73,8 @@ void CurveEditor::setOptions()
     canvas.defaultBrokenTangent = question->defaultBroken->isChecked();
     canvas.defaultAddFunction = question->defaultAddFunc->isChecked();
     canvas.toolTipsWhileDragging = question->showToolTipsOnDrag->isChecked();
-    curve_editor::setNodeTypeAt(question->nodeTypeCombo->currentIndex(), canvas.defaultNodeType);
+    curve_editor::setInterpolationAt(question->nodeTypeCombo->currentIndex(),
+                                     canvas.defaultNodeType);
     d->repaintCanvas();
 }
 

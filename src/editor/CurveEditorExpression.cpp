@@ -4,9 +4,10 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
+#include "commands/CommandContext.h"
 #include "commands/CommandDelExpr.h"
 #include "commands/CommandParseExpr.h"
-#include "commands/EligibleCurves.h"
+#include "commands/RecordKeys.h"
 #include "core/ExpressionDisposal.h"
 #include "curves/CurveNode.h"
 #include "curves/DependencyWalk.h"
@@ -37,8 +38,9 @@ void CurveEditor::executeCommand()
     }
     const QPointer<CurveEditor> self(this);
     d->manager.endGestures();
-    d->manager.doCommand(new CommandParseExpr(this, d->functionEditor, commandLine,
-                                              recordsOf(this, d->canvas().editingCurves())));
+    d->manager.doCommand(
+        new CommandParseExpr(this, d->functionEditor, commandLine,
+                             recordsOf(contextOf(this), d->canvas().editingCurves())));
     if (self) { // the box of an error runs an event loop
         refreshEditor();
     }
@@ -47,8 +49,9 @@ void CurveEditor::executeCommand()
 void CurveEditor::deleteCurveClicked()
 {
     d->manager.endGestures();
-    d->manager.doCommand(new CommandDelExpr(this, d->functionEditor, commandLine,
-                                            recordsOf(this, d->canvas().editingCurves())));
+    d->manager.doCommand(
+        new CommandDelExpr(this, d->functionEditor, commandLine,
+                           recordsOf(contextOf(this), d->canvas().editingCurves())));
     update();
 }
 
@@ -77,7 +80,7 @@ void CurveEditor::setTcb()
     for (CurveNode* const curve : curves) {
         curve->removeExpression(false);
     }
-    emit d->canvas().changeCommandLine();
+    d->canvas().markExpressionsChanged();
     d->functionEditor->update();
     update();
 }

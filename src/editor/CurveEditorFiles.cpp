@@ -5,22 +5,23 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandLoadCurve.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/DeviceStreamBuffer.h"
-#include "curves/FileReplacement.h"
-#include "curves/PipeOrDevice.h"
+#include "curves/Problem.h"
 #include "editor/CurveEditor.h"
 #include "editor/CurveEditorPrivate.h"
+#include "files/DeviceStreamBuffer.h"
+#include "files/FileReplacement.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
-#include <QMessageBox>
 #include <QPointer>
 
 #include <memory>
 #include <ostream>
+#include <utility>
 
-using curve_editor::DeviceStreamBuffer;
-using curve_editor::isPipeOrDevice;
-using curve_editor::replaceFile;
+using curve_files::DeviceStreamBuffer;
+using curve_files::isPipeOrDevice;
+using curve_files::replaceFile;
 
 namespace {
 
@@ -94,13 +95,13 @@ void CurveEditor::loadImage()
     auto picture = std::make_unique<CanvasBackground>();
     if (!picture->image.load(path)) {
         const QPointer<CurveEditor> self(this);
-        QMessageBox::warning(nullptr, QStringLiteral("Error"),
-                             QStringLiteral("Unable to load image file"));
+        showBox(curve_editor::Problem{curve_editor::Problem::warning, QStringLiteral("Error"),
+                                      QStringLiteral("Unable to load image file")});
         if (!self) {
             return;
         }
     }
-    d->canvas().setBackground(picture.release());
+    d->canvas().setBackground(std::move(picture));
     d->repaintAll();
 }
 

@@ -173,7 +173,7 @@ void CurveEditor::insertDVarFunc(QAction* action)
 {
     if (action) {
         const std::string name = action->objectName().toLocal8Bit().toStdString();
-        insertAtLineCursor(
-            this, QString::fromLocal8Bit(FunctionParserBase::writtenName(name).c_str()));
+        insertAtLineCursor(this,
+                           QString::fromLocal8Bit(FunctionParserBase::writtenName(name).c_str()));
     }
 }

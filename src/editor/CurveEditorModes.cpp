@@ -7,6 +7,7 @@
 #include "editor/CurveEditorPrivate.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QPixmap>
 
@@ -54,7 +55,7 @@ const std::array<ModeRow, 13> modeRows{{
 }};
 
 /// Null for a value that is no mode.
-const ModeRow* modeRow(const int& mode)
+const ModeRow* modeRow(int mode)
 {
     return mode >= 0 && mode < static_cast<int>(modeRows.size())
                ? &modeRows[static_cast<std::size_t>(mode)]
@@ -105,12 +106,18 @@ static_assert(areAlike(CanvasMode::DEFAULT, CurveEditor::DEFAULT) &&
               areAlike(CanvasMode::SCALE, CurveEditor::SCALE) &&
               areAlike(CanvasMode::SNAP, CurveEditor::SNAP));
 
-/// The picture of a tool, its hot spot in pixels.
+/// The picture of a tool, its hot spot in pixels; the finer one where the screen shows that.
 QCursor buildCursor(const ToolIcons& icons, const ModeRow& row)
 {
-    const QPixmap picture(icons.file(row.icon));
+    QPixmap picture(icons.file(row.icon));
     // A cursor made of an empty picture would be an arrow all the same, and a warning.
-    return picture.isNull() ? QCursor() : QCursor(picture, row.hotX, row.hotY);
+    if (picture.isNull()) {
+        return QCursor();
+    }
+    if (qApp->devicePixelRatio() > 1.0) {
+        picture = icons.icon(row.icon).pixmap(picture.size(), qApp->devicePixelRatio());
+    }
+    return QCursor(picture, row.hotX, row.hotY);
 }
 
 /// Some modes leave the cursor as it is.
@@ -130,9 +137,7 @@ void CurveEditor::connectModes()
 {
     curve_editor::ModeCallbacks callbacks;
     callbacks.beforeTool = [this] { d->canvas().endGesture(); };
-    callbacks.beforeMode = [this](CanvasMode next) {
-        d->canvas().endGestureUnlessIn(static_cast<int>(next));
-    };
+    callbacks.beforeMode = [this](CanvasMode next) { d->canvas().endGestureUnlessIn(next); };
     callbacks.toolChanged = [this] {
         for (const ToolRow& tool : toolRows) {
             d->actions.buttonAction(tool.button)->setChecked(getUserMode() == tool.mode);

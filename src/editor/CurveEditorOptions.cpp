@@ -2,12 +2,12 @@
 
 #include "editor/CurveEditor.h"
 
-#include "canvas/CanvasColors.h"
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditorPrivate.h"
-#include "widgets/NodeTypePositions.h"
+#include "graphs/CanvasColors.h"
+#include "widgets/InterpolationPositions.h"
 
 #include <QAction>
 
@@ -69,14 +69,14 @@ double CurveEditor::getVSnapRadius() const
 
 void CurveEditor::setDefaultNodeType(const int& position)
 {
-    if (curve_editor::setNodeTypeAt(position, d->canvas().defaultNodeType)) {
+    if (curve_editor::setInterpolationAt(position, d->canvas().defaultNodeType)) {
         refreshEditor();
     }
 }
 
 int CurveEditor::getDefaultNodeTypePos() const
 {
-    return curve_editor::positionOfNodeType(d->canvas().defaultNodeType);
+    return curve_editor::positionOfInterpolation(d->canvas().defaultNodeType);
 }
 
 void CurveEditor::setTooltipsDrag(const bool& on)

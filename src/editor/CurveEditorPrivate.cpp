@@ -12,7 +12,8 @@
 namespace curve_editor {
 
 CurveEditorPrivate::CurveEditorPrivate(CurveEditor* owner, const QString& iconsFolder)
-    : manager(CurveCommandsManager::instance())
+    : commandContext(*owner, catalogue)
+    , manager(CurveCommandsManager::instance())
     , icons{iconsFolder}
     , actions(owner, &icons)
     , editor(owner)
@@ -21,6 +22,11 @@ CurveEditorPrivate::CurveEditorPrivate(CurveEditor* owner, const QString& iconsF
 }
 
 CurveEditorPrivate::~CurveEditorPrivate() = default;
+
+CurveEditorPrivate& CurveEditorPrivate::of(const CurveEditor& editor)
+{
+    return *editor.d;
+}
 
 void CurveEditorPrivate::initCanvas()
 {

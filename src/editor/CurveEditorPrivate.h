@@ -5,6 +5,7 @@
 #include "curves/Catalogue.h"
 #include "editor/CurveFileDialogs.h"
 #include "editor/EditorActions.h"
+#include "editor/EditorCommandContext.h"
 #include "editor/Readout.h"
 #include "editor/ToolIcons.h"
 
@@ -24,6 +25,8 @@ public:
     ~CurveEditorPrivate();
     CurveEditorPrivate(const CurveEditorPrivate&) = delete;
     CurveEditorPrivate& operator=(const CurveEditorPrivate&) = delete;
+    /// That of an editor, for those of this folder by whom lower ones ask.
+    static CurveEditorPrivate& of(const CurveEditor& editor);
 
     /// Puts the canvas into its place in the window.
     void initCanvas();
@@ -39,6 +42,7 @@ public:
     void repaintAll();
 
     Catalogue catalogue; ///< mainNodes, allNodes and their index
+    EditorCommandContext commandContext;
     CurveCommandsManager manager;
     ModeControl modes; ///< mode, tool and modifier keys
     ToolIcons icons;

@@ -4,9 +4,9 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
-#include "curves/CurveType.h"
 #include "editor/CurveEditorPrivate.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 #include "widgets/CurveKeysDialog.h"
 
 #include <QAction>

@@ -3,9 +3,9 @@
 #include "editor/CurveEditor.h"
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
 #include "canvas/FunctionEditor.h"
 #include "curves/CurveNode.h"
+#include "curves/CurveVisit.h"
 #include "curves/DottedName.h"
 #include "editor/CurveEditorPrivate.h"
 
@@ -100,7 +100,8 @@ void CurveEditor::renameCurve(const QString& node, const QString& oldCurve, cons
     if (!record) {
         return;
     }
-    const CanvasVisit visit(&d->canvas()); // whoever listens to the tree may do anything
+    // Whoever listens to the tree may do anything.
+    const CurveVisit visit(&d->canvas().tree());
     CurveNode* const held = d->canvas().findLeaf(oldName);
     record->dotName = newName;
     record->curveName = newCurve;

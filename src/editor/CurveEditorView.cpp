@@ -12,14 +12,12 @@
 
 void CurveEditor::setTimeLine(ZK_DOUBLE time)
 {
-    d->functionEditor->timeLine = time;
-    d->repaintCanvas();
+    d->functionEditor->moveTimeLine(time);
 }
 
 void CurveEditor::setTimeLine(ZK_INT frame)
 {
-    d->functionEditor->timeLine = frame / d->functionEditor->fps;
-    d->repaintCanvas();
+    d->functionEditor->moveTimeLine(frame / d->functionEditor->fps);
 }
 
 void CurveEditor::setFps(ZK_DOUBLE framesPerSecond)

@@ -10,30 +10,29 @@ using Editor = CurveEditor;
 
 const MenuEntry separator{separatorEntry, 0};
 
-MenuEntry entry(const editorActions& action)
+MenuEntry entry(editorActions action)
 {
     return {actionEntry, action};
 }
 
-MenuEntry entry(const Editor::topToolButtons& button)
+MenuEntry entry(Editor::topToolButtons button)
 {
     return {buttonEntry, button};
 }
 
-MenuEntry entry(const editorMenus& menu)
+MenuEntry entry(editorMenus menu)
 {
     return {subMenuEntry, menu};
 }
 
-ActionRow command(const editorActions& which, const char* objectName, const char* text,
-                  const char* slot, const char* shortcut = nullptr, const char* whatsThis = nullptr)
+ActionRow command(editorActions which, const char* objectName, const char* text, const char* slot,
+                  const char* shortcut = nullptr, const char* whatsThis = nullptr)
 {
     return {which, objectName, text, whatsThis, shortcut, slot, noGroup, false};
 }
 
-ActionRow choice(const editorActions& which, const char* objectName, const char* text,
-                 const char* slot, const actionGroups& group, const char* shortcut = nullptr,
-                 const bool& checkedAtStart = false)
+ActionRow choice(editorActions which, const char* objectName, const char* text, const char* slot,
+                 actionGroups group, const char* shortcut = nullptr, bool checkedAtStart = false)
 {
     return {which, objectName, text, nullptr, shortcut, slot, group, checkedAtStart};
 }

@@ -1,8 +1,8 @@
 #include "editor/Readout.h"
 
-#include "canvas/ViewPort.h"
 #include "editor/CurveEditor.h"
 #include "editor/Timecode.h"
+#include "graphs/ViewPort.h"
 #include "widgets/CustomEditLine.h"
 
 #include <QLabel>

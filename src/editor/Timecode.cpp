@@ -15,8 +15,7 @@ constexpr int widestField = 324;
 
 } // namespace
 
-QString timecodeText(const double& seconds, const double& fps, const int& /*decimals*/,
-                     const int& digits)
+QString timecodeText(double seconds, double fps, int /*decimals*/, int digits)
 {
     const int minutes = truncateToInt(seconds / 60.0);
     const int secs = truncateToInt(seconds - minutes * 60.0);
@@ -25,7 +24,7 @@ QString timecodeText(const double& seconds, const double& fps, const int& /*deci
     const int frame = truncateToInt(std::floor((x - std::trunc(std::floor(x))) * fps));
 
     const int width = std::clamp(digits, -widestField, widestField);
-    const auto field = [&width](const int& number) {
+    const auto field = [&width](int number) {
         return QString("%1").arg(number, width, 10, QLatin1Char('0'));
     };
     return QString("%1:%2:%3").arg(field(minutes), field(secs), field(frame));

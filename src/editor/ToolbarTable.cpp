@@ -6,9 +6,9 @@ namespace {
 
 using Editor = CurveEditor;
 
-ToolButtonRow row(const Editor::topToolButtons& which, const char* text, const char* toolTip,
-                  const char* slot, const checkableParts& checkable = nothingCheckable,
-                  const bool& visible = true)
+ToolButtonRow row(Editor::topToolButtons which, const char* text, const char* toolTip,
+                  const char* slot, checkableParts checkable = nothingCheckable,
+                  bool visible = true)
 {
     return {which, text, toolTip ? toolTip : text, slot, checkable, visible};
 }
@@ -181,7 +181,7 @@ QList<ToolButtonRow> allToolButtonRows()
     return all;
 }
 
-const DropDownRow* dropDownOf(const CurveEditor::topToolButtons& button)
+const DropDownRow* dropDownOf(CurveEditor::topToolButtons button)
 {
     for (const DropDownRow& dropDown : dropDownRows()) {
         if (dropDown.button == button) {

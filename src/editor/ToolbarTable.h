@@ -60,6 +60,6 @@ const QList<DropDownRow>& dropDownRows();
 QList<ToolButtonRow> allToolButtonRows();
 
 /// The drop-down of a button, or null.
-const DropDownRow* dropDownOf(const CurveEditor::topToolButtons& button);
+const DropDownRow* dropDownOf(CurveEditor::topToolButtons button);
 
 } // namespace curve_editor

@@ -18,7 +18,7 @@ constexpr int longestExpression = 16384;
 constexpr QColor errorColor(255, 55, 33);
 
 /// Where the first `bytes` bytes of a text in the local encoding end, in characters of a QString.
-int charactersIn(const QByteArray& text, const int& bytes)
+int charactersIn(const QByteArray& text, int bytes)
 {
     return static_cast<int>(QString::fromLocal8Bit(text.left(bytes)).size());
 }

@@ -1,16 +1,18 @@
+// Construction, and the fields by their names.
+
 #include "widgets/CurveKeysDialog.h"
 
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
-#include "editor/CurveEditor.h"
+#include "widgets/KeysDialogHost.h"
 
 #include <QFocusEvent>
 
 using namespace curve_editor;
 
-CurveKeysDialog::CurveKeysDialog(CurveEditor* parent)
+CurveKeysDialog::CurveKeysDialog(std::unique_ptr<KeysDialogHost> asked, QWidget* parent)
     : QDialog(parent, Qt::Tool)
-    , editor(parent)
+    , host(std::move(asked))
 {
     setupUi(this);
     setWindowTitle(tr("Selected Keys Properties"));
@@ -27,7 +29,7 @@ void CurveKeysDialog::focusInEvent(QFocusEvent* event)
     QDialog::focusInEvent(event);
 }
 
-/// By signature, as all fields of the editor are.
+/// By signature, as hosts and tables name signals and slots.
 void CurveKeysDialog::connectFields()
 {
     connect(prevNode, SIGNAL(clicked()), this, SLOT(clickedPrev()));
@@ -43,9 +45,6 @@ void CurveKeysDialog::connectFields()
             }
         }
     }
-    connect(nodeFirst, SIGNAL(activated(int)), editor, SLOT(changeNodeFirstType(int)));
-    connect(nodeLast, SIGNAL(activated(int)), editor, SLOT(changeNodeLastType(int)));
-    connect(this, SIGNAL(finished(int)), editor, SLOT(disableShowKeyPptiesBtn()));
 }
 
 void CurveKeysDialog::connectLine(CustomEditLine* line, const char* start, const char* end)
@@ -59,13 +58,13 @@ void CurveKeysDialog::connectLine(CustomEditLine* line, const char* start, const
             SLOT(valueChanged(ZK_DOUBLE, CustomEditLine*)));
 }
 
-QList<CustomEditLine*> CurveKeysDialog::linesOf(const keyFields& field) const
+QList<CustomEditLine*> CurveKeysDialog::linesOf(keyFields field) const
 {
     switch (field) {
     case timeField:
-        return {posX, editor->positionX()};
+        return {posX, host->positionX()};
     case valueField:
-        return {posY, editor->positionY()};
+        return {posY, host->positionY()};
     case tensionField:
         return {tension};
     case continuityField:

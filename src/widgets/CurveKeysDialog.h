@@ -16,6 +16,7 @@ class SplineCurveGraph;
 namespace curve_editor {
 class CommandChangePoints;
 class CommandMovePoints;
+class KeysDialogHost;
 } // namespace curve_editor
 
 /// The floating window of the selected keys' exact values, for one key or for many at once.
@@ -28,8 +29,11 @@ class CurveKeysDialog : public QDialog, public Ui::CurveKeysSetter
     Q_OBJECT
 
 public:
-    /// `parent` outlives the dialog, which the canvas widget owns.
+    /// Shows the keys of an editor, which outlives the dialog and hears of its combo boxes of the
+    /// behaviours and of its end. The folder of the editor defines this.
     explicit CurveKeysDialog(CurveEditor* parent);
+    /// Shows the keys that `host` has; `parent` may be null.
+    CurveKeysDialog(std::unique_ptr<curve_editor::KeysDialogHost> host, QWidget* parent);
     /// Frees what is pending; the keys stay as they are.
     ~CurveKeysDialog() override;
 
@@ -83,7 +87,7 @@ private:
     void connectFields();
     void connectLine(CustomEditLine* line, const char* start, const char* end);
     /// The lines of a number: two, twins of each other, for time and value, else one.
-    QList<CustomEditLine*> linesOf(const curve_editor::keyFields& field) const;
+    QList<CustomEditLine*> linesOf(curve_editor::keyFields field) const;
     curve_editor::keyFields fieldOf(CustomEditLine* line) const;
 
     // The keys: CurveKeysDialogKeys.cpp
@@ -94,13 +98,11 @@ private:
     static PointInfo* leadingKeyOf(SplineCurveGraph* graph);
     /// The selected keys of those graphs, as far as their splines hold them.
     QList<KeyRef> editableKeys() const;
-    /// A time in seconds is shown multiplied by it: 1, or the rate for frames.
-    double presentUnit() const;
     /// What there is to show of the graphs shown.
     curve_editor::ShownKeys selectedKeys() const;
     /// The open step is one of keys that are not the selected ones any more.
     bool isGestureOfOtherKeys() const;
-    void renewIfStale(const bool& onlyForOthers);
+    void renewIfStale(bool onlyForOthers);
 
     // Showing: CurveKeysDialogShowing.cpp
     void enableSeveralKeys(const bool& singleEach);
@@ -108,16 +110,16 @@ private:
     void beginFieldsAnew(const curve_editor::ShownKeys& now);
     void showKeys(const curve_editor::ShownKeys& now);
     void showPosition(const curve_editor::ShownKeys& now);
-    void showNumber(CustomEditLine* line, const bool& differs, const double& value);
+    void showNumber(CustomEditLine* line, bool differs, double value);
     void showTwin(const CustomEditLine* line);
     bool isBeingTyped(CustomEditLine* line) const;
 
     // Changing: CurveKeysDialogChanging.cpp
-    void selectNeighbour(const int& step);
-    static void applyToKeys(SplineCurveGraph* graph, const curve_editor::keyFields& field,
+    void selectNeighbour(int step);
+    static void applyToKeys(SplineCurveGraph* graph, curve_editor::keyFields field,
                             const PointInfo& record);
 
-    CurveEditor* editor; ///< not owned: the parent
+    std::unique_ptr<curve_editor::KeysDialogHost> host;
     /// The curves whose selected keys are shown; not owned. Any may be gone: see editableGraphs.
     QList<SplineCurveGraph*> shownGraphs;
     curve_editor::ShownKeys shown; ///< at last

@@ -2,17 +2,16 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasVisit.h"
-#include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/CommandSelectPoints.h"
 #include "commands/CommandSetPointsType.h"
+#include "commands/CurveCommandsManager.h"
 #include "core/SplineBase.h"
-#include "editor/CurveEditor.h"
-#include "widgets/NodeTypePositions.h"
+#include "curves/CurveVisit.h"
+#include "graphs/SplineCurveGraph.h"
+#include "widgets/InterpolationPositions.h"
+#include "widgets/KeysDialogHost.h"
 
 #include <cmath>
 
@@ -22,11 +21,11 @@ namespace {
 
 /// The pending pointer is cleared first: doCommand calls the host, and the host perhaps us.
 template <class Command>
-void end(std::unique_ptr<Command>& pending, CurveEditor* editor)
+void end(std::unique_ptr<Command>& pending, CurveCommandsManager& manager)
 {
     std::unique_ptr<Command> command = std::move(pending);
     if (command && command->captureFinalState()) {
-        editor->getCmdManager()->doCommand(command.release());
+        manager.doCommand(command.release());
     }
 }
 
@@ -43,34 +42,34 @@ void CurveKeysDialog::clickedPrev()
 }
 
 /// Always a step of undo, even from a lonely key to itself.
-void CurveKeysDialog::selectNeighbour(const int& step)
+void CurveKeysDialog::selectNeighbour(int step)
 {
-    editor->getCmdManager()->endGestures();
+    host->manager().endGestures();
     const QList<SplineCurveGraph*> graphs = editableGraphs();
     const PointInfo* const key = graphs.isEmpty() ? nullptr : leadingKeyOf(graphs.first());
     if (!key) {
         return;
     }
-    auto command = std::make_unique<CommandSelectPoints>(editor);
+    auto command = std::make_unique<CommandSelectPoints>(host->context());
     ControlSplineNode& selection = graphs.first()->selection();
     SplineBase* const spline = selection.spline();
     const int count = static_cast<int>(spline->getControlPointsNumber());
     const int index = (spline->findIndex(key) + step + count) % count;
     selection.selectSinglePoint(spline->at(static_cast<unsigned>(index)));
     command->captureFinalState();
-    editor->getCmdManager()->doCommand(command.release());
+    host->manager().doCommand(command.release());
     loadKeys(QList<SplineCurveGraph*>(shownGraphs));
     emit nodeTcbChanged();
 }
 
 void CurveKeysDialog::changeNodeType(int index)
 {
-    if (!isNodeTypePosition(index)) {
+    if (!isInterpolationPosition(index)) {
         return;
     }
-    editor->getCmdManager()->endGestures();
-    editor->getCmdManager()->doCommand(
-        new CommandSetPointsType(editor, nodeTypeOfPosition[static_cast<std::size_t>(index)]));
+    host->manager().endGestures();
+    host->manager().doCommand(new CommandSetPointsType(
+        host->context(), interpolationOfPosition[static_cast<std::size_t>(index)]));
     loadKeys(QList<SplineCurveGraph*>(shownGraphs));
     emit nodeTcbChanged();
 }
@@ -82,30 +81,30 @@ void CurveKeysDialog::startChangePoints()
 {
     endMovePoints();
     if (!pendingChange) {
-        editor->getFunctionEditor()->canvas().endGesture();
-        pendingChange = std::make_unique<CommandChangePoints>(editor);
+        host->endCanvasGesture();
+        pendingChange = std::make_unique<CommandChangePoints>(host->context());
         pendingKeys = editableKeys();
     }
 }
 
 void CurveKeysDialog::endChangePoints()
 {
-    end(pendingChange, editor);
+    end(pendingChange, host->manager());
 }
 
 void CurveKeysDialog::startMovePoints()
 {
     endChangePoints();
     if (!pendingMove) {
-        editor->getFunctionEditor()->canvas().endGesture();
-        pendingMove = std::make_unique<CommandMovePoints>(editor);
+        host->endCanvasGesture();
+        pendingMove = std::make_unique<CommandMovePoints>(host->context());
         pendingKeys = editableKeys();
     }
 }
 
 void CurveKeysDialog::endMovePoints()
 {
-    end(pendingMove, editor);
+    end(pendingMove, host->manager());
 }
 
 /// By the fields, so that a button that is held still goes on with nothing. A step that was begun
@@ -147,8 +146,8 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
         return;
     }
     // Whoever hears of a twin's new text may take curves off the canvas.
-    const CanvasVisit visit(&editor->getFunctionEditor()->canvas());
-    const double unit = field == timeField ? presentUnit() : 1.0;
+    const CurveVisit visit(host->tree());
+    const double unit = field == timeField ? host->timeUnit() : 1.0;
     const double number = value / unit;
     const QList<SplineCurveGraph*> graphs = editableGraphs();
     const PointInfo* key = nullptr;
@@ -174,8 +173,7 @@ void CurveKeysDialog::valueChanged(ZK_DOUBLE value, CustomEditLine* line)
     emit nodeTcbChanged();
 }
 
-void CurveKeysDialog::applyToKeys(SplineCurveGraph* graph, const keyFields& field,
-                                  const PointInfo& record)
+void CurveKeysDialog::applyToKeys(SplineCurveGraph* graph, keyFields field, const PointInfo& record)
 {
     const ControlSplineNode& selection = graph->selection();
     if (!selection.hasSelection()) {

@@ -2,14 +2,14 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "canvas/CanvasFunctionBase.h"
-#include "canvas/FunctionEditor.h"
-#include "canvas/SelectedKeys.h"
-#include "canvas/SplineCurveGraph.h"
+#include "commands/CommandContext.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
-#include "editor/CurveEditor.h"
+#include "curves/EditingSet.h"
+#include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
+#include "widgets/KeysDialogHost.h"
 
 #include <QEvent>
 #include <QSet>
@@ -48,10 +48,10 @@ void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool
 {
     if (isGestureOfOtherKeys()) {
         endGesture(); // the host hears of that, and may remove curves
-        showSelection(editor->getFunctionEditor()->canvas().keyContainers(), enable);
+        showSelection(host->keyContainers(), enable);
         return;
     }
-    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
+    const QList<CurveNode*> curves = host->context().editingSet().curves();
     const SelectionCounts counts(graphs, SelectedKeys(curves));
     if (!counts.any) {
         enableKeyFields(false);
@@ -71,7 +71,7 @@ void CurveKeysDialog::showSelection(const QList<SplineCurveGraph*>& graphs, bool
 QList<SplineCurveGraph*> CurveKeysDialog::editableGraphs() const
 {
     QSet<SplineCurveGraph*> present;
-    for (CurveNode* const curve : editor->getFunctionEditor()->canvas().editingCurves()) {
+    for (CurveNode* const curve : host->context().editingSet().curves()) {
         if (hasKeys(curve->curveType())) {
             present.insert(curve->splineGraph());
         }
@@ -113,17 +113,12 @@ QList<KeyRef> CurveKeysDialog::editableKeys() const
     return keys;
 }
 
-double CurveKeysDialog::presentUnit() const
-{
-    return editor->isModeFrames() ? editor->getFps() : 1.0;
-}
-
 ShownKeys CurveKeysDialog::selectedKeys() const
 {
-    const QList<CurveNode*> curves = editor->getFunctionEditor()->canvas().editingCurves();
+    const QList<CurveNode*> curves = host->context().editingSet().curves();
     const SelectedKeys selected(curves);
     ShownKeys now;
-    now.unit = presentUnit();
+    now.unit = host->timeUnit();
     bool hasReference = false;
     for (SplineCurveGraph* const graph : editableGraphs()) {
         const ControlSplineNode& selection = graph->selection();
@@ -176,7 +171,7 @@ bool CurveKeysDialog::eventFilter(QObject* watched, QEvent* event)
 
 /// What was typed is sent when its field loses the focus. That it stands for the right keys is all
 /// that matters then: their other numbers may be what they like.
-void CurveKeysDialog::renewIfStale(const bool& onlyForOthers)
+void CurveKeysDialog::renewIfStale(bool onlyForOthers)
 {
     if (isShowing) {
         return;
@@ -187,6 +182,6 @@ void CurveKeysDialog::renewIfStale(const bool& onlyForOthers)
     }
     const bool areOthers = now.keys != shown.keys || now.unit != shown.unit;
     if (areOthers || (!onlyForOthers && !now.showsTheSameAs(shown))) {
-        editor->getFunctionEditor()->refreshKeysDialog();
+        host->refreshKeysDialog();
     }
 }

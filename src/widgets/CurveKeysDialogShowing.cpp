@@ -2,8 +2,8 @@
 
 #include "widgets/CurveKeysDialog.h"
 
-#include "editor/CurveEditor.h"
-#include "widgets/NodeTypePositions.h"
+#include "widgets/InterpolationPositions.h"
+#include "widgets/KeysDialogHost.h"
 
 #include <QScopedValueRollback>
 
@@ -103,7 +103,7 @@ void CurveKeysDialog::showKeys(const ShownKeys& now)
     for (CustomEditLine* const line : {easeFrom, easeTo}) {
         line->setBounds(0.0, 1.0);
     }
-    nodeTypeCombo->setCurrentIndex(positionOfNodeType(now.reference.type));
+    nodeTypeCombo->setCurrentIndex(positionOfInterpolation(now.reference.type));
     nodeTypeWidgetStack->setCurrentWidget(now.reference.type == zk_spline::bezier ? ioPage
                                                                                   : tcbPage);
     tcbCurve->showKey(now.reference);
@@ -123,11 +123,11 @@ void CurveKeysDialog::showPosition(const ShownKeys& now)
 
 void CurveKeysDialog::setPosX(ZK_DOUBLE value)
 {
-    showNumber(posX, false, value * presentUnit());
+    showNumber(posX, false, value * host->timeUnit());
     showTwin(posX);
 }
 
-void CurveKeysDialog::showNumber(CustomEditLine* line, const bool& differs, const double& value)
+void CurveKeysDialog::showNumber(CustomEditLine* line, bool differs, double value)
 {
     if (isBeingTyped(line)) {
         return;
@@ -143,7 +143,7 @@ void CurveKeysDialog::showNumber(CustomEditLine* line, const bool& differs, cons
 /// What the field of the dialog shows, on the menu bar.
 void CurveKeysDialog::showTwin(const CustomEditLine* line)
 {
-    CustomEditLine* const twin = line == posX ? editor->positionX() : editor->positionY();
+    CustomEditLine* const twin = line == posX ? host->positionX() : host->positionY();
     if (!isBeingTyped(twin)) {
         twin->showText(line->text());
     }
@@ -160,7 +160,7 @@ bool CurveKeysDialog::isBeingTyped(CustomEditLine* line) const
 
 void CurveKeysDialog::renewTimes()
 {
-    if (!shown.keys.isEmpty() && presentUnit() != shown.unit) {
+    if (!shown.keys.isEmpty() && host->timeUnit() != shown.unit) {
         loadKeys(QList<SplineCurveGraph*>(shownGraphs));
     }
 }

@@ -35,7 +35,7 @@ double numberIn(const QString& text)
 }
 
 /// As a 32-bit float; infinite where that holds no more.
-float magnitudeOf(const double& value)
+float magnitudeOf(double value)
 {
     const double magnitude = std::fabs(value);
     return magnitude > std::numeric_limits<float>::max() ? std::numeric_limits<float>::infinity()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/Decimals.h"
 #include "core/ZkTypes.h"
 #include "zk_curve_editor_export.h"
 
@@ -16,9 +17,8 @@ class ZK_CURVE_EDITOR_EXPORT CustomEditLine : public QLineEdit
     Q_OBJECT
 
 public:
-    /// More digits behind the point are not shown, here or in the read-outs: no double has them
-    /// all, and an endless number of them would fill the memory.
-    static constexpr int mostDecimals = 99;
+    /// More digits behind the point are not shown, here or in the read-outs.
+    static constexpr int mostDecimals = curve_editor::mostDecimals;
 
     explicit CustomEditLine(QWidget* parent = nullptr);
 

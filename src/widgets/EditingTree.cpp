@@ -17,7 +17,7 @@ void collectSelection(const QTreeWidget& tree, const QTreeWidgetItem& parent,
                       const QSet<QString>& wanted, QItemSelection& selection)
 {
     const QAbstractItemModel& model = *tree.model();
-    const auto addRun = [&](const int& first, const int& end) {
+    const auto addRun = [&](int first, int end) {
         if (first >= 0) {
             selection.append(QItemSelectionRange(model.index(first, 0, parentIndex),
                                                  model.index(end - 1, 0, parentIndex)));

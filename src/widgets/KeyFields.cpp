@@ -6,7 +6,7 @@ namespace curve_editor {
 
 namespace {
 
-double* numberOf(PointInfo& key, const keyFields& field)
+double* numberOf(PointInfo& key, keyFields field)
 {
     switch (field) {
     case timeField:
@@ -34,14 +34,14 @@ double* numberOf(PointInfo& key, const keyFields& field)
 
 } // namespace
 
-double readField(const PointInfo& key, const keyFields& field)
+double readField(const PointInfo& key, keyFields field)
 {
     PointInfo copy = key;
     const double* const number = numberOf(copy, field);
     return number ? *number : 0.0;
 }
 
-bool editField(PointInfo& record, const keyFields& field, const double& number)
+bool editField(PointInfo& record, keyFields field, double number)
 {
     double* const target = numberOf(record, field);
     const bool isLocked = field == continuityField && record.unifiedTangents;
@@ -56,7 +56,7 @@ bool editField(PointInfo& record, const keyFields& field, const double& number)
     return true;
 }
 
-void copyField(SplineBase& spline, PointInfo* key, const keyFields& field, const PointInfo& record)
+void copyField(SplineBase& spline, PointInfo* key, keyFields field, const PointInfo& record)
 {
     switch (field) {
     case valueField:

@@ -28,16 +28,16 @@ enum keyFields : int
 };
 
 /// 0 for noField.
-double readField(const PointInfo& key, const keyFields& field);
+double readField(const PointInfo& key, keyFields field);
 
 /// What an edit of one key makes of a record: on unified tangents a slope is that of both sides,
 /// and continuity stays as it is. `number` is in seconds for the time. Returns false where the
 /// record does not take the number.
-bool editField(PointInfo& record, const keyFields& field, const double& number);
+bool editField(PointInfo& record, keyFields field, double number);
 
 /// Copies one number of a record, but never the time, to a key of the spline. The other numbers of
 /// the key stay, save that unified tangents remain equal, and their continuity 0.
-void copyField(SplineBase& spline, PointInfo* key, const keyFields& field, const PointInfo& record);
+void copyField(SplineBase& spline, PointInfo* key, keyFields field, const PointInfo& record);
 
 /// In what the keys shown together differ from the first of them.
 struct KeyDifferences

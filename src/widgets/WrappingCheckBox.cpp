@@ -3,6 +3,8 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
+namespace curve_editor {
+
 QSize WrappingCheckBox::sizeHint() const
 {
     ensurePolished();
@@ -50,3 +52,5 @@ QString WrappingCheckBox::wrapped(const QString& label) const
     }
     return best;
 }
+
+} // namespace curve_editor

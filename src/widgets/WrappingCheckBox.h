@@ -4,6 +4,8 @@
 
 #include <QCheckBox>
 
+namespace curve_editor {
+
 /// A check box that writes its text in two lines where its maximum width has no room for one.
 /// `text()` stays in one piece.
 class ZK_CURVE_EDITOR_EXPORT WrappingCheckBox : public QCheckBox
@@ -21,3 +23,5 @@ private:
     QSize sizeWith(const QString& label) const;
     QString wrapped(const QString& label) const;
 };
+
+} // namespace curve_editor

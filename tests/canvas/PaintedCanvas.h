@@ -1,15 +1,15 @@
 #pragma once
 
 #include "canvas/CanvasBackground.h"
-#include "canvas/CanvasColors.h"
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNode.h"
+#include "graphs/CanvasColors.h"
+#include "graphs/SplineCurveGraph.h"
 #include "support/GoldenPicture.h"
 #include "support/Pixels.h"
 

@@ -1,10 +1,10 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNode.h"
+#include "graphs/SplineCurveGraph.h"
 #include "support/FailOnWarning.h"
 
 #include <QTest>

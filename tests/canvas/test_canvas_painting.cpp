@@ -17,7 +17,7 @@ private slots:
 
     void aBackgroundWithoutAnImageShowsTheCanvas()
     {
-        canvas().setBackground(new CanvasBackground);
+        canvas().setBackground(std::make_unique<CanvasBackground>());
         QCOMPARE(painted(), paintedAfter([this] { canvas().setBackground(nullptr); }));
     }
 

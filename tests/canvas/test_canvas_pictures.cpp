@@ -164,7 +164,7 @@ private slots:
         picture->image = QImage(2, 1, QImage::Format_RGB32);
         picture->image.fill(QColor(0, 80, 40));
         CanvasBackground* kept = picture.get();
-        canvas().setBackground(picture.release());
+        canvas().setBackground(std::move(picture));
         COMPARE_PICTURE("background", painted());
         QCOMPARE(kept->pixmap.size(), QSize(400, 300));
         QVERIFY(!canvas().frameGrid()->opaqueLabels);

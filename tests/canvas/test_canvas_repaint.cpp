@@ -1,4 +1,4 @@
-#include "canvas/SplineCurveGraph.h"
+#include "graphs/SplineCurveGraph.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 

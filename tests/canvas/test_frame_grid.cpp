@@ -1,5 +1,5 @@
 #include "canvas/FrameGrid.h"
-#include "canvas/ViewPort.h"
+#include "graphs/ViewPort.h"
 #include "support/FailOnWarning.h"
 
 #include <QImage>

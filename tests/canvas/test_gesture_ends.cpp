@@ -3,6 +3,8 @@
 #include "canvas/StepLabels.h"
 #include "support/FailOnWarning.h"
 
+#include <cmath>
+
 using Mode = CurveEditor::curveEditorModes;
 
 /// Which presses, releases and events begin, carry on and end a gesture.
@@ -225,6 +227,34 @@ private slots:
         QCOMPARE(fixture->canvas().maxY, 30.0);
     }
 
+    void anEditOfTheSelectionLeavesADragOfTheView_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<double>("minX"); // after the release
+        QTest::newRow("a rectangle") << int(Qt::LeftButton) << 10.0;
+        QTest::newRow("a pan") << int(Qt::MiddleButton) << -20.0;
+        QTest::newRow("a zoom") << int(Qt::RightButton) << 10.0 - 10.0 * std::pow(5.0, 0.4);
+    }
+
+    /// Of 50 seconds across the mouse goes 20.
+    void anEditOfTheSelectionLeavesADragOfTheView()
+    {
+        QFETCH(int, button);
+        QFETCH(double, minX);
+        const auto held = static_cast<Qt::MouseButton>(button);
+        fixture->selectKeys("n.a", {0, 1});
+        fixture->editor.setZoomMode();
+        fixture->press(at(10, 10), held);
+        fixture->moveTo(at(20, 10), held);
+        fixture->editor.selectNoneKeys();
+        QVERIFY(fixture->selectionOf("n.a").selectedPoints.isEmpty());
+        QVERIFY(fixture->canvas().viewDrag);
+        fixture->moveTo(EditorFixture::pixel(30, 30), held);
+        fixture->release(EditorFixture::pixel(30, 30), held);
+        QVERIFY(!fixture->canvas().viewDrag);
+        QCOMPARE(fixture->canvas().minX, minX);
+    }
+
     void aMiddleButtonLetGoEndsARubberBand()
     {
         fixture->press(at(5, 5));
@@ -341,8 +371,8 @@ private:
     static void lostReleases()
     {
         QTest::addColumn<QString>("event");
-        for (const char* event : {"a box", "a popup", "a hidden window", "another window",
-                                  "an empty set", "a move without a button"}) {
+        for (const char* event : {"a box", "a popup", "a hidden window", "a disabled canvas",
+                                  "another window", "an empty set", "a move without a button"}) {
             QTest::newRow(event) << QString(event);
         }
     }
@@ -355,6 +385,9 @@ private:
             openAPopup(*fixture);
         } else if (event == "a hidden window") {
             hideForAWhile(*fixture);
+        } else if (event == "a disabled canvas") {
+            fixture->canvas().setEnabled(false);
+            fixture->canvas().setEnabled(true);
         } else if (event == "another window") {
             activateAnotherWindow(*fixture);
         } else if (event == "an empty set") {

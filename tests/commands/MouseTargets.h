@@ -1,7 +1,7 @@
 #pragma once
 
-#include "canvas/SplineCurveGraph.h"
 #include "commands/MouseStage.h"
+#include "graphs/SplineCurveGraph.h"
 
 /// Places on the canvas that a mouse goes to.
 class MouseTargets

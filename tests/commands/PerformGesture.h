@@ -1,15 +1,14 @@
 #pragma once
 
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 
 #include <memory>
 
 /// Runs a gesture; returns whether it became a step.
 template <class Command, class Gesture>
-bool perform(EditorFixture& fixture, const Gesture& gesture)
+bool perform(DocumentFixture& fixture, const Gesture& gesture)
 {
-    auto command = std::make_unique<Command>(&fixture.editor);
+    auto command = std::make_unique<Command>(fixture);
     gesture();
-    return command->captureFinalState() &&
-           fixture.editor.getCmdManager()->doCommand(command.release());
+    return command->captureFinalState() && fixture.manager.doCommand(command.release());
 }

@@ -1,10 +1,8 @@
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 
 #include "commands/CommandAddPoint.h"
 #include "commands/KeyLists.h"
-#include "support/RefreshCounter.h"
 
 using namespace curve_editor;
 
@@ -28,13 +26,11 @@ private slots:
     {
         QFETCH(int, type);
         QFETCH(bool, broken);
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {9, 9}});
-        fixture.logic().defaultNodeType = type;
-        fixture.logic().defaultBrokenTangent = broken;
-        NodeStruct* const record = fixture.editor.searchAllNodeList("n.a");
-        QVERIFY(fixture.editor.getCmdManager()->doCommand(
-            new CommandAddPoint(&fixture.editor, record, 5.0, 7.0)));
+        fixture.defaults = {static_cast<zk_spline::interpolationType>(type), !broken};
+        NodeStruct* const record = fixture.record("n.a");
+        QVERIFY(fixture.manager.doCommand(new CommandAddPoint(fixture, record, 5.0, 7.0)));
         const PointInfo* const key = curve.spline.at(1);
         QCOMPARE(key->time, 5.0);
         QCOMPARE(key->value, 7.0);
@@ -53,13 +49,12 @@ private slots:
 
     void undoTakesOutTheVeryKeyAndRedoPutsItBack()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{5, 1}, {9, 9}});
         fixture.selectKeys("n.a", {0, 1});
         PointInfo* const old = curve.spline.at(0);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        manager.doCommand(new CommandAddPoint(&fixture.editor,
-                                              fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        CurveCommandsManager& manager = fixture.manager;
+        manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 5.0, 7.0));
         QCOMPARE(keyTimes(curve.spline), (QList<double>{5, 5, 9}));
         PointInfo* const added = fixture.selectionOf("n.a").currentPoint;
         QVERIFY(added != old);
@@ -75,61 +70,50 @@ private slots:
 
     void aMissingNodeOrSplineRefusesTheKey()
     {
-        EditorFixture fixture;
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(!manager.doCommand(new CommandAddPoint(&fixture.editor, nullptr, 1.0, 1.0)));
-        fixture.editor.addCurve("n", "a", Qt::red, 0, nullptr, nullptr, 0, 1, true, true);
-        QVERIFY(!manager.doCommand(new CommandAddPoint(
-            &fixture.editor, fixture.editor.searchAllNodeList("n.a"), 1.0, 1.0)));
+        DocumentFixture fixture;
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(!manager.doCommand(new CommandAddPoint(fixture, nullptr, 1.0, 1.0)));
+        fixture.lend("n.a", nullptr, nullptr);
+        QVERIFY(!manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 1.0, 1.0)));
         QVERIFY(!manager.undo());
     }
 
     void addingTellsTheHostAndThenRefreshes()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.editCurve("n.a.b", {{1, 1}});
-        HostEar host(fixture.editor);
-        RefreshCounter refreshes(fixture.editor);
-        fixture.editor.getCmdManager()->doCommand(new CommandAddPoint(
-            &fixture.editor, fixture.editor.searchAllNodeList("n.a.b"), 5.0, 7.0));
-        QCOMPARE(host.take(), QStringList{"n|a.b"});
-        QCOMPARE(refreshes.taken(), 1);
-        fixture.editor.getCmdManager()->undo();
-        QCOMPARE(host.take(), QStringList{"n|a.b"});
-        QCOMPARE(refreshes.taken(), 1);
-        fixture.editor.getCmdManager()->redo();
-        QCOMPARE(host.take(), QStringList{"n|a.b"});
-        QCOMPARE(refreshes.taken(), 1);
+        fixture.takeCalls();
+        fixture.manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a.b"), 5.0, 7.0));
+        QCOMPARE(fixture.takeCalls(), (QStringList{"n|a.b", "refresh"}));
+        fixture.manager.undo();
+        QCOMPARE(fixture.takeCalls(), (QStringList{"n|a.b", "refresh"}));
+        fixture.manager.redo();
+        QCOMPARE(fixture.takeCalls(), (QStringList{"n|a.b", "refresh"}));
     }
 
     void undoOfAKeyOnACurveThatLeftTheCanvasTellsNobodyButRefreshes()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.addCurve("n.b", {{1, 1}});
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
-        fixture.editor.getCmdManager()->doCommand(new CommandAddPoint(
-            &fixture.editor, fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
-        fixture.editor.removeCurveFromEditing("n.a");
-        fixture.editor.selectNodes(QString("n.b"));
-        HostEar host(fixture.editor);
-        RefreshCounter refreshes(fixture.editor);
-        fixture.editor.getCmdManager()->undo();
+        fixture.manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 5.0, 7.0));
+        fixture.leaveCanvas("n.a");
+        fixture.edit({"n.b"});
+        fixture.takeCalls();
+        fixture.manager.undo();
         QCOMPARE(keyTimes(curve.spline), QList<double>{1});
-        QVERIFY(host.take().isEmpty());
-        QCOMPARE(refreshes.taken(), 1);
-        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(fixture.takeCalls(), QStringList{"refresh"});
+        fixture.manager.redo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 5}));
-        QVERIFY(host.take().isEmpty());
-        QCOMPARE(refreshes.taken(), 1);
+        QCOMPARE(fixture.takeCalls(), QStringList{"refresh"});
     }
 
     void aKeyThatTheHostTookIsNotTakenAgain()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        manager.doCommand(new CommandAddPoint(&fixture.editor,
-                                              fixture.editor.searchAllNodeList("n.a"), 5.0, 7.0));
+        CurveCommandsManager& manager = fixture.manager;
+        manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 5.0, 7.0));
         fixture.selectionOf("n.a").clear();
         const std::unique_ptr<PointInfo> taken(curve.spline.at(1));
         curve.spline.remove(taken.get());

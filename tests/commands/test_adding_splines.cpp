@@ -1,8 +1,7 @@
 // Adding splines to expressions, and taking them out again.
 
-#include "support/ExpressionSteps.h"
+#include "commands/ExpressionSteps.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 
 using namespace curve_editor;
 
@@ -24,14 +23,14 @@ private slots:
 private:
     LentCurve& curve(const QString& name) { return *fixture->curves.at(name); }
 
-    std::unique_ptr<EditorFixture> fixture;
+    std::unique_ptr<DocumentFixture> fixture;
     std::unique_ptr<ExpressionSteps> steps;
 };
 
 void TestAddingSplines::init()
 {
     failOnUnexpectedWarning();
-    fixture = std::make_unique<EditorFixture>();
+    fixture = std::make_unique<DocumentFixture>();
     steps = std::make_unique<ExpressionSteps>(*fixture);
 }
 
@@ -60,8 +59,8 @@ void TestAddingSplines::theFirstCurveDecides()
         names.append(QStringLiteral("n.c%1x").arg(names.size()));
         fixture->addCurve(names.last(), {{1, 1}}, "t").spline.setAddFunc(added);
     }
-    fixture->editor.selectNodes(names);
-    HostEar host(fixture->editor);
+    fixture->edit(names);
+    fixture->takeCalls();
     const auto flags = [&] {
         QList<bool> result;
         for (const QString& name : names) {
@@ -72,10 +71,10 @@ void TestAddingSplines::theFirstCurveDecides()
     QVERIFY(steps->addFunc());
     for (int round = 0; round < 2; ++round) {
         QCOMPARE(flags(), QList<bool>(before.size(), after));
-        QCOMPARE(host.take().size(), names.size());
+        QCOMPARE(fixture->takeReports().size(), names.size());
         steps->undo();
         QCOMPARE(flags(), before);
-        QCOMPARE(host.take().size(), names.size());
+        QCOMPARE(fixture->takeReports().size(), names.size());
         steps->redo();
     }
 }
@@ -84,7 +83,7 @@ void TestAddingSplines::aCurveOffTheCanvasIsAddedToo()
 {
     const LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     QVERIFY(steps->addFunc());
-    fixture->editor.setCurveEditableOff(fixture->editor.searchAllNodeList("n.a"));
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QVERIFY(!a.spline.isAddFunc());
     steps->redo();
@@ -95,7 +94,7 @@ void TestAddingSplines::aSplineAmongThemKeepsAllAsTheyAre()
 {
     const LentCurve& a = fixture->addCurve("n.a", {{1, 1}});
     const LentCurve& b = fixture->addCurve("n.b", {{1, 1}}, "t");
-    fixture->editor.selectNodes(QStringList{"n.b", "n.a"});
+    fixture->edit({"n.b", "n.a"});
     QVERIFY(steps->addFunc());
     QVERIFY(!a.spline.isAddFunc());
     QVERIFY(!b.spline.isAddFunc()); // the set counts as mixed
@@ -105,11 +104,11 @@ void TestAddingSplines::aRecordOfTheSameNameIsLeftAlone()
 {
     // The curve on the canvas took the name of one that stands before it in the list.
     const LentCurve& hidden = fixture->addCurve("n.a", {{1, 1}});
-    fixture->editor.setCurveEditableOff(fixture->editor.searchAllNodeList("n.a"));
+    fixture->leaveCanvas("n.a");
     const LentCurve& shown = fixture->editCurve("n.b", {{2, 2}}, "t");
-    fixture->editor.renameCurve("n", "b", "a");
-    fixture->editor.selectNodes(QStringList("n.a"));
-    QCOMPARE(fixture->logic().firstSpline(), &shown.spline);
+    fixture->renameCurve("n.b", "n.a");
+    fixture->edit({"n.a"});
+    QCOMPARE(fixture->editingSet().firstSpline(), &shown.spline);
     QVERIFY(steps->addFunc());
     QVERIFY(!hidden.spline.isAddFunc());
     steps->undo();
@@ -119,13 +118,13 @@ void TestAddingSplines::aRecordOfTheSameNameIsLeftAlone()
 void TestAddingSplines::theHostHearsWhenTheButtonIsUpToDate()
 {
     fixture->editCurve("n.a", {{1, 1}}, "t");
-    QList<bool> heard;
-    connect(&fixture->editor, &CurveEditor::curveHasChanged, this,
-            [&] { heard.append(fixture->editor.addToSpline->isChecked()); });
+    const QStringList refreshFirst{"refresh", "n|a", "refresh"};
     QVERIFY(steps->addFunc());
+    QCOMPARE(fixture->takeCalls(), refreshFirst);
     steps->undo();
+    QCOMPARE(fixture->takeCalls(), refreshFirst);
     steps->redo();
-    QCOMPARE(heard, (QList<bool>{true, false, true}));
+    QCOMPARE(fixture->takeCalls(), refreshFirst);
 }
 
 QTEST_MAIN(TestAddingSplines)

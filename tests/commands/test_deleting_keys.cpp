@@ -1,10 +1,8 @@
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 
 #include "commands/CommandDelPoints.h"
 #include "commands/KeyLists.h"
-#include "support/RefreshCounter.h"
 
 using namespace curve_editor;
 
@@ -18,18 +16,18 @@ private slots:
 
     void deletingTakesTheSelectedKeysOfEachCurve()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.edit({"n.a", "n.b"});
         fixture.selectKeys("n.a", {0, 2});
         fixture.selectKeys("n.b", {});
-        HostEar host(fixture.editor);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(manager.doCommand(new CommandDelPoints(&fixture.editor)));
+        fixture.takeCalls();
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(manager.doCommand(new CommandDelPoints(fixture)));
         QCOMPARE(keyTimes(a.spline), QList<double>{2});
         QCOMPARE(keyTimes(b.spline), (QList<double>{1, 2}));
-        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
         QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
 
         fixture.selectKeys("n.b", {1});
@@ -39,33 +37,31 @@ private slots:
         QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
                  (QList<PointInfo*>{a.spline.at(0), a.spline.at(2)}));
         QCOMPARE(keyTimes(b.spline), (QList<double>{1, 2}));
-        QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
+        QCOMPARE(fixture.takeReports(), (QStringList{"n|a", "n|b"}));
         QVERIFY(b.spline.findIndex(otherKey) >= 0);
 
         manager.redo();
         QCOMPARE(keyTimes(a.spline), QList<double>{2});
-        QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
+        QCOMPARE(fixture.takeReports(), (QStringList{"n|a", "n|b"}));
     }
 
     void deletingNothingKeepsNoCommandButReports()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.editCurve("n.a", {{1, 1}});
-        HostEar host(fixture.editor);
-        RefreshCounter refreshes(fixture.editor);
-        QVERIFY(!fixture.editor.getCmdManager()->doCommand(new CommandDelPoints(&fixture.editor)));
-        QVERIFY(host.take().isEmpty());
-        QCOMPARE(refreshes.taken(), 1); // the report of an empty list
-        QVERIFY(!fixture.editor.getCmdManager()->undo());
+        fixture.takeCalls();
+        QVERIFY(!fixture.manager.doCommand(new CommandDelPoints(fixture)));
+        QCOMPARE(fixture.takeCalls(), QStringList{"refresh"}); // the report of an empty list
+        QVERIFY(!fixture.manager.undo());
     }
 
     void redoDeletesTheRecordedKeysWhateverIsSelectedByThen()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         fixture.selectKeys("n.a", {1});
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        manager.doCommand(new CommandDelPoints(&fixture.editor));
+        CurveCommandsManager& manager = fixture.manager;
+        manager.doCommand(new CommandDelPoints(fixture));
         manager.undo();
         fixture.selectKeys("n.a", {0, 2});
         manager.redo();
@@ -77,12 +73,12 @@ private slots:
 
     void deletingOnACurveThatLeftTheCanvasIsStillTakenBack()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0});
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        manager.doCommand(new CommandDelPoints(&fixture.editor));
-        fixture.editor.removeCurve("n", "a");
+        CurveCommandsManager& manager = fixture.manager;
+        manager.doCommand(new CommandDelPoints(fixture));
+        fixture.removeCurve("n.a");
         manager.undo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         manager.redo();
@@ -91,16 +87,17 @@ private slots:
 
     void aReaddedCurveWithAnotherSplineIsLeftAloneByOlderCommands()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         LentCurve other;
         other.addKey(1, 1);
         other.addKey(2, 2);
         fixture.selectKeys("n.a", {0});
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        manager.doCommand(new CommandDelPoints(&fixture.editor));
-        fixture.editor.removeCurve("n", "a");
-        fixture.editor.addCurve("n", "a", Qt::red, 0, &other.spline, nullptr, 0, 1, true, true);
+        CurveCommandsManager& manager = fixture.manager;
+        manager.doCommand(new CommandDelPoints(fixture));
+        fixture.removeCurve("n.a");
+        fixture.lend("n.a", &other.spline, nullptr);
+        fixture.edit({"n.a"});
         fixture.selectionOf("n.a").selectPoints({other.spline.at(1)});
         manager.undo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
@@ -108,29 +105,29 @@ private slots:
         manager.redo();
         QCOMPARE(keyTimes(curve.spline), QList<double>{2});
         QCOMPARE(keyTimes(other.spline), (QList<double>{1, 2}));
-        fixture.editor.removeCurve("n", "a");
+        fixture.removeCurve("n.a");
     }
 
     void splinePlusExpressionCurvesHaveKeysToo()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}}, "t");
         curve.spline.setAddFunc(true);
         fixture.selectKeys("n.a", {0});
-        QVERIFY(fixture.editor.getCmdManager()->doCommand(new CommandDelPoints(&fixture.editor)));
+        QVERIFY(fixture.manager.doCommand(new CommandDelPoints(fixture)));
         QCOMPARE(keyTimes(curve.spline), QList<double>{2});
     }
 
     void twoCurvesOfOneSplineDeleteAKeyOnce()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
-        fixture.editor.addCurve("n", "b", Qt::red, 0, &curve.spline, nullptr, 0, 1, true, true);
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.lend("n.b", &curve.spline, nullptr);
+        fixture.edit({"n.a", "n.b"});
         fixture.selectKeys("n.a", {0});
         fixture.selectionOf("n.b").selectPoints({curve.spline.at(0), curve.spline.at(1)});
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(manager.doCommand(new CommandDelPoints(&fixture.editor)));
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(manager.doCommand(new CommandDelPoints(fixture)));
         QCOMPARE(keyTimes(curve.spline), QList<double>{});
         QVERIFY(fixture.selectionOf("n.b").selectedPoints.isEmpty());
         manager.undo();

@@ -1,9 +1,7 @@
 // Setting and deleting expressions.
 
-#include "support/BoxCatcher.h"
-#include "support/ExpressionSteps.h"
+#include "commands/ExpressionSteps.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 
 using namespace curve_editor;
 
@@ -43,22 +41,19 @@ private slots:
     void labels();
 
 private:
-    std::unique_ptr<EditorFixture> fixture;
+    std::unique_ptr<DocumentFixture> fixture;
     std::unique_ptr<ExpressionSteps> steps;
-    std::unique_ptr<BoxCatcher> boxes;
 };
 
 void TestExpressionCommands::init()
 {
     failOnUnexpectedWarning();
-    fixture = std::make_unique<EditorFixture>();
+    fixture = std::make_unique<DocumentFixture>();
     steps = std::make_unique<ExpressionSteps>(*fixture);
-    boxes = std::make_unique<BoxCatcher>();
 }
 
 void TestExpressionCommands::cleanup()
 {
-    boxes.reset();
     steps.reset();
     fixture.reset();
 }
@@ -85,21 +80,21 @@ void TestExpressionCommands::undoOfAFirstExpressionEmptiesTheSlotAndClearsAddFun
     steps->undo();
     QCOMPARE(expressionOf(a), QString("none"));
     QVERIFY(!a.spline.isAddFunc());
-    QCOMPARE(fixture->editor.commandLine->text(), QString());
+    QCOMPARE(fixture->lineText, QString());
     steps->redo();
     QCOMPARE(expressionOf(a), QString("t"));
-    QCOMPARE(fixture->editor.commandLine->text(), QString("t"));
+    QCOMPARE(fixture->lineText, QString("t"));
 }
 
 void TestExpressionCommands::undoOfAChangedExpressionRestoresWhatTheTreePrints()
 {
     const LentCurve& a = fixture->editCurve("n.a", {});
     QVERIFY(steps->parse(" ( t ) + 1.50 ", {"n.a"}));
-    QCOMPARE(fixture->editor.commandLine->text(), QString(" ( t ) + 1.50 "));
+    QCOMPARE(fixture->lineText, QString(" ( t ) + 1.50 "));
     QVERIFY(steps->parse("f", {"n.a"}));
     steps->undo();
     QCOMPARE(expressionOf(a), QString("t+1.5"));
-    QCOMPARE(fixture->editor.commandLine->text(), QString("t+1.5"));
+    QCOMPARE(fixture->lineText, QString("t+1.5"));
 }
 
 void TestExpressionCommands::undoOfAChangedExpressionLeavesAddFunc()
@@ -132,33 +127,36 @@ void TestExpressionCommands::aTextThatFailsLeavesAllCurvesAndNoStep()
 {
     const LentCurve& a = fixture->addCurve("n.a", {}, "t");
     const LentCurve& b = fixture->addCurve("n.b", {});
-    HostEar host(fixture->editor);
+    fixture->takeCalls();
     QVERIFY(!steps->parse("t+", {"n.a", "n.b"}));
-    QCOMPARE(boxes->titles, (QStringList{"Syntax error", "Syntax error"}));
+    // A box for each curve, then the report of none.
+    QCOMPARE(fixture->takeCalls(),
+             (QStringList{"box: Syntax error", "box: Syntax error", "refresh"}));
+    QVERIFY(!fixture->parsed.errorSpans.empty()); // which the line marks
     QCOMPARE(expressionOf(a), QString("t"));
     QCOMPARE(expressionOf(b), QString("none"));
     QVERIFY(fixture->undoAll().isEmpty());
-    QVERIFY(host.take().isEmpty());
+    QVERIFY(fixture->takeReports().isEmpty());
 }
 
 void TestExpressionCommands::settingReportsTheCurvesThatTookIt()
 {
     fixture->addCurve("n.a", {});
     fixture->addCurve("n.x.b", {}, "t");
-    HostEar host(fixture->editor);
+    fixture->takeCalls();
     QVERIFY(steps->parse("f", {"n.a", "n.x.b"}));
-    QCOMPARE(host.take(), (QStringList{"n|a", "n|x.b"}));
+    QCOMPARE(fixture->takeReports(), (QStringList{"n|a", "n|x.b"}));
     steps->undo();
-    QCOMPARE(host.take(), (QStringList{"n|a", "n|x.b"}));
+    QCOMPARE(fixture->takeReports(), (QStringList{"n|a", "n|x.b"}));
     steps->redo();
-    QCOMPARE(host.take(), (QStringList{"n|a", "n|x.b"}));
+    QCOMPARE(fixture->takeReports(), (QStringList{"n|a", "n|x.b"}));
 }
 
 void TestExpressionCommands::settingWritesIntoTheSlotOfACurveThatHasLeftTheCanvas()
 {
     const LentCurve& a = fixture->editCurve("n.a", {}, "t");
     QVERIFY(steps->parse("f", {"n.a"}));
-    fixture->editor.setCurveEditableOff(fixture->editor.searchAllNodeList("n.a"));
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QCOMPARE(expressionOf(a), QString("t"));
     steps->redo();
@@ -175,13 +173,13 @@ void TestExpressionCommands::undoneTextWithAVariableThatHasGoneShowsTheBoxAndLea
     fixture->addCurve("n.b", {{1, 1}});
     QVERIFY(steps->parse("n.b", {"n.a"}));
     QVERIFY(steps->parse("t", {"n.a"}));
-    fixture->editor.removeCurve("n", "b");
+    fixture->removeCurve("n.b");
     steps->undo();
-    QCOMPARE(boxes->texts, QStringList{"Variable n.b not found"});
+    QCOMPARE(fixture->texts, QStringList{"Variable n.b not found"});
     QCOMPARE(expressionOf(a), QString("none"));
     steps->undo();
     steps->redo();
-    QCOMPARE(boxes->texts.size(), 2); // the text that was typed names it as well
+    QCOMPARE(fixture->texts.size(), 2); // the text that was typed names it as well
     QCOMPARE(expressionOf(a), QString("none"));
     steps->redo();
     QCOMPARE(expressionOf(a), QString("t"));
@@ -201,25 +199,28 @@ void TestExpressionCommands::theHostHearsOfAStepWhileTheLineShowsWhatItSet()
     QFETCH(QString, text);
     fixture->editCurve("n.a", {}, "t");
     QStringList heard;
-    connect(&fixture->editor, &CurveEditor::curveHasChanged, this,
-            [&] { heard.append(fixture->editor.commandLine->text()); });
+    fixture->whenCalled = [&](const QString& call) {
+        if (call == "n|a") {
+            heard.append(fixture->lineText);
+        }
+    };
     QVERIFY(isDeletion ? steps->remove(QStringList{"n.a"}) : steps->parse(text, {"n.a"}));
     QCOMPARE(heard, QStringList{text});
     steps->undo(); // the line follows after the host
     QCOMPARE(heard, QStringList(2, text));
-    QCOMPARE(fixture->editor.commandLine->text(), QString("t"));
+    QCOMPARE(fixture->lineText, QString("t"));
 }
 
 void TestExpressionCommands::deletingNamesACurveWithoutExpressionAndUndoLeavesItAlone()
 {
     const LentCurve& a = fixture->addCurve("n.a", {}, "t");
     LentCurve& b = fixture->addCurve("n.b", {{1, 1}});
-    HostEar host(fixture->editor);
+    fixture->takeCalls();
     QVERIFY(steps->remove(QStringList{"n.a", "n.b"}));
-    QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
+    QCOMPARE(fixture->takeReports(), (QStringList{"n|a", "n|b"}));
     b.setExpression("f");
     steps->undo();
-    QCOMPARE(host.take(), QStringList{"n|a"});
+    QCOMPARE(fixture->takeReports(), QStringList{"n|a"});
     QCOMPARE(expressionOf(a), QString("t"));
     QCOMPARE(expressionOf(b), QString("f"));
 }
@@ -228,14 +229,14 @@ void TestExpressionCommands::deletingIsUndoneOnACurveThatHasLeftTheCanvas()
 {
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
-    NodeStruct* const record = fixture->editor.searchAllNodeList("n.a");
+    NodeStruct* const record = fixture->record("n.a");
     QVERIFY(steps->removeRecords({record}));
-    fixture->editor.setCurveEditableOff(record);
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QCOMPARE(expressionOf(a), QString("t"));
     QVERIFY(a.spline.isAddFunc());
-    fixture->editor.setCurveEditableOn(record);
-    CurveNode* const returned = fixture->logic().findCurve("n.a");
+    fixture->enterCanvas(record, nullptr);
+    CurveNode* const returned = fixture->tree().findCurve("n.a");
     QCOMPARE(returned->expression(), a.expression);
     QCOMPARE(returned->curveType(), 2);
 }
@@ -245,7 +246,7 @@ void TestExpressionCommands::deletingAgainOnACurveThatHasLeftTheCanvasNoLongerAd
     LentCurve& lent = fixture->editCurve("n.a", {{10, 10}}, "t");
     lent.spline.setAddFunc(true);
     QVERIFY(steps->remove(QStringList{"n.a"}));
-    fixture->editor.removeCurveFromEditing("n.a");
+    fixture->leaveCanvas("n.a");
     steps->undo();
     QVERIFY(lent.spline.isAddFunc());
     steps->redo();
@@ -257,12 +258,12 @@ void TestExpressionCommands::deletingOffTheCanvasEmptiesTheSlotAlone()
 {
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
-    NodeStruct* const record = fixture->editor.searchAllNodeList("n.a");
-    fixture->editor.setCurveEditableOff(record);
+    NodeStruct* const record = fixture->record("n.a");
+    fixture->leaveCanvas("n.a");
     QVERIFY(steps->removeRecords({record}));
     QCOMPARE(expressionOf(a), QString("none"));
     QVERIFY(a.spline.isAddFunc());
-    fixture->editor.setCurveEditableOn(record);
+    fixture->enterCanvas(record, nullptr);
     QVERIFY(steps->parse("f", {"n.a"}));
     for (int round = 0; round < 2; ++round) {
         QCOMPARE(expressionOf(a), QString("f"));
@@ -281,10 +282,10 @@ void TestExpressionCommands::deletingOffTheCanvasIsRedoneTheSameOnTheCanvas()
 {
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
-    NodeStruct* const record = fixture->editor.searchAllNodeList("n.a");
-    fixture->editor.setCurveEditableOff(record);
+    NodeStruct* const record = fixture->record("n.a");
+    fixture->leaveCanvas("n.a");
     QVERIFY(steps->removeRecords({record}));
-    fixture->editor.setCurveEditableOn(record);
+    fixture->enterCanvas(record, nullptr);
     steps->undo();
     steps->redo();
     QCOMPARE(expressionOf(a), QString("none"));
@@ -311,16 +312,16 @@ void TestExpressionCommands::deletingMakesASplineOfASplinePlusExpression()
 {
     LentCurve& a = fixture->editCurve("n.a", {{1, 1}}, "t");
     a.spline.setAddFunc(true);
-    CurveNode* const object = fixture->logic().findCurve("n.a");
+    CurveNode* const object = fixture->tree().findCurve("n.a");
     QCOMPARE(object->curveType(), 2);
     QVERIFY(steps->remove(QStringList{"n.a"}));
     for (int round = 0; round < 2; ++round) {
         QCOMPARE(object->curveType(), 0);
         QCOMPARE(expressionOf(a), QString("none"));
-        QCOMPARE(fixture->editor.commandLine->text(), QString());
+        QCOMPARE(fixture->lineText, QString());
         steps->undo();
         QCOMPARE(object->curveType(), 2);
-        QCOMPARE(fixture->editor.commandLine->text(), QString("t"));
+        QCOMPARE(fixture->lineText, QString("t"));
         steps->redo();
     }
 }
@@ -328,14 +329,14 @@ void TestExpressionCommands::deletingMakesASplineOfASplinePlusExpression()
 void TestExpressionCommands::deletingPassesOverRecordsWithoutASlot()
 {
     SplineBase spline;
-    fixture->editor.addCurve("n", "s", Qt::red, 0, &spline, nullptr, 0, 1, false, true);
+    fixture->lend("n.s", &spline, nullptr);
     fixture->addCurve("n.a", {}, "t");
-    HostEar host(fixture->editor);
+    fixture->takeCalls();
     QVERIFY(steps->remove(QStringList{"n.s", "n.a"}));
-    QCOMPARE(host.take(), QStringList{"n|a"});
+    QCOMPARE(fixture->takeReports(), QStringList{"n|a"});
     QVERIFY(steps->parse("f", {"n.s", "n.a"}));
     QCOMPARE(fixture->undoAll().size(), 2);
-    fixture->editor.removeCurve("n", "s");
+    fixture->removeCurve("n.s");
 }
 
 void TestExpressionCommands::deletingNothingIsAStep()
@@ -349,32 +350,30 @@ void TestExpressionCommands::aCurveThatTookTheNameIsNotWrittenTo()
     const LentCurve& first = fixture->editCurve("n.a", {{1, 1}}, "t");
     QVERIFY(steps->parse("f", {"n.a"}));
     QVERIFY(steps->remove(QStringList{"n.a"}));
-    fixture->editor.removeCurve("n", "a");
+    fixture->removeCurve("n.a");
     LentCurve second;
     second.addKey(1, 1);
     second.setExpression("t*3");
-    fixture->editor.addCurve("n", "a", Qt::red, 0, &second.spline, &second.expression, 0, 1, true,
-                             true);
+    fixture->lend("n.a", &second.spline, &second.expression);
     steps->undo();
     QCOMPARE(expressionOf(first), QString("f"));
     steps->undo();
     QCOMPARE(expressionOf(first), QString("t"));
     QCOMPARE(expressionOf(second), QString("t*3"));
-    fixture->editor.removeCurve("n", "a");
+    fixture->removeCurve("n.a");
 }
 
 void TestExpressionCommands::aSlotWhoseSplineIsGoneIsLeftAlone()
 {
     auto lent = std::make_unique<LentCurve>();
-    fixture->editor.addCurve("n", "a", Qt::red, 0, &lent->spline, &lent->expression, 0, 1, true,
-                             true);
-    fixture->editor.setDefaultSelected("n", "a");
+    fixture->lend("n.a", &lent->spline, &lent->expression);
+    fixture->edit({"n.a"});
     QVERIFY(steps->parse("t", {"n.a"}));
     QVERIFY(steps->addFunc());
     QVERIFY(steps->remove(QStringList{"n.a"}));
     lent.reset();
     QCOMPARE(fixture->undoAll().size(), 3);
-    while (fixture->editor.getCmdManager()->redo()) {
+    while (fixture->manager.redo()) {
     }
     QCOMPARE(fixture->undoAll().size(), 3);
 }

@@ -1,6 +1,6 @@
 // What holds of all commands that wrap a gesture: built before it, captured after it.
 
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/SplineState.h"
 
@@ -24,7 +24,7 @@ private slots:
 
     void aGestureWithNothingSelectedIsNoStep()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         QVERIFY(!perform<CommandMovePoints>(fixture, [] {})); // no curve at all
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
         const auto move = [&] { curve.spline.setTime(curve.spline.at(0), 5.0); };
@@ -55,7 +55,7 @@ private slots:
     {
         QFETCH(QString, field);
         QFETCH(bool, counts);
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0});
         PointInfo changed = *curve.spline.at(0);
@@ -88,13 +88,13 @@ private slots:
         QVERIFY(curve.spline.hasChanged());
         QCOMPARE(curve.spline.at(0), key);
         QVERIFY(SplineState::bitsOf(before) == SplineState::bitsOf(*key));
-        fixture.editor.getCmdManager()->redo();
+        fixture.manager.redo();
         QVERIFY(SplineState::bitsOf(changed) == SplineState::bitsOf(*key));
     }
 
     void aValueChangedAndRestoredIsNoStep()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
         fixture.selectKeys("n.a", {0});
         PointInfo* const key = curve.spline.at(0);
@@ -106,7 +106,7 @@ private slots:
 
     void notANumberCountsAsAChange()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
         fixture.selectKeys("n.a", {0});
         curve.spline.at(0)->value = std::numeric_limits<double>::quiet_NaN();
@@ -120,7 +120,7 @@ private slots:
 
     void oneSelectedKeyIsTheCurrentOneWhateverTheListSays()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         ControlSplineNode& selection = fixture.selectionOf("n.a");
         selection.currentPoint = curve.spline.at(1);
@@ -137,15 +137,15 @@ private slots:
 
     void keysDeletedDuringAGestureLeaveItsLists()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         fixture.selectKeys("n.a", {0, 1});
         PointInfo* const kept = curve.spline.at(1);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        CurveCommandsManager& manager = fixture.manager;
         QVERIFY(perform<CommandMovePoints>(fixture, [&] {
             curve.spline.setPos(kept, 8.0);
             fixture.selectKeys("n.a", {0});
-            manager.doCommand(new CommandDelPoints(&fixture.editor));
+            manager.doCommand(new CommandDelPoints(fixture));
             manager.setMaxStackSize(0); // frees the deleted key
             manager.setMaxStackSize(10);
         }));
@@ -158,7 +158,7 @@ private slots:
 
     void keysThatTheHostFreedAreNeverTouched()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0, 1});
         QVERIFY(perform<CommandMovePoints>(fixture,
@@ -170,19 +170,20 @@ private slots:
         curve.spline.removeAllControlPoints();
         QCOMPARE(fixture.undoAll().size(), 3);
         QVERIFY(fixture.selectionOf("n.a").selectedPoints.isEmpty());
-        while (fixture.editor.getCmdManager()->redo()) {
+        while (fixture.manager.redo()) {
         }
         QCOMPARE(curve.spline.getControlPointsNumber(), 0u);
     }
 
     void aDestroyedSplineIsNeverTouchedAgain()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         auto curve = std::make_unique<LentCurve>();
         curve->addKey(1, 1);
         curve->addKey(2, 2);
-        fixture.editor.addCurve("n", "a", Qt::red, 0, &curve->spline, nullptr, 0, 1, true, true);
-        fixture.editor.selectAllKeys();
+        fixture.lend("n.a", &curve->spline, nullptr);
+        fixture.edit({"n.a"});
+        fixture.selectAllKeys();
         QVERIFY(perform<CommandMovePoints>(
             fixture, [&] { curve->spline.setPos(curve->spline.at(0), 8.0); }));
         QVERIFY(perform<CommandChangePoints>(
@@ -191,19 +192,19 @@ private slots:
             curve->spline.setPos(curve->spline.at(0), 9.0);
             curve.reset();
         }));
-        QCOMPARE(fixture.undoAll().size(), 3);
-        while (fixture.editor.getCmdManager()->redo()) {
+        QCOMPARE(fixture.undoAll().size(), 2);
+        while (fixture.manager.redo()) {
         }
     }
 
     void clearLeavesAPendingGestureAlone()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}});
         fixture.selectKeys("n.a", {0});
         QVERIFY(perform<CommandMovePoints>(fixture, [&] {
             curve.spline.setPos(curve.spline.at(0), 8.0);
-            fixture.editor.getCmdManager()->clear();
+            fixture.manager.clear();
         }));
         QCOMPARE(fixture.undoAll().size(), 1);
         QCOMPARE(keyValues(curve.spline), QList<double>{1});

@@ -1,14 +1,15 @@
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 #include "support/SplineState.h"
 
 #include "commands/CommandChangePoints.h"
 #include "commands/CommandMovePoints.h"
 #include "commands/KeyLists.h"
 #include "commands/PerformGesture.h"
+#include "curves/KeyRetiming.h"
 
 #include <algorithm>
+#include <vector>
 
 using namespace curve_editor;
 
@@ -22,54 +23,54 @@ private slots:
 
     void aMoveIsTakenBackAndRepeated()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         fixture.selectKeys("n.a", {0});
         PointInfo* const key = curve.spline.at(0);
-        HostEar host(fixture.editor);
+        fixture.takeCalls();
         QVERIFY(perform<CommandMovePoints>(fixture, [&] {
             curve.spline.setTime(key, 2.5);
             curve.spline.setPos(key, 9.0);
         }));
-        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
         QCOMPARE(keyTimes(curve.spline), (QList<double>{2, 2.5, 3}));
         curve.spline.setChanged(false);
-        QCOMPARE(QString::fromStdString(fixture.editor.getCmdManager()->undo()->getDescription()),
+        QCOMPARE(QString::fromStdString(fixture.manager.undo()->getDescription()),
                  QString("Move Control Points"));
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2, 3}));
         QCOMPARE(keyValues(curve.spline), (QList<double>{1, 2, 3}));
         QCOMPARE(curve.spline.at(0), key);
         QVERIFY(curve.spline.hasChanged());
-        QCOMPARE(host.take(), QStringList{"n|a"});
-        fixture.editor.getCmdManager()->redo();
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
+        fixture.manager.redo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{2, 2.5, 3}));
         QCOMPARE(keyValues(curve.spline), (QList<double>{2, 9, 3}));
-        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
     }
 
     void aMoveThatEndsWhereItBeganIsNoStepAndKeepsTheRedoStack()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0});
         PointInfo* const key = curve.spline.at(0);
         QVERIFY(perform<CommandMovePoints>(fixture, [&] { curve.spline.setTime(key, 1.5); }));
-        fixture.editor.getCmdManager()->undo();
+        fixture.manager.undo();
         QVERIFY(!perform<CommandMovePoints>(fixture, [&] {
             curve.spline.setTime(key, 8.0);
             curve.spline.setTime(key, 1.0);
         }));
-        QVERIFY(!fixture.editor.getCmdManager()->undo());
-        QVERIFY(fixture.editor.getCmdManager()->redo());
+        QVERIFY(!fixture.manager.undo());
+        QVERIFY(fixture.manager.redo());
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1.5, 2}));
     }
 
     void twoKeysOnEachOfTwoCurvesAreOneStep()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         LentCurve& b = fixture.addCurve("n.b", {{1, 4}, {2, 5}, {3, 6}});
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.edit({"n.a", "n.b"});
         fixture.selectKeys("n.a", {0, 1});
         fixture.selectKeys("n.b", {1, 2});
         QVERIFY(perform<CommandMovePoints>(fixture, [&] {
@@ -93,36 +94,36 @@ private slots:
 
     void neitherUndoNorRedoOfAMoveTouchesTheSelection()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0});
         QVERIFY(perform<CommandMovePoints>(fixture,
                                            [&] { curve.spline.setTime(curve.spline.at(0), 7.0); }));
         fixture.selectionOf("n.a").clear();
-        fixture.editor.getCmdManager()->undo();
+        fixture.manager.undo();
         QVERIFY(!fixture.selectionOf("n.a").currentPoint);
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
     }
 
     void aMoveGoesOnWithoutTheCurveOnTheCanvas()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0});
         QVERIFY(perform<CommandMovePoints>(fixture, [&] {
             curve.spline.setTime(curve.spline.at(0), 7.0);
-            fixture.editor.removeCurve("n", "a");
+            fixture.removeCurve("n.a");
         }));
-        fixture.editor.getCmdManager()->undo();
+        fixture.manager.undo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
-        fixture.editor.getCmdManager()->redo();
+        fixture.manager.redo();
         QCOMPARE(keyTimes(curve.spline), (QList<double>{2, 7}));
     }
 
     /// The first key stays where it is, and so says nothing of the order of the others.
     void aScaleOfManyKeysAboutTheFirstIsTakenBackInOrder()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {});
         QList<PointInfo*> keys;
         for (int i = 0; i < 300; ++i) {
@@ -134,14 +135,20 @@ private slots:
         const SplineState before(curve.spline);
         const QList<double> timesBefore = keyTimes(curve.spline);
         fixture.selectionOf("n.a").selectPoints(keys);
-        fixture.logic().scaleSelection(1.45, 1.0);
+        QVERIFY(perform<CommandMovePoints>(fixture, [&] {
+            std::vector<RetimedKey> scaled;
+            for (PointInfo* key : keys) {
+                scaled.push_back({key, key->time * 1.45});
+            }
+            retimeKeys(curve.spline, scaled);
+        }));
         const QList<double> timesAfter = keyTimes(curve.spline);
         QVERIFY(std::is_sorted(timesAfter.cbegin(), timesAfter.cend()));
         QCOMPARE(timesAfter.at(1), 1.45);
-        fixture.editor.getCmdManager()->undo();
+        fixture.manager.undo();
         QCOMPARE(keyTimes(curve.spline), timesBefore);
         QVERIFY(SplineState(curve.spline) == before);
-        fixture.editor.getCmdManager()->redo();
+        fixture.manager.redo();
         QCOMPARE(keyTimes(curve.spline), timesAfter);
     }
 
@@ -162,7 +169,7 @@ private slots:
     {
         QFETCH(int, every);
         QFETCH(double, offset);
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {});
         const int count = 20000;
         for (int i = 0; i < count; ++i) {
@@ -190,8 +197,8 @@ private slots:
         QCOMPARE(keyTimes(curve.spline), before);
         QCOMPARE(keyValues(curve.spline).last(), count - 1.0);
         QCOMPARE(curve.spline.at(first)->bezier.tangentLeft, 3.0); // the move does not hold it
-        fixture.editor.getCmdManager()->redo();
-        fixture.editor.getCmdManager()->redo();
+        fixture.manager.redo();
+        fixture.manager.redo();
         QCOMPARE(keyTimes(curve.spline), after);
     }
 };

@@ -1,16 +1,14 @@
 // What holds of all one-shot commands on keys, and the commands of types and of the behaviour
 // beyond the ends.
 
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 
 #include "commands/CommandAddPoint.h"
 #include "commands/CommandDelPoints.h"
 #include "commands/CommandSetLastNode.h"
 #include "commands/CommandSetPointsType.h"
 #include "commands/KeyLists.h"
-#include "support/RefreshCounter.h"
 
 using namespace curve_editor;
 
@@ -23,14 +21,14 @@ private slots:
 
     void theTypeOfTheSelectedKeysIsSetAndTakenBack()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve(
             "n.a", {{1, 1, zk_spline::linear}, {2, 2, zk_spline::tcb}, {3, 3, zk_spline::bezier}});
         fixture.selectKeys("n.a", {0, 1});
-        HostEar host(fixture.editor);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
-        QCOMPARE(host.take(), QStringList{"n|a"});
+        fixture.takeCalls();
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(manager.doCommand(new CommandSetPointsType(fixture, zk_spline::tcb)));
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
         QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::tcb));
         QCOMPARE(int(curve.spline.at(1)->type), int(zk_spline::tcb));
         QCOMPARE(int(curve.spline.at(2)->type), int(zk_spline::bezier));
@@ -38,23 +36,23 @@ private slots:
                  QString("Set Control Points Type"));
         QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::linear));
         QCOMPARE(int(curve.spline.at(1)->type), int(zk_spline::tcb));
-        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
         manager.redo();
         QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::tcb));
-        QCOMPARE(host.take(), QStringList{"n|a"});
+        QCOMPARE(fixture.takeReports(), QStringList{"n|a"});
     }
 
     void theTypeThatAllSelectedKeysHaveIsNoStep()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.editCurve("n.a", {{1, 1, zk_spline::tcb}, {2, 2, zk_spline::tcb}, {3, 3}});
         fixture.selectKeys("n.a", {0, 1});
-        HostEar host(fixture.editor);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
+        fixture.takeCalls();
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(!manager.doCommand(new CommandSetPointsType(fixture, zk_spline::tcb)));
         fixture.selectKeys("n.a", {});
-        QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
-        QVERIFY(host.take().isEmpty());
+        QVERIFY(!manager.doCommand(new CommandSetPointsType(fixture, zk_spline::tcb)));
+        QVERIFY(fixture.takeReports().isEmpty());
         QVERIFY(!manager.undo());
     }
 
@@ -68,7 +66,7 @@ private slots:
     void theBehaviourOfAllEditedCurvesIsSetAndTakenBack()
     {
         QFETCH(bool, isFirst);
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& a = fixture.addCurve("n.a", {{1, 1}});
         LentCurve& b = fixture.addCurve("n.b", {{1, 1}});
         const auto behaviour = [&](const LentCurve& curve) {
@@ -78,16 +76,15 @@ private slots:
         a.spline.setLastNodeType(SplineBase::zero);
         b.spline.setFirstNodeType(SplineBase::loopOffset);
         b.spline.setLastNodeType(SplineBase::loopOffset);
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
-        HostEar host(fixture.editor);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(
-            manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::zero, isFirst)));
+        fixture.edit({"n.a", "n.b"});
+        fixture.takeCalls();
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(manager.doCommand(new CommandSetLastNode(fixture, SplineBase::zero, isFirst)));
         QCOMPARE(behaviour(a), int(SplineBase::zero));
         QCOMPARE(behaviour(b), int(SplineBase::zero));
         QVERIFY(b.spline.hasChanged());
-        QCOMPARE(host.take(), (QStringList{"n|a", "n|b"}));
-        fixture.editor.removeCurveFromEditing("n.b"); // it works on the spline alone
+        QCOMPARE(fixture.takeReports(), (QStringList{"n|a", "n|b"}));
+        fixture.leaveCanvas("n.b"); // it works on the spline alone
         QCOMPARE(QString::fromStdString(manager.undo()->getDescription()),
                  QString(isFirst ? "Set First Node Behaviour" : "Set Last Node Behaviour"));
         QCOMPARE(behaviour(a), int(SplineBase::zero));
@@ -98,79 +95,65 @@ private slots:
 
     void theBehaviourThatAllCurvesHaveIsNoStepButReportsAndRefreshes()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.editCurve("n.a", {{1, 1}});
-        HostEar host(fixture.editor);
-        RefreshCounter refreshes(fixture.editor);
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(!manager.doCommand(
-            new CommandSetLastNode(&fixture.editor, SplineBase::constant, false)));
-        QCOMPARE(host.take(), QStringList{"n|a"});
-        QCOMPARE(refreshes.taken(), 2); // its own, and that of the report
+        fixture.takeCalls();
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(!manager.doCommand(new CommandSetLastNode(fixture, SplineBase::constant, false)));
+        QCOMPARE(fixture.takeCalls(), (QStringList{"refresh", "n|a", "refresh"}));
         QVERIFY(!manager.undo());
     }
 
-    /// Whether the editor had refreshed itself before the host heard of the change.
     void theHostHearsBeforeOrAfterTheRefresh_data()
     {
+        const QStringList report{"n|a", "refresh"};
+        const QStringList refreshFirst{"refresh", "n|a", "refresh"};
+        const QStringList refreshLast{"n|a", "refresh", "refresh"};
         QTest::addColumn<QString>("command");
-        QTest::addColumn<bool>("done");
-        QTest::addColumn<bool>("undone");
-        QTest::addColumn<bool>("redone");
-        QTest::newRow("add") << "add" << false << false << false;
-        QTest::newRow("delete") << "delete" << false << false << false;
-        QTest::newRow("type") << "type" << false << false << false;
-        QTest::newRow("behaviour") << "behaviour" << true << false << true;
+        QTest::addColumn<QStringList>("done");
+        QTest::addColumn<QStringList>("undone");
+        QTest::addColumn<QStringList>("redone");
+        QTest::newRow("add") << "add" << report << report << report;
+        QTest::newRow("delete") << "delete" << report << report << report;
+        QTest::newRow("type") << "type" << report << report << report;
+        QTest::newRow("behaviour") << "behaviour" << refreshFirst << refreshLast << refreshFirst;
     }
 
     void theHostHearsBeforeOrAfterTheRefresh()
     {
         QFETCH(QString, command);
-        QFETCH(bool, done);
-        QFETCH(bool, undone);
-        QFETCH(bool, redone);
-        EditorFixture fixture;
+        QFETCH(QStringList, done);
+        QFETCH(QStringList, undone);
+        QFETCH(QStringList, redone);
+        DocumentFixture fixture;
         fixture.editCurve("n.a", {{1, 1}, {2, 2}});
         fixture.selectKeys("n.a", {0});
-        CurveEditor& editor = fixture.editor;
-        CurveCommandsManager& manager = *editor.getCmdManager();
-        QList<bool> heard;
-        connect(&editor, &CurveEditor::curveHasChanged, this,
-                [&](QString&, QString&) { heard.append(fixture.canvas().canvasDirty); });
-        const auto takeHeard = [&] {
-            fixture.canvas().canvasDirty = false;
-            return std::exchange(heard, {});
-        };
-        takeHeard();
+        CurveCommandsManager& manager = fixture.manager;
         if (command == "add") {
-            manager.doCommand(
-                new CommandAddPoint(&editor, editor.searchAllNodeList("n.a"), 5.0, 7.0));
+            manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 5.0, 7.0));
         } else if (command == "delete") {
-            manager.doCommand(new CommandDelPoints(&editor));
+            manager.doCommand(new CommandDelPoints(fixture));
         } else if (command == "type") {
-            manager.doCommand(new CommandSetPointsType(&editor, zk_spline::stepped));
+            manager.doCommand(new CommandSetPointsType(fixture, zk_spline::stepped));
         } else {
-            manager.doCommand(new CommandSetLastNode(&editor, SplineBase::loop, false));
+            manager.doCommand(new CommandSetLastNode(fixture, SplineBase::loop, false));
         }
-        QVERIFY(fixture.canvas().canvasDirty); // each has refreshed the editor by now
-        QCOMPARE(takeHeard(), QList<bool>{done});
+        QCOMPARE(fixture.takeCalls(), done);
         manager.undo();
-        QVERIFY(fixture.canvas().canvasDirty);
-        QCOMPARE(takeHeard(), QList<bool>{undone});
+        QCOMPARE(fixture.takeCalls(), undone);
         manager.redo();
-        QCOMPARE(takeHeard(), QList<bool>{redone});
+        QCOMPARE(fixture.takeCalls(), redone);
     }
 
     void curvesThatAreExpressionsOnlyAreUntouched()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& curve = fixture.editCurve("n.a", {{1, 1}, {2, 2}}, "t");
         fixture.selectionOf("n.a").selectPoints({curve.spline.at(0), curve.spline.at(1)});
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
-        QVERIFY(!manager.doCommand(new CommandDelPoints(&fixture.editor)));
-        QVERIFY(!manager.doCommand(new CommandSetPointsType(&fixture.editor, zk_spline::tcb)));
-        QVERIFY(
-            !manager.doCommand(new CommandSetLastNode(&fixture.editor, SplineBase::loop, true)));
+        CurveCommandsManager& manager = fixture.manager;
+        QVERIFY(!manager.doCommand(new CommandDelPoints(fixture)));
+        QVERIFY(!manager.doCommand(new CommandSetPointsType(fixture, zk_spline::tcb)));
+        QVERIFY(!manager.doCommand(new CommandSetLastNode(fixture, SplineBase::loop, true)));
         QCOMPARE(keyTimes(curve.spline), (QList<double>{1, 2}));
         QCOMPARE(int(curve.spline.firstNodeType()), int(SplineBase::constant));
     }
@@ -190,20 +173,19 @@ private slots:
     {
         QFETCH(int, undone);
         QFETCH(QString, then);
-        EditorFixture fixture;
+        DocumentFixture fixture;
         auto curve = std::make_unique<LentCurve>();
         curve->addKey(1, 1);
         curve->addKey(2, 2);
         LentCurve& other = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
-        CurveEditor& editor = fixture.editor;
-        editor.addCurve("n", "a", Qt::red, 0, &curve->spline, &curve->expression, 0, 1, true, true);
-        editor.selectNodes(QStringList{"n.a", "n.b"});
-        CurveCommandsManager& manager = *editor.getCmdManager();
-        manager.doCommand(new CommandAddPoint(&editor, editor.searchAllNodeList("n.a"), 5.0, 7.0));
-        editor.selectAllKeys();
-        manager.doCommand(new CommandSetPointsType(&editor, zk_spline::stepped));
-        manager.doCommand(new CommandSetLastNode(&editor, SplineBase::loop, false));
-        manager.doCommand(new CommandDelPoints(&editor));
+        fixture.lend("n.a", &curve->spline, &curve->expression);
+        fixture.edit({"n.a", "n.b"});
+        CurveCommandsManager& manager = fixture.manager;
+        manager.doCommand(new CommandAddPoint(fixture, fixture.record("n.a"), 5.0, 7.0));
+        fixture.selectAllKeys();
+        manager.doCommand(new CommandSetPointsType(fixture, zk_spline::stepped));
+        manager.doCommand(new CommandSetLastNode(fixture, SplineBase::loop, false));
+        manager.doCommand(new CommandDelPoints(fixture));
         for (int i = 0; i < undone; ++i) {
             manager.undo();
         }

@@ -1,6 +1,5 @@
-#include "support/EditorFixture.h"
+#include "support/DocumentFixture.h"
 #include "support/FailOnWarning.h"
-#include "support/HostEar.h"
 
 #include "commands/CommandSelectPoints.h"
 #include "commands/PerformGesture.h"
@@ -17,17 +16,17 @@ private slots:
 
     void aChangedSelectionIsTakenBackAndRepeated()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.edit({"n.a", "n.b"});
         fixture.selectKeys("n.a", {0, 2});
-        HostEar host(fixture.editor);
+        fixture.takeCalls();
         QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
             fixture.selectKeys("n.a", {1});
             fixture.selectKeys("n.b", {0, 1});
         }));
-        CurveCommandsManager& manager = *fixture.editor.getCmdManager();
+        CurveCommandsManager& manager = fixture.manager;
         QCOMPARE(QString::fromStdString(manager.undo()->getDescription()),
                  QString("Select Control Points"));
         QCOMPARE(fixture.selectionOf("n.a").selectedPoints,
@@ -39,12 +38,12 @@ private slots:
         QCOMPARE(fixture.selectionOf("n.a").selectedPoints, QList<PointInfo*>{a.spline.at(1)});
         QCOMPARE(fixture.selectionOf("n.b").selectedPoints.size(), 2);
         QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(0));
-        QVERIFY(host.take().isEmpty());
+        QVERIFY(fixture.takeReports().isEmpty());
     }
 
     void theSameKeysInAnotherOrderAreNoStep()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.editCurve("n.a", {{1, 1}, {2, 2}, {3, 3}});
         fixture.selectKeys("n.a", {0, 1});
         QVERIFY(!perform<CommandSelectPoints>(fixture, [&] { fixture.selectKeys("n.a", {1, 0}); }));
@@ -54,39 +53,39 @@ private slots:
 
     void aCurveThatLeftIsPassedOverByTheSelection()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         LentCurve& a = fixture.addCurve("n.a", {{1, 1}, {2, 2}});
         LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.edit({"n.a", "n.b"});
         fixture.selectKeys("n.a", {0});
         fixture.selectKeys("n.b", {0});
         QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
             fixture.selectKeys("n.a", {1});
             fixture.selectKeys("n.b", {1});
         }));
-        fixture.editor.removeCurveFromEditing("n.a");
-        fixture.editor.getCmdManager()->undo();
+        fixture.leaveCanvas("n.a");
+        fixture.manager.undo();
         QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(0));
-        fixture.editor.getCmdManager()->redo();
+        fixture.manager.redo();
         QCOMPARE(fixture.selectionOf("n.b").currentPoint, b.spline.at(1));
         QCOMPARE(a.spline.getControlPointsNumber(), 2u);
     }
 
     void aCurveThatLeavesDuringTheGestureKeepsTheOthersInStep()
     {
-        EditorFixture fixture;
+        DocumentFixture fixture;
         fixture.addCurve("n.a", {{1, 1}, {2, 2}});
         LentCurve& b = fixture.addCurve("n.b", {{1, 1}, {2, 2}});
-        fixture.editor.selectNodes(QStringList{"n.a", "n.b"});
+        fixture.edit({"n.a", "n.b"});
         fixture.selectKeys("n.a", {0});
         fixture.selectKeys("n.b", {0});
         QVERIFY(perform<CommandSelectPoints>(fixture, [&] {
-            fixture.editor.removeCurveFromEditing("n.a");
+            fixture.leaveCanvas("n.a");
             fixture.selectKeys("n.b", {0, 1});
         }));
-        fixture.editor.getCmdManager()->undo();
+        fixture.manager.undo();
         QCOMPARE(fixture.selectionOf("n.b").selectedPoints, QList<PointInfo*>{b.spline.at(0)});
-        fixture.editor.getCmdManager()->redo();
+        fixture.manager.redo();
         QCOMPARE(fixture.selectionOf("n.b").selectedPoints.size(), 2);
     }
 };

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "canvas/ViewPort.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
+#include "graphs/ViewPort.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveFileTest.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <sstream>
 

@@ -1,5 +1,5 @@
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveNodeBaseTest.h"
+#include "graphs/SplineCurveGraph.h"
 #include "support/ParserKeys.h"
 
 #include <QImage>

@@ -1,8 +1,8 @@
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/ParseMessage.h"
-#include "curves/CurveTree.h"
-#include "curves/CurveType.h"
+#include "curves/CurveGroup.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 
@@ -90,7 +90,7 @@ void TestCurveNode::aGroupsTypeComesFromItsChildren()
 {
     QFETCH(QList<int>, types);
     QFETCH(int, expected);
-    CurveTree tree;
+    CurveGroup tree;
     for (const int& type : types) {
         setType(tree.add(tree.top.get(), QString::number(type)), type);
     }
@@ -103,7 +103,7 @@ void TestCurveNode::aGroupsTypeComesFromItsChildren()
 
 void TestCurveNode::addFuncIsForwardedButNotToPlainSplines()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* curve = tree.add(tree.top.get(), "c");
     tree.top->setAddFunc(true);
     QVERIFY(!curve->spline()->isAddFunc());
@@ -116,7 +116,7 @@ void TestCurveNode::addFuncIsForwardedButNotToPlainSplines()
 
 void TestCurveNode::removingAChildUnlinksItAndTheCallerOwnsIt()
 {
-    CurveTree tree;
+    CurveGroup tree;
     const std::unique_ptr<CurveNode> leaf(tree.add(tree.top.get(), "c"));
     tree.top->removeNode("n.c");
     QVERIFY(tree.top->children()->isEmpty());
@@ -126,7 +126,7 @@ void TestCurveNode::removingAChildUnlinksItAndTheCallerOwnsIt()
 
 void TestCurveNode::removingADeeperNodeUnlinksIt()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     const std::unique_ptr<CurveNode> leaf(tree.add(a, "c"));
     tree.top->removeNode("n.a.c");
@@ -136,7 +136,7 @@ void TestCurveNode::removingADeeperNodeUnlinksIt()
 
 void TestCurveNode::removingAnUnknownNameOrTheNodeItselfDoesNothing()
 {
-    CurveTree tree;
+    CurveGroup tree;
     tree.add(tree.top.get(), "c");
     tree.top->removeNode("n.d");
     tree.top->removeNode("n");
@@ -145,7 +145,7 @@ void TestCurveNode::removingAnUnknownNameOrTheNodeItselfDoesNothing()
 
 void TestCurveNode::curvesAreTheLeavesInOrder()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* first = tree.add(tree.top.get(), "1");
     CurveNode* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
     CurveNode* third = tree.add(tree.top.get(), "3");
@@ -155,7 +155,7 @@ void TestCurveNode::curvesAreTheLeavesInOrder()
 
 void TestCurveNode::splinesAreThoseOfTheLeavesThatHaveOne()
 {
-    CurveTree tree;
+    CurveGroup tree;
     tree.add(tree.top.get(), "1");
     tree.top->addChild(
         new CurveNodeBase(nullptr, "2", "n", Qt::red, 0.0f, nullptr, nullptr, 0.0f, 1.0f, true));
@@ -177,7 +177,7 @@ void TestCurveNode::aGroupHasNoSplineExpressionOrGraph()
 
 void TestCurveNode::removingExpressionsOnAGroupAlwaysRemoves()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* curve = tree.add(tree.top.get(), "c");
     setType(curve, expressionCurve);
     tree.top->removeExpression(false);
@@ -186,7 +186,7 @@ void TestCurveNode::removingExpressionsOnAGroupAlwaysRemoves()
 
 void TestCurveNode::aGroupForwardsToEveryChild()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* first = tree.add(tree.top.get(), "1");
     CurveNodeBase* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
     tree.top->setActive(true);
@@ -203,7 +203,7 @@ void TestCurveNode::aGroupForwardsToEveryChild()
 
 void TestCurveNode::aGroupPassesOnChangesRebuildingAndDrawing()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* first = tree.add(tree.top.get(), "1");
     CurveNodeBase* second = tree.add(tree.addGroup(tree.top.get(), "a"), "2");
     ViewPort view;
@@ -219,7 +219,7 @@ void TestCurveNode::aGroupPassesOnChangesRebuildingAndDrawing()
 
 void TestCurveNode::aGroupHandsAnExpressionToItsLeaf()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* curve = tree.add(tree.addGroup(tree.top.get(), "a"), "c");
     ParseMessage message;
     tree.top->setExpression(parsed("5"), message);
@@ -229,7 +229,7 @@ void TestCurveNode::aGroupHandsAnExpressionToItsLeaf()
 
 void TestCurveNode::theReportingFlagStaysWithTheNode()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* curve = tree.add(tree.top.get(), "c");
     QVERIFY(tree.top->notifiesHost());
     tree.top->setNotifiesHost(false);
@@ -239,7 +239,7 @@ void TestCurveNode::theReportingFlagStaysWithTheNode()
 
 void TestCurveNode::aChildAddedElsewhereLeavesItsFormerGroup()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     CurveNode* leaf = tree.add(a, "c");
     tree.top->addChild(leaf);
@@ -259,14 +259,14 @@ void TestCurveNode::addingNullOrTheNodeItselfDoesNothing()
 
 void TestCurveNode::deletingANodeTakesItOutOfItsGroup()
 {
-    CurveTree tree;
+    CurveGroup tree;
     delete tree.add(tree.top.get(), "c");
     QVERIFY(tree.top->children()->isEmpty());
 }
 
 void TestCurveNode::aLeafHasNoChildren()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* leaf = tree.add(tree.top.get(), "c");
     const std::unique_ptr<CurveNode> other(new CurveNode(nullptr, "x", ""));
     leaf->addChild(other.get());

@@ -1,7 +1,7 @@
-#include "canvas/SplineCurveGraph.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBaseTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 #include "support/ParsedExpression.h"
 
 #include <QTest>

@@ -1,4 +1,4 @@
-#include "curves/CurveTree.h"
+#include "curves/CurveGroup.h"
 #include "support/FailOnWarning.h"
 
 #include <QTest>
@@ -49,7 +49,7 @@ void TestCurveNodeNames::namesWithPercentSignsStayWhole()
 
 void TestCurveNodeNames::findingGoesToAnyDepthAndIncludesTheNodeItself()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     CurveNode* b = tree.addGroup(a, "b");
     CurveNode* leaf = tree.add(b, "c");
@@ -62,7 +62,7 @@ void TestCurveNodeNames::findingGoesToAnyDepthAndIncludesTheNodeItself()
 
 void TestCurveNodeNames::findingComparesWholeNames()
 {
-    CurveTree tree;
+    CurveGroup tree;
     tree.add(tree.top.get(), "width");
     QVERIFY(!tree.top->findNode("n.widt"));
     QVERIFY(!tree.top->findNode("n.widths"));
@@ -74,7 +74,7 @@ void TestCurveNodeNames::findingComparesWholeNames()
 
 void TestCurveNodeNames::renamingATopNodeChangesItsNameAndTheChildrensPaths()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     CurveNode* leaf = tree.add(a, "c");
     tree.top->setDotName("m");
@@ -86,7 +86,7 @@ void TestCurveNodeNames::renamingATopNodeChangesItsNameAndTheChildrensPaths()
 
 void TestCurveNodeNames::renamingATopNodeToADottedNameTakesTheLastElement()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* leaf = tree.add(tree.top.get(), "c");
     tree.top->setDotName("x.y");
     QCOMPARE(tree.top->dotName(), QString("y"));
@@ -95,7 +95,7 @@ void TestCurveNodeNames::renamingATopNodeToADottedNameTakesTheLastElement()
 
 void TestCurveNodeNames::renamingANodeBelowTheTopMovesItsPath()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     CurveNode* leaf = tree.add(a, "c");
     a->setDotName("m.k.b");
@@ -113,7 +113,7 @@ void TestCurveNodeNames::renamingANodeBelowTheTopToANameWithoutAPointGivesAPathE
 
 void TestCurveNodeNames::everyChildTakesTheNewDottedNameForItsPath()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNodeBase* leaf = tree.add(tree.top.get(), "b");
     CurveNode* group = tree.addGroup(tree.top.get(), "g");
     CurveNodeBase* deeper = tree.add(group, "c");
@@ -131,7 +131,7 @@ void TestCurveNodeNames::everyChildTakesTheNewDottedNameForItsPath()
 
 void TestCurveNodeNames::changingTheRootReachesAllPaths()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* a = tree.addGroup(tree.top.get(), "a");
     CurveNode* leaf = tree.add(a, "c");
     a->setRootName("m");
@@ -143,7 +143,7 @@ void TestCurveNodeNames::changingTheRootReachesAllPaths()
 
 void TestCurveNodeNames::changingTheRootToTheSameDoesNothing()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* leaf = tree.add(tree.top.get(), "c");
     leaf->setRootName("n");
     QCOMPARE(leaf->dotName(), QString("n.c"));
@@ -151,7 +151,7 @@ void TestCurveNodeNames::changingTheRootToTheSameDoesNothing()
 
 void TestCurveNodeNames::changingTheRootOfATopNodeGivesItAPath()
 {
-    CurveTree tree;
+    CurveGroup tree;
     CurveNode* leaf = tree.add(tree.top.get(), "c");
     tree.top->setRootName("m");
     QCOMPARE(tree.top->path(), QString("m"));

@@ -1,5 +1,5 @@
-#include "canvas/ViewPort.h"
 #include "curves/OlderCurveFileTest.h"
+#include "graphs/ViewPort.h"
 #include "support/SplineState.h"
 
 #include <QTest>

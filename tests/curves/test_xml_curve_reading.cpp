@@ -1,6 +1,6 @@
-#include "canvas/SplineCurveGraph.h"
 #include "curves/CurveFileTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 
 #include <QTest>
 

@@ -3,6 +3,7 @@
 #include "editor/CurveEditor.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -101,4 +102,10 @@ inline QStringList treeNames(const CurveEditor& editor)
         collect(tree->topLevelItem(i));
     }
     return names;
+}
+
+/// What a label of the menu bar shows.
+inline QString readout(const CurveEditor& editor, const char* name)
+{
+    return editor.mainMenu->findChild<QLabel*>(name)->text();
 }

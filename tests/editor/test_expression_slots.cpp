@@ -38,14 +38,16 @@ private slots:
 
 private:
     CurveEditor& editor() { return fixture->editor; }
-    CurveNodeBase* leaf(const QString& name)
-    {
-        return dynamic_cast<CurveNodeBase*>(fixture->logic().findCurve(name));
-    }
+    CurveNodeBase* leaf(const QString& name);
 
     std::unique_ptr<EditorFixture> fixture;
     std::unique_ptr<ExpressionLine> line;
 };
+
+CurveNodeBase* TestExpressionSlots::leaf(const QString& name)
+{
+    return dynamic_cast<CurveNodeBase*>(fixture->logic().findCurve(name));
+}
 
 void TestExpressionSlots::init()
 {

@@ -186,49 +186,54 @@ class TestMetaObject : public QObject
 private slots:
     void init() { failOnUnexpectedWarning(); }
 
-    void theSignalsAreFour()
-    {
-        QCOMPARE(signaturesOf(methodsOf(QMetaMethod::Signal)),
-                 QStringList({"closed()", "curveHasChanged(QString&,QString&)", "curveEditorUndo()",
-                              "curveEditorRedo()"}));
-    }
+    void theSignalsAreFour();
+    void theSlotsAreAHundredAndFortyOneInTheirSpellingsAndOrder();
+    void threeSlotsAreProtected();
+    void nothingElseIsInvokable();
+};
 
-    void theSlotsAreAHundredAndFortyOneInTheirSpellingsAndOrder()
-    {
-        QStringList expected;
-        for (const Slot& slot : expectedSlots) {
+void TestMetaObject::theSignalsAreFour()
+{
+    QCOMPARE(signaturesOf(methodsOf(QMetaMethod::Signal)),
+             QStringList({"closed()", "curveHasChanged(QString&,QString&)", "curveEditorUndo()",
+                          "curveEditorRedo()"}));
+}
+
+void TestMetaObject::theSlotsAreAHundredAndFortyOneInTheirSpellingsAndOrder()
+{
+    QStringList expected;
+    for (const Slot& slot : expectedSlots) {
+        expected.append(QString::fromLatin1(slot.signature));
+    }
+    QCOMPARE(expected.size(), 141);
+    QCOMPARE(signaturesOf(methodsOf(QMetaMethod::Slot)), expected);
+}
+
+void TestMetaObject::threeSlotsAreProtected()
+{
+    QStringList expected;
+    for (const Slot& slot : expectedSlots) {
+        if (slot.access == QMetaMethod::Protected) {
             expected.append(QString::fromLatin1(slot.signature));
         }
-        QCOMPARE(expected.size(), 141);
-        QCOMPARE(signaturesOf(methodsOf(QMetaMethod::Slot)), expected);
     }
-
-    void threeSlotsAreProtected()
-    {
-        QStringList expected;
-        for (const Slot& slot : expectedSlots) {
-            if (slot.access == QMetaMethod::Protected) {
-                expected.append(QString::fromLatin1(slot.signature));
-            }
+    QStringList found;
+    for (const QMetaMethod& method : methodsOf(QMetaMethod::Slot)) {
+        if (method.access() == QMetaMethod::Protected) {
+            found.append(QString::fromLatin1(method.methodSignature()));
+        } else {
+            QCOMPARE(method.access(), QMetaMethod::Public);
         }
-        QStringList found;
-        for (const QMetaMethod& method : methodsOf(QMetaMethod::Slot)) {
-            if (method.access() == QMetaMethod::Protected) {
-                found.append(QString::fromLatin1(method.methodSignature()));
-            } else {
-                QCOMPARE(method.access(), QMetaMethod::Public);
-            }
-        }
-        QCOMPARE(expected.size(), 3);
-        QCOMPARE(found, expected);
     }
+    QCOMPARE(expected.size(), 3);
+    QCOMPARE(found, expected);
+}
 
-    void nothingElseIsInvokable()
-    {
-        const QMetaObject& meta = CurveEditor::staticMetaObject;
-        QCOMPARE(meta.methodCount() - meta.methodOffset(), 145);
-    }
-};
+void TestMetaObject::nothingElseIsInvokable()
+{
+    const QMetaObject& meta = CurveEditor::staticMetaObject;
+    QCOMPARE(meta.methodCount() - meta.methodOffset(), 145);
+}
 
 QTEST_APPLESS_MAIN(TestMetaObject)
 #include "test_meta_object.moc"

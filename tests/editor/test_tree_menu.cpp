@@ -81,176 +81,191 @@ private slots:
     void initTestCase() { FileActionsFixture::keepAwayFromTheUsersSettings(); }
     void init() { failOnUnexpectedWarning(); }
 
-    void theMenuEntryRemovesTheEditingCurvesNotItsItem()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        fixture.editCurve("n.b", {{1, 1}});
-        fixture.editor.findChild<ControlMenu2*>()->itemName = "n.a";
-        fixture.editor.slotMenuEditingNodeRemove();
-        QCOMPARE(treeNames(fixture.editor), (QStringList{"n", "n.a"}));
-        QCOMPARE(fixture.undoAll(), QStringList{"Remove Curves from Curve Editor"});
-        QVERIFY(fixture.logic().findCurve("n.b"));
-    }
-
-    void aRightClickOpensTheMenuOnItsItem()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        EditingTree* const tree = fixture.editor.checkListsEditing;
-        QVERIFY(fixture.closesMenuOf([&] { rightClick(*tree, "n.a"); }));
-        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
-        QVERIFY(fixture.closesMenuOf([&] { rightClick(*tree, "n"); }));
-        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
-        fixture.editor.rightButtonPressedEditingItem(QModelIndex()); // opens nothing
-        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
-    }
-
-    void aSecondRequestWhileTheMenuIsOpenOpensNoOther()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        EditingTree* const tree = fixture.editor.checkListsEditing;
-        bool cameBack = false;
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, &watch, [&] {
-            if (QWidget* const menu = QApplication::activePopupWidget()) {
-                watch.stop();
-                rightClick(*tree, "n");
-                cameBack = true;
-                menu->close();
-            }
-        });
-        watch.start(0);
-        rightClick(*tree, "n.a");
-        QVERIFY(cameBack);
-        QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
-    }
-
-    void aRightClickOnOneOfTheSelectedItemsRemovesThemAll()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        fixture.addCurve("n.b", {{1, 1}});
-        fixture.addCurve("n.c", {{1, 1}});
-        fixture.editor.selectNodes(QStringList{"n.a", "n.c"});
-        QVERIFY(chooseInTheMenuOf(fixture.editor, "n.a", "Remove from editing list"));
-        QCOMPARE(treeNames(fixture.editor), (QStringList{"n", "n.b"}));
-        QCOMPARE(fixture.undoAll(), QStringList{"Remove Curves from Curve Editor"});
-        QCOMPARE(fixture.editor.getSelection(), (QStringList{"n.a", "n.c"}));
-    }
-
-    void theMenuSetsAColour()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        answerColourDialog(
-            [&] { QVERIFY(chooseInTheMenuOf(fixture.editor, "n.a", "Change color")); },
-            [](QColorDialog* dialog) {
-                dialog->setCurrentColor(QColor(10, 20, 30));
-                dialog->accept();
-            });
-        QCOMPARE(fixture.editor.searchAllNodeList("n.a")->color, QColor(10, 20, 30));
-        QCOMPARE(fixture.logic().findCurve("n.a")->splineGraph()->mainColor(), QColor(10, 20, 30));
-    }
-
-    void aCancelledColourDialogLeavesAnInvalidColour()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        fixture.editor.findChild<ControlMenu2*>()->itemName = "n.a";
-        answerColourDialog([&] { fixture.editor.slotMenuEditingNodeColor(); },
-                           [](QColorDialog* dialog) { dialog->reject(); });
-        QVERIFY(!fixture.editor.searchAllNodeList("n.a")->color.isValid());
-        QVERIFY(!fixture.logic().findCurve("n.a")->splineGraph()->mainColor().isValid());
-    }
-
-    void anItemWithoutARecordGetsNoColourDialog()
-    {
-        EditorFixture fixture;
-        fixture.addCurve("n.a", {{1, 1}});
-        fixture.editor.findChild<ControlMenu2*>()->itemName = "n";
-        fixture.editor.slotMenuEditingNodeColor();
-        QCOMPARE(fixture.editor.searchAllNodeList("n.a")->color, QColor(Qt::green));
-    }
-
-    void theColourOfARecordOffTheCanvasIsOnlyNoted()
-    {
-        LentCurve outer;
-        EditorFixture fixture;
-        fixture.addCurve("n.a.b", {{1, 1}});
-        fixture.editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
-        auto* const record = fixture.editor.searchAllNodeListCurveName("n.a");
-        fixture.editor.setColorToEditingNode(record, Qt::blue);
-        QCOMPARE(record->color, QColor(Qt::blue));
-        QCOMPARE(fixture.logic().findCurve("n.a.b")->splineGraph()->mainColor(), QColor(Qt::green));
-    }
+    void theMenuEntryRemovesTheEditingCurvesNotItsItem();
+    void aRightClickOpensTheMenuOnItsItem();
+    void aSecondRequestWhileTheMenuIsOpenOpensNoOther();
+    void aRightClickOnOneOfTheSelectedItemsRemovesThemAll();
+    void theMenuSetsAColour();
+    void aCancelledColourDialogLeavesAnInvalidColour();
+    void anItemWithoutARecordGetsNoColourDialog();
+    void theColourOfARecordOffTheCanvasIsOnlyNoted();
 
     void theEditorGoesWhileAColourIsChosen_data() { atOnceAndLater(); }
 
-    void theEditorGoesWhileAColourIsChosen()
-    {
-        QFETCH(bool, later);
-        LentCurve curve;
-        const QPointer<CurveEditor> editor = shownEditorOf(curve);
-        const CurveEditor::NodeStruct* const record = editor->searchAllNodeList("n.c");
-        DialogUser<QColorDialog> user([&editor, &later](QColorDialog& dialog) {
-            if (later) {
-                editor->deleteLater();
-                dialog.accept();
-            } else {
-                delete editor.data();
-            }
-        });
-        QVERIFY(chooseInTheMenuOf(*editor, "n.c", "Change color"));
-        QVERIFY(user.hasActed());
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!editor);
-        QCOMPARE(record->color, QColor(Qt::green));
-    }
+    void theEditorGoesWhileAColourIsChosen();
 
     void theEditorGoesWhileTheMenuOfTheTreeIsOpen_data() { atOnceAndLater(); }
 
-    void theEditorGoesWhileTheMenuOfTheTreeIsOpen()
-    {
-        QFETCH(bool, later);
-        LentCurve curve;
-        const QPointer<CurveEditor> editor = shownEditorOf(curve);
-        bool wasOpen = false;
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, &watch, [&] {
-            if (QApplication::activePopupWidget()) {
-                watch.stop();
-                wasOpen = true;
-                later ? editor->deleteLater() : delete editor.data();
-            }
-        });
-        watch.start(0);
-        rightClick(*editor->checkListsEditing, "n.c");
-        QVERIFY(wasOpen);
-        QVERIFY(!editor);
-        QVERIFY(!QApplication::activePopupWidget());
-    }
+    void theEditorGoesWhileTheMenuOfTheTreeIsOpen();
 
 private:
-    /// On the heap, with the curve "n.c".
-    static CurveEditor* shownEditorOf(LentCurve& curve)
-    {
-        curve.addKey(10.0, 10.0);
-        auto* const editor = new CurveEditor(nullptr, QString());
-        editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f,
-                         100.0f, true, true);
-        editor->show();
-        return editor;
-    }
-
-    static void atOnceAndLater()
-    {
-        QTest::addColumn<bool>("later");
-        QTest::newRow("at once") << false;
-        QTest::newRow("by deleteLater") << true;
-    }
+    static CurveEditor* shownEditorOf(LentCurve& curve);
+    static void atOnceAndLater();
 };
+
+void TestTreeMenu::theMenuEntryRemovesTheEditingCurvesNotItsItem()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    fixture.editCurve("n.b", {{1, 1}});
+    fixture.editor.findChild<ControlMenu2*>()->itemName = "n.a";
+    fixture.editor.slotMenuEditingNodeRemove();
+    QCOMPARE(treeNames(fixture.editor), (QStringList{"n", "n.a"}));
+    QCOMPARE(fixture.undoAll(), QStringList{"Remove Curves from Curve Editor"});
+    QVERIFY(fixture.logic().findCurve("n.b"));
+}
+
+void TestTreeMenu::aRightClickOpensTheMenuOnItsItem()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    EditingTree* const tree = fixture.editor.checkListsEditing;
+    QVERIFY(fixture.closesMenuOf([&] { rightClick(*tree, "n.a"); }));
+    QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
+    QVERIFY(fixture.closesMenuOf([&] { rightClick(*tree, "n"); }));
+    QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
+    fixture.editor.rightButtonPressedEditingItem(QModelIndex()); // opens nothing
+    QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n"));
+}
+
+void TestTreeMenu::aSecondRequestWhileTheMenuIsOpenOpensNoOther()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    EditingTree* const tree = fixture.editor.checkListsEditing;
+    bool cameBack = false;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (QWidget* const menu = QApplication::activePopupWidget()) {
+            watch.stop();
+            rightClick(*tree, "n");
+            cameBack = true;
+            menu->close();
+        }
+    });
+    watch.start(0);
+    rightClick(*tree, "n.a");
+    QVERIFY(cameBack);
+    QCOMPARE(fixture.editor.findChild<ControlMenu2*>()->itemName, QString("n.a"));
+}
+
+void TestTreeMenu::aRightClickOnOneOfTheSelectedItemsRemovesThemAll()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    fixture.addCurve("n.b", {{1, 1}});
+    fixture.addCurve("n.c", {{1, 1}});
+    fixture.editor.selectNodes(QStringList{"n.a", "n.c"});
+    QVERIFY(chooseInTheMenuOf(fixture.editor, "n.a", "Remove from editing list"));
+    QCOMPARE(treeNames(fixture.editor), (QStringList{"n", "n.b"}));
+    QCOMPARE(fixture.undoAll(), QStringList{"Remove Curves from Curve Editor"});
+    QCOMPARE(fixture.editor.getSelection(), (QStringList{"n.a", "n.c"}));
+}
+
+void TestTreeMenu::theMenuSetsAColour()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    answerColourDialog([&] { QVERIFY(chooseInTheMenuOf(fixture.editor, "n.a", "Change color")); },
+                       [](QColorDialog* dialog) {
+                           dialog->setCurrentColor(QColor(10, 20, 30));
+                           dialog->accept();
+                       });
+    QCOMPARE(fixture.editor.searchAllNodeList("n.a")->color, QColor(10, 20, 30));
+    QCOMPARE(fixture.logic().findCurve("n.a")->splineGraph()->mainColor(), QColor(10, 20, 30));
+}
+
+void TestTreeMenu::aCancelledColourDialogLeavesAnInvalidColour()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    fixture.editor.findChild<ControlMenu2*>()->itemName = "n.a";
+    answerColourDialog([&] { fixture.editor.slotMenuEditingNodeColor(); },
+                       [](QColorDialog* dialog) { dialog->reject(); });
+    QVERIFY(!fixture.editor.searchAllNodeList("n.a")->color.isValid());
+    QVERIFY(!fixture.logic().findCurve("n.a")->splineGraph()->mainColor().isValid());
+}
+
+void TestTreeMenu::anItemWithoutARecordGetsNoColourDialog()
+{
+    EditorFixture fixture;
+    fixture.addCurve("n.a", {{1, 1}});
+    fixture.editor.findChild<ControlMenu2*>()->itemName = "n";
+    fixture.editor.slotMenuEditingNodeColor();
+    QCOMPARE(fixture.editor.searchAllNodeList("n.a")->color, QColor(Qt::green));
+}
+
+void TestTreeMenu::theColourOfARecordOffTheCanvasIsOnlyNoted()
+{
+    LentCurve outer;
+    EditorFixture fixture;
+    fixture.addCurve("n.a.b", {{1, 1}});
+    fixture.editor.addNewNode("n", "a", Qt::red, 0, &outer.spline, nullptr, 0, 1, true);
+    auto* const record = fixture.editor.searchAllNodeListCurveName("n.a");
+    fixture.editor.setColorToEditingNode(record, Qt::blue);
+    QCOMPARE(record->color, QColor(Qt::blue));
+    QCOMPARE(fixture.logic().findCurve("n.a.b")->splineGraph()->mainColor(), QColor(Qt::green));
+}
+
+void TestTreeMenu::theEditorGoesWhileAColourIsChosen()
+{
+    QFETCH(bool, later);
+    LentCurve curve;
+    const QPointer<CurveEditor> editor = shownEditorOf(curve);
+    const CurveEditor::NodeStruct* const record = editor->searchAllNodeList("n.c");
+    DialogUser<QColorDialog> user([&editor, &later](QColorDialog& dialog) {
+        if (later) {
+            editor->deleteLater();
+            dialog.accept();
+        } else {
+            delete editor.data();
+        }
+    });
+    QVERIFY(chooseInTheMenuOf(*editor, "n.c", "Change color"));
+    QVERIFY(user.hasActed());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!editor);
+    QCOMPARE(record->color, QColor(Qt::green));
+}
+
+void TestTreeMenu::theEditorGoesWhileTheMenuOfTheTreeIsOpen()
+{
+    QFETCH(bool, later);
+    LentCurve curve;
+    const QPointer<CurveEditor> editor = shownEditorOf(curve);
+    bool wasOpen = false;
+    QTimer watch;
+    connect(&watch, &QTimer::timeout, &watch, [&] {
+        if (QApplication::activePopupWidget()) {
+            watch.stop();
+            wasOpen = true;
+            later ? editor->deleteLater() : delete editor.data();
+        }
+    });
+    watch.start(0);
+    rightClick(*editor->checkListsEditing, "n.c");
+    QVERIFY(wasOpen);
+    QVERIFY(!editor);
+    QVERIFY(!QApplication::activePopupWidget());
+}
+
+/// On the heap, with the curve "n.c".
+CurveEditor* TestTreeMenu::shownEditorOf(LentCurve& curve)
+{
+    curve.addKey(10.0, 10.0);
+    auto* const editor = new CurveEditor(nullptr, QString());
+    editor->addCurve("n", "c", Qt::green, 0.0f, &curve.spline, &curve.expression, -100.0f, 100.0f,
+                     true, true);
+    editor->show();
+    return editor;
+}
+
+void TestTreeMenu::atOnceAndLater()
+{
+    QTest::addColumn<bool>("later");
+    QTest::newRow("at once") << false;
+    QTest::newRow("by deleteLater") << true;
+}
 
 QTEST_MAIN(TestTreeMenu)
 #include "test_tree_menu.moc"

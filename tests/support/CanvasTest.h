@@ -2,11 +2,11 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
+#include "graphs/SplineCurveGraph.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 

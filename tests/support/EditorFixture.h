@@ -2,14 +2,11 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
-#include "canvas/SplineCurveGraph.h"
 #include "commands/CurveCommand.h"
-#include "core/FunctionFloatBase.h"
-#include "core/FunctionParserBase.h"
-#include "core/ParseMessage.h"
-#include "core/SplineBase.h"
 #include "curves/CurveNode.h"
 #include "editor/CurveEditor.h"
+#include "graphs/SplineCurveGraph.h"
+#include "support/LentCurve.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -22,32 +19,6 @@
 #include <initializer_list>
 #include <map>
 #include <memory>
-
-/// What a host lends for one curve. It must outlive the editor, or be destroyed on purpose.
-struct LentCurve
-{
-    SplineBase spline;
-    FunctionFloatBase* expression = nullptr;
-
-    ~LentCurve() { delete expression; }
-
-    PointInfo* addKey(const double& time, const double& value,
-                      const zk_spline::interpolationType& type = zk_spline::linear)
-    {
-        auto* point = new PointInfo;
-        point->time = time;
-        point->value = value;
-        point->type = type;
-        return spline.addPointPtr(point);
-    }
-
-    void setExpression(const char* text)
-    {
-        ParseMessage message;
-        delete expression;
-        expression = FunctionParserBase::instance()->parseString(text, message, false);
-    }
-};
 
 /// A shown editor whose canvas has 500 by 400 pixels over 50 seconds and 40 units of value: ten
 /// pixels are one second or one unit, and pixel (0, 400) is the origin.

@@ -7,13 +7,6 @@
 #include <QMenu>
 #include <QToolButton>
 
-/// The canonical text of the expression that a host's slot holds; "none" for an empty one.
-inline QString expressionOf(const LentCurve& curve)
-{
-    return curve.expression ? QString::fromLocal8Bit(curve.expression->getString().c_str())
-                            : QStringLiteral("none");
-}
-
 /// The expression line of a shown editor as its user works with it.
 class ExpressionLine
 {

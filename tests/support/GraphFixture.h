@@ -1,8 +1,8 @@
 #pragma once
 
-#include "canvas/SplineCurveGraph.h"
-#include "canvas/ViewPort.h"
 #include "core/SplineBase.h"
+#include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 #include "support/Pixels.h"
 
 #include <QImage>

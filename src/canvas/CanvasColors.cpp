@@ -1,7 +1,0 @@
-#include "canvas/CanvasColors.h"
-
-CanvasColors& CanvasColors::shared()
-{
-    static CanvasColors colors;
-    return colors;
-}

@@ -1,0 +1,7 @@
+#include "graphs/CanvasColors.h"
+
+CanvasColors& CanvasColors::shared()
+{
+    static CanvasColors colors;
+    return colors;
+}
