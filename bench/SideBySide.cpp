@@ -61,6 +61,22 @@ constexpr Comparison comparisons[] = {
 
     {"XML file of 100,000 keys: bare QXmlStreamReader", "xml/ours", "xml/bare", 0, 1.5},
     {"older format, 1,000,000 keys: 5 s", "older format/1000000", nullptr, olderFileLimit, 1.0},
+
+    {"time line over 100 curves of 1,000 keys: bare", "gui moves/time line", "gui bare/100 x 1000",
+     0, 0.01},
+    {"rubber band over them: bare picture", "gui moves/rubber band", "gui bare/100 x 1000", 0,
+     0.01},
+    {"drag of a key of one of them: bare picture", "gui drag/1 of 100 x 1000",
+     "gui bare/100 x 1000", 0, 0.04},
+    {"zoom, 100 curves of 100 keys: bare", "gui zoom/100 x 100", "gui bare/100 x 100", 0, 0.6},
+    {"zoom, 100 curves of 1,000 keys: bare", "gui zoom/100 x 1000", "gui bare/100 x 1000", 0, 0.6},
+    {"zoom, 100,000 keys: bare", "gui zoom/1 x 100000", "gui bare/1 x 100000", 0, 0.2},
+    {"zoom to 100 of 100,000 keys: bare", "gui zoom/100 of 100000", "gui bare/100 of 100000", 0,
+     1.3},
+    {"drag of 1 of 100,000 keys: bare picture", "gui drag/1 of 100000", "gui bare/1 x 100000", 0,
+     0.2},
+    {"drag of 10,000 of 100,000 keys: bare, no labels", "gui drag/10000 of 100000",
+     "gui bare/1 x 100000", 0, 0.3},
 };
 
 std::string withUnit(double seconds)

@@ -1,6 +1,7 @@
 #include "Look.h"
 
 #include <editor/CurveEditor.h>
+#include <editor/Look.h>
 
 #include <QApplication>
 #include <QFont>
@@ -46,13 +47,5 @@ void setLightLook()
 
 void setCanvasLook(CurveEditor& editor)
 {
-    editor.setCanvasColor(QColor(0x1b1e25));
-    editor.setSelectionColor(QColor(0x222a3d));
-    editor.setFrameLinesColor(QColor(0x3a4150));
-    editor.setFrameHLineColor(QColor(0x4a5262));
-    editor.setFrameVLineColor(QColor(0x4a5262));
-    editor.setFrameFontColor(QColor(0x99a3b8));
-    editor.setTimeLineColor(QColor(0xffd166));
-    editor.setControlPointColor(QColor(0xf2f2f2));
-    editor.setControlPointSelectedColor(QColor(0xff4d5e));
+    curve_editor::setLook(editor, curve_editor::Look::dark);
 }

@@ -30,6 +30,11 @@ bool CanvasCurveHost::dependsOnItself(const QString& parserName, QString& offend
     return host && host->dependsOnItself(parserName, offender);
 }
 
+const ParserScope* CanvasCurveHost::parserScope() const
+{
+    return host ? host->parserScope() : nullptr;
+}
+
 void CanvasCurveHost::createNodeAtCursor(CurveNode* curve)
 {
     canvas.createNodeAtCursor(curve);

@@ -18,6 +18,7 @@ public:
     ViewPort* view() const override;
     int labelDecimals() const override;
     bool dependsOnItself(const QString& parserName, QString& offender) const override;
+    const ParserScope* parserScope() const override;
     void createNodeAtCursor(CurveNode* curve) override;
 
 private:

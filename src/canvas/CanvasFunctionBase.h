@@ -18,6 +18,7 @@
 
 struct CanvasBackground;
 class CanvasGestures;
+class CanvasLayers;
 class CanvasPainter;
 class CanvasPress;
 class CurveEditor;
@@ -27,6 +28,7 @@ class CurveNodeBase;
 class FrameGrid;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class ParseMessage;
 class QInputEvent;
 class QKeyEvent;
@@ -102,7 +104,7 @@ public:
     SplineBase* firstSpline() const;
     /// Its dotted name, or "None".
     QString firstCurveName() const;
-    /// See curves/CurveType.h: the type of the first curve, mixed when it or another one that
+    /// See files/CurveType.h: the type of the first curve, mixed when it or another one that
     /// differs is a plain spline; expression when no curve is being edited.
     int editingType() const;
     /// What the expression line shows: "..." where the expressions differ.
@@ -110,6 +112,8 @@ public:
     void markExpressionsChanged();
     /// Sends the notice of the editing set that is still due, and schedules a repaint.
     void updateCanvas();
+    /// Whether that notice is due.
+    bool isNoticeDue() const;
     /// Writes each curve being edited to a file of its dotted name.
     void saveCurvesXml(const QString& folder);
     /// Writes the first curve being edited as an older curve file; nothing without one.
@@ -127,7 +131,11 @@ public:
 
     /// @name Painting
     /// @{
-    void paint(QPainter* painter);
+    /// With `onlyMoved` the time line or the rubber band has moved since the last time, and nobody
+    /// has asked for more.
+    void paint(QPainter* painter, const bool& onlyMoved = false);
+    /// What is kept of the last picture.
+    CanvasLayers& layers();
     FrameGrid* frameGrid() const;
     /// Null removes the picture.
     void setBackground(std::unique_ptr<CanvasBackground> picture);
@@ -237,6 +245,8 @@ public:
 
     SelectionState selectionState() const;
     CurveEditor* curveEditor() const;
+    /// Whose names expressions read first; not owned. Null without an editor.
+    const ParserScope* parserScope() const;
     ViewPort* viewPort() const;
 
 public slots:
@@ -261,7 +271,8 @@ private:
     friend class CanvasPress;
 
     QList<SplineCurveGraph*> editableGraphs() const;
-    QPointF worldAt(const QPoint& pixel) const;
+    QPointF worldAt(const QPointF& place) const;
+    QPointF worldUnder(const QMouseEvent& event) const;
 
     void changeSelection(const std::function<void()>& change);
     void walkSelection(const bool& forward);

@@ -2,11 +2,13 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/CanvasGestures.h"
+#include "canvas/CanvasHost.h"
 #include "canvas/FunctionEditor.h"
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
 #include "curves/ExpressionText.h"
+#include "files/CurveFormat.h"
 
 #include <fstream>
 #include <string>
@@ -79,6 +81,11 @@ void CanvasFunctionBase::markExpressionsChanged()
     emit changeCommandLine();
 }
 
+bool CanvasFunctionBase::isNoticeDue() const
+{
+    return editing.isNoticeDue();
+}
+
 void CanvasFunctionBase::updateCanvas()
 {
     if (editing.isNoticeDue()) {
@@ -94,7 +101,8 @@ void CanvasFunctionBase::saveCurvesXml(const QString& folder)
 {
     for (CurveNode* node : editing) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(node)) {
-            curve->saveXML(folder + QLatin1Char('/') + curve->dotName() + QLatin1String(".xml"));
+            const QString name = curve_files::fileNameOfCurve(curve->dotName());
+            curve->saveXML(folder + QLatin1Char('/') + name + QLatin1String(".xml"));
         }
     }
 }
@@ -117,9 +125,15 @@ void CanvasFunctionBase::saveCrvFile(std::ostream& stream)
     curve->saveCrv(stream);
 }
 
+const ParserScope* CanvasFunctionBase::parserScope() const
+{
+    return host ? host->parserScope() : nullptr;
+}
+
 FunctionFloatBase* CanvasFunctionBase::parseExpression(const QString& text, ParseMessage& message)
 {
-    std::unique_ptr<FunctionFloatBase> expression = curve_editor::parseText(text, message);
+    std::unique_ptr<FunctionFloatBase> expression =
+        curve_editor::parseText(text, message, parserScope());
     showBoxes(curve_editor::syntaxProblems(message));
     return expression.release();
 }

@@ -9,7 +9,7 @@
 #include "canvas/ModeControl.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/MousePixel.h"
 
 #include <QMouseEvent>
@@ -19,9 +19,15 @@
 
 using curve_editor::CanvasMode;
 
-QPointF CanvasFunctionBase::worldAt(const QPoint& pixel) const
+QPointF CanvasFunctionBase::worldAt(const QPointF& place) const
 {
-    return QPointF(view->timeAt(pixel.x()), view->valueAt(pixel.y()));
+    return QPointF(view->timeAt(place.x()), view->valueAt(place.y()));
+}
+
+/// As finely as the screen can show it.
+QPointF CanvasFunctionBase::worldUnder(const QMouseEvent& event) const
+{
+    return worldAt(mousePlace(event.position(), widget->devicePixelRatioF()));
 }
 
 bool CanvasFunctionBase::ignoresPress(const Qt::MouseButton& button) const
@@ -50,7 +56,7 @@ bool CanvasFunctionBase::press(QMouseEvent* event)
     endGestures();
     const CanvasMode mode = host->modes().mode();
     const QPoint pixel = mousePixel(event->position());
-    gestures->press(event->button(), worldAt(pixel));
+    gestures->press(event->button(), worldUnder(*event));
     if (!isEditing()) {
         return event->button() == Qt::LeftButton;
     }
@@ -65,7 +71,7 @@ bool CanvasFunctionBase::press(QMouseEvent* event)
 
 void CanvasFunctionBase::move(QMouseEvent* event)
 {
-    gestures->step(worldAt(mousePixel(event->position())));
+    gestures->step(worldUnder(*event));
 }
 
 void CanvasFunctionBase::release(QMouseEvent* event)

@@ -8,7 +8,7 @@
 #include "commands/CommandAddPoint.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/MousePixel.h"
 
 #include <QKeyEvent>
@@ -83,7 +83,7 @@ void CanvasFunctionBase::doubleClick(QMouseEvent* event)
     if (editingType() == expressionCurve || !canAdd || editing.size() != 1) {
         return;
     }
-    const QPointF world = worldAt(mousePixel(event->position()));
+    const QPointF world = worldUnder(*event);
     addKey(editing.first(), world.x(), world.y());
 }
 

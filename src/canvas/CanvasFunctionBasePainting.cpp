@@ -6,10 +6,11 @@
 #include "canvas/CanvasGestures.h"
 #include "canvas/CanvasPainter.h"
 #include "canvas/FunctionEditor.h"
+#include "curves/CurveHost.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveVisit.h"
 
-void CanvasFunctionBase::paint(QPainter* painter)
+void CanvasFunctionBase::paint(QPainter* painter, const bool& onlyMoved)
 {
     if (!widget->isVisible()) {
         return;
@@ -19,12 +20,14 @@ void CanvasFunctionBase::paint(QPainter* painter)
         mark = gestures->stage.lastWorld;
     }
     ground->paint(painter, *this, mark);
-    // A copy: what is evaluated for the pixels may be the host's, who may add or remove curves.
+    // What is evaluated for the pixels may be the host's, who may add or remove curves.
     const CurveVisit visit(&curveTree);
-    const QList<CurveNode*> drawn = curveTree.topNodes();
-    for (CurveNode* top : drawn) {
-        top->draw(view, painter);
-    }
+    ground->paintCurves(painter, curveTree.topNodes(), curveHost->labelDecimals(), onlyMoved);
+}
+
+CanvasLayers& CanvasFunctionBase::layers()
+{
+    return ground->layers();
 }
 
 FrameGrid* CanvasFunctionBase::frameGrid() const

@@ -3,6 +3,7 @@
 #include <memory>
 
 class CurveEditor;
+class ParserScope;
 class QMenu;
 class QString;
 
@@ -29,6 +30,8 @@ public:
     /// Whether the curve of that name, in the form of the parser, depends on itself. `offender`
     /// gets the dotted name of the curve whose expression closes the ring; else it stays.
     virtual bool dependsOnItself(const QString& parserName, QString& offender) const = 0;
+    /// Whose names expressions read first.
+    virtual const ParserScope* parserScope() const = 0;
     /// Digits behind the point in the labels at keys.
     virtual int numberOfDecimals() const = 0;
     /// Tells the application that a curve has changed, unless it does not report.

@@ -3,8 +3,11 @@
 #include "canvas/CanvasBackground.h"
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
+#include "canvas/LayerPlace.h"
 #include "core/Truncate.h"
+#include "curves/CurveNode.h"
 #include "curves/SelectedKeys.h"
+#include "graphs/CanvasColors.h"
 #include "graphs/ViewPort.h"
 
 #include <QPainter>
@@ -49,7 +52,7 @@ void paintRubberBand(QPainter* painter, const ViewPort& view, const QColor& acce
                      const QColor& refused)
 {
     painter->save();
-    painter->setPen(QPen(QBrush(Qt::white), 2.0, Qt::DotLine));
+    painter->setPen(QPen(QBrush(CanvasColors::shared().overlay), 2.0, Qt::DotLine));
     painter->setBrush(view.rectValid ? accepted : refused);
     painter->drawRect(view.rubberRect());
     painter->restore();
@@ -57,7 +60,7 @@ void paintRubberBand(QPainter* painter, const ViewPort& view, const QColor& acce
 
 void paintCrossHair(QPainter* painter, const ViewPort& view, const int& x, const int& y)
 {
-    painter->setPen(QPen(QBrush(Qt::white), 1.0, Qt::DotLine));
+    painter->setPen(QPen(QBrush(CanvasColors::shared().overlay), 1.0, Qt::DotLine));
     painter->drawLine(0, y, view.viewWidth, y);
     painter->drawLine(x, 0, x, view.viewHeight);
 }
@@ -88,7 +91,26 @@ void CanvasPainter::paint(QPainter* painter, const CanvasFunctionBase& canvas,
     if (view->canvasDirty) {
         frameGrid->update(*view);
     }
-    frameGrid->draw(painter);
+}
+
+/// From what is kept of them, or one by one where that would not do.
+void CanvasPainter::paintCurves(QPainter* painter, const QList<CurveNode*>& tops,
+                                const int& decimals, const bool& onlyMoved)
+{
+    const std::optional<LayerPlace> place = LayerPlace::of(painter);
+    if (!place) {
+        frameGrid->draw(painter);
+        for (CurveNode* top : tops) {
+            top->draw(view, painter);
+        }
+        return;
+    }
+    QList<CurveNode*> curves;
+    for (CurveNode* top : tops) {
+        curves += top->curves();
+    }
+    keptLayers.draw(painter, *place, *frameGrid, curves, view, decimals, onlyMoved);
+    painter->setRenderHint(QPainter::Antialiasing); // as curves that draw themselves leave it
 }
 
 void CanvasPainter::paintBackground(QPainter* painter)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "canvas/CanvasLayers.h"
+
+#include <QList>
 #include <QPointF>
 
 #include <memory>
@@ -7,12 +10,14 @@
 
 struct CanvasBackground;
 class CanvasFunctionBase;
+class CurveNode;
 class FrameGrid;
 class QPainter;
 class QWidget;
 class ViewPort;
 
-/// Paints what lies behind the curves: background, selection or rubber band, cross-hair and grid.
+/// Paints the canvas: background, selection or rubber band, cross-hair, and above them grid and
+/// curves, of which it keeps pictures.
 class CanvasPainter
 {
 public:
@@ -22,9 +27,15 @@ public:
     CanvasPainter(const CanvasPainter&) = delete;
     CanvasPainter& operator=(const CanvasPainter&) = delete;
 
-    /// `mark` is the point of the world at which the cross-hair is drawn.
+    /// What lies behind the grid. `mark` is the point of the world at which the cross-hair is
+    /// drawn.
     void paint(QPainter* painter, const CanvasFunctionBase& canvas,
                const std::optional<QPointF>& mark);
+
+    /// Grid and curves, those under the given nodes of the tree. See CanvasLayers.
+    void paintCurves(QPainter* painter, const QList<CurveNode*>& tops, const int& decimals,
+                     const bool& onlyMoved);
+    CanvasLayers& layers() { return keptLayers; }
 
     /// Never null; owned by the painter.
     FrameGrid* grid() const;
@@ -39,4 +50,5 @@ private:
     ViewPort* view;
     std::unique_ptr<FrameGrid> frameGrid;
     std::unique_ptr<CanvasBackground> backgroundPicture;
+    CanvasLayers keptLayers;
 };

@@ -1,5 +1,6 @@
 #include "canvas/FrameGrid.h"
 
+#include "canvas/GridLabels.h"
 #include "core/Truncate.h"
 #include "graphs/ViewPort.h"
 
@@ -80,12 +81,6 @@ int AxisLines::zeroIndex() const
     return zeroIsInside ? truncateToInt(-((low + offset) / step)) : -1;
 }
 
-QString labelText(const int& index, const int& zeroIndex, const double& value)
-{
-    return index == zeroIndex ? QStringLiteral("0")
-                              : QStringLiteral("%1").arg(value, 0, 'G', -1, QLatin1Char(' '));
-}
-
 } // namespace
 
 FrameGrid::FrameGrid(QWidget* canvasWidget)
@@ -146,35 +141,51 @@ void FrameGrid::update(const ViewPort& view)
 
 void FrameGrid::draw(QPainter* painter)
 {
+    drawLines(painter);
+    drawTimeLine(painter);
+    painter->setPen(fontColor);
+    drawLabels(painter);
+}
+
+void FrameGrid::drawLines(QPainter* painter) const
+{
     painter->setPen(linePen);
     painter->drawLines(lines);
     painter->setPen(QPen(QBrush(vLineColor), borderWidth, Qt::SolidLine));
     painter->drawLine(0, gridHeight, gridWidth, gridHeight);
     painter->setPen(QPen(QBrush(hLineColor), borderWidth, Qt::SolidLine));
     painter->drawLine(0, 0, 0, gridHeight);
+}
+
+void FrameGrid::drawTimeLine(QPainter* painter) const
+{
     if (0 <= timeLinePixel && timeLinePixel <= gridWidth) {
         painter->setPen(QPen(QBrush(timeLineColor), borderWidth, Qt::SolidLine));
         painter->drawLine(timeLinePixel, 0, timeLinePixel, gridHeight);
     }
-    painter->setPen(fontColor);
-    drawLabels(painter);
 }
 
+/// Value labels are always drawn, and time labels where they have room.
 void FrameGrid::drawLabels(QPainter* painter) const
 {
     painter->setFont(labelFont);
     painter->setBackgroundMode(Qt::TransparentMode);
+    const Qt::LayoutDirection direction = painter->layoutDirection();
+    painter->setLayoutDirection(Qt::LeftToRight); // or the sign would stand behind its number
+    LabelRow row(painter);
     const int lineCount = static_cast<int>(lines.size() / 2);
+    const QStringList values = gridLabels(countY, zeroIndexY, firstY, stepY);
+    for (int j = 0; j < std::min(countY, lineCount - countX); ++j) {
+        row.draw(QPoint(labelBorderGap, lines.at(qsizetype{2} * (countX + j)).y() - labelGap),
+                 values[j]);
+    }
+    const QStringList times = gridLabels(countX, zeroIndexX, firstX, stepX);
     for (int i = 0; i < std::min(countX, lineCount); ++i) {
         const int x = lines.at(qsizetype{2} * i).x() + labelGap;
         if (x > leftmostTimeLabel) {
-            painter->drawText(x, owner->height() - labelBorderGap,
-                              labelText(i, zeroIndexX, i * stepX + firstX));
+            row.drawIfFree(QPoint(x, owner->height() - labelBorderGap), times[i]);
         }
     }
-    for (int j = 0; j < std::min(countY, lineCount - countX); ++j) {
-        painter->drawText(labelBorderGap, lines.at(qsizetype{2} * (countX + j)).y() - labelGap,
-                          labelText(j, zeroIndexY, j * stepY + firstY));
-    }
+    painter->setLayoutDirection(direction);
     painter->setBackgroundMode(Qt::OpaqueMode);
 }

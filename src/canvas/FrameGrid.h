@@ -20,6 +20,10 @@ public:
     /// everything but the size as it was.
     void update(const ViewPort& view);
     void draw(QPainter* painter);
+    /// The three parts of it, from the bottom to the top. Labels are in the painter's pen.
+    void drawLines(QPainter* painter) const;
+    void drawTimeLine(QPainter* painter) const;
+    void drawLabels(QPainter* painter) const;
 
     QPolygon lines; ///< pairs of end points: vertical lines first, then horizontal ones
     int timeLinePixel = 0;
@@ -27,7 +31,5 @@ public:
     int gridHeight = 0;
 
 private:
-    void drawLabels(QPainter* painter) const;
-
     QWidget* owner; ///< not owned
 };

@@ -1,19 +1,23 @@
 #pragma once
 
-#include "canvas/CanvasFunctionBase.h"
 #include "core/ZkTypes.h"
 #include "graphs/ViewPort.h"
+#include "zk_curve_editor_export.h"
 
+#include <QRegion>
 #include <QWidget>
 
 #include <memory>
 
+class CanvasFunctionBase;
 class CurveEditor;
 class CurveKeysDialog;
+class QNativeGestureEvent;
+class WheelTurns;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
-/// then says that the selection may have changed.
-class FunctionEditor : public QWidget, public ViewPort
+/// then says that the selection may have changed. To a host it is the widget that shows the curves.
+class ZK_CURVE_EDITOR_EXPORT FunctionEditor : public QWidget, public ViewPort
 {
     Q_OBJECT
 
@@ -35,6 +39,8 @@ public:
     /// Shows the selected keys in the key dialog, its fields open if the curves being edited have
     /// keys. Called whenever the selection may have changed.
     void refreshKeysDialog();
+    /// Moves the time line to a time in seconds. The next paint need not look at the curves for it.
+    void moveTimeLine(const double& time);
     /// Tells the editor time and value under the cursor and the first curve's value there.
     void reportCursor(QMouseEvent* event);
 
@@ -45,7 +51,8 @@ public:
 signals:
     void setFuncPosInfo(ZK_DOUBLE valueX, ZK_DOUBLE valueY, ZK_DOUBLE val);
 
-protected slots:
+public slots:
+    /// The values of selected keys were changed: tells the host, and draws them.
     void currentNodeHasChanged();
 
 protected:
@@ -58,8 +65,14 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    bool nativeGestureEvent(QNativeGestureEvent* event);
+    QRect bandPlace() const;
+    QRect timeLineStrip() const;
+    void updateMoved(const QRect& before, const QRect& after);
     void showSelectedKeys(bool opensFields);
 
-    CanvasFunctionBase logic;
+    std::unique_ptr<CanvasFunctionBase> logic; ///< never null
+    std::unique_ptr<WheelTurns> wheel;         ///< never null
+    QRegion moved; ///< where only the time line or the rubber band has moved since the last paint
     std::unique_ptr<CurveKeysDialog> keys; ///< its parent is the editor
 };

@@ -1,5 +1,6 @@
 // Fitting the view to keys.
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 
 namespace {
@@ -33,14 +34,14 @@ void widenUp(ViewPort& view)
 
 void FunctionEditor::completeH()
 {
-    logic.endGesture(); // whose rectangle this would use
-    if (logic.editingCurves().isEmpty()) {
+    logic->endGesture(); // whose rectangle this would use
+    if (logic->editingCurves().isEmpty()) {
         return;
     }
     candidateFromView();
     double lowest = minY;
     double highest = maxY;
-    if (logic.curvesBounds(newMinX, newMaxX, lowest, highest)) {
+    if (logic->curvesBounds(newMinX, newMaxX, lowest, highest)) {
         widenAcross(*this);
     }
     applyRect(false);
@@ -48,14 +49,14 @@ void FunctionEditor::completeH()
 
 void FunctionEditor::completeV()
 {
-    logic.endGesture(); // whose rectangle this would use
-    if (logic.editingCurves().isEmpty()) {
+    logic->endGesture(); // whose rectangle this would use
+    if (logic->editingCurves().isEmpty()) {
         return;
     }
     candidateFromView();
     double first = minX;
     double last = maxX;
-    if (logic.curvesBounds(first, last, newMinY, newMaxY)) {
+    if (logic->curvesBounds(first, last, newMinY, newMaxY)) {
         widenUp(*this);
     }
     applyRect(false);
@@ -63,28 +64,28 @@ void FunctionEditor::completeV()
 
 void FunctionEditor::completeSelH()
 {
-    logic.endGesture(); // whose rectangle this would use
-    if (logic.editingCurves().isEmpty()) {
+    logic->endGesture(); // whose rectangle this would use
+    if (logic->editingCurves().isEmpty()) {
         return;
     }
     candidateFromView();
     double lowest = minY;
     double highest = maxY;
-    logic.selectionBounds(newMinX, newMaxX, lowest, highest);
+    logic->selectionBounds(newMinX, newMaxX, lowest, highest);
     widenAcross(*this);
     applyRect(false);
 }
 
 void FunctionEditor::completeSelV()
 {
-    logic.endGesture(); // whose rectangle this would use
-    if (logic.editingCurves().isEmpty()) {
+    logic->endGesture(); // whose rectangle this would use
+    if (logic->editingCurves().isEmpty()) {
         return;
     }
     candidateFromView();
     double first = minX;
     double last = maxX;
-    logic.selectionBounds(first, last, newMinY, newMaxY);
+    logic->selectionBounds(first, last, newMinY, newMaxY);
     widenUp(*this);
     applyRect(false);
 }

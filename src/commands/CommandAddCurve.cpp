@@ -26,7 +26,11 @@ CommandAddCurve::CommandAddCurve(CommandContext& given, const NodeStruct& lent, 
 
 bool CommandAddCurve::execute()
 {
-    isNewRecord = !context->catalogue().find(content.dotName);
+    const NodeStruct* const known = context->catalogue().find(content.dotName);
+    isNewRecord = !known;
+    if (known && known->isSplineLost()) {
+        context->listCurve(content); // lends the new spline
+    }
     curve = CurveHold(context->tree().findLeaf(content.dotName));
     if (curve.get()) {
         if (selectByDefault) {

@@ -10,7 +10,7 @@
 #include "curves/DetachedCurve.h"
 #include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
-#include "curves/PipeOrDevice.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
 
@@ -51,7 +51,7 @@ CommandLoadCurve::~CommandLoadCurve() = default;
 bool CommandLoadCurve::execute()
 {
     QFile file(fileName);
-    if (isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
+    if (curve_files::isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     file.close();
@@ -115,7 +115,7 @@ bool CommandLoadCurve::readContents()
         // The box of an error may have let anything happen.
         if (hasPlaceForContent(node)) {
             const std::optional<QString> text = expressionTextOf(loaded.curve()->expression());
-            contents.add(node, loaded.takeSpline(), text);
+            contents.copyCurveForUndo(node, loaded.takeSpline(), text);
         }
     }
     return true;

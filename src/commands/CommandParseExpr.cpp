@@ -5,6 +5,7 @@
 #include "commands/RecordKeys.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 
 #include <memory>
@@ -36,8 +37,9 @@ bool CommandParseExpr::execute()
     ParseMessage message;
     Problems problems;
     QStringList names;
+    const ParserScope* const scope = &context->catalogue().parserScope();
     for (Curve& curve : curves) {
-        std::unique_ptr<FunctionFloatBase> expression = parseText(text, message);
+        std::unique_ptr<FunctionFloatBase> expression = parseText(text, message, scope);
         problems += syntaxProblems(message);
         // Decided here: what the message says later of a cycle is told, not refused.
         applied = expression && message.errorKind == ParseMessage::noError;

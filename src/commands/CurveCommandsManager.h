@@ -1,5 +1,6 @@
 #pragma once
 
+#include "commands/CurveCommand.h"
 #include "zk_curve_editor_export.h"
 
 #include <QObject>
@@ -10,8 +11,6 @@
 #include <vector>
 
 namespace curve_editor {
-
-class CurveCommand;
 
 /// Runs commands and holds those that can be undone and redone.
 ///

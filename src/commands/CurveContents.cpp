@@ -6,6 +6,7 @@
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 
 #include <utility>
@@ -27,8 +28,8 @@ CurveContents::CurveContents(CommandContext& given)
 
 CurveContents::~CurveContents() = default;
 
-qsizetype CurveContents::add(NodeStruct* node, std::unique_ptr<SplineBase> keys,
-                             const std::optional<QString>& expression)
+qsizetype CurveContents::copyCurveForUndo(NodeStruct* node, std::unique_ptr<SplineBase> keys,
+                                          const std::optional<QString>& expression)
 {
     Entry entry;
     entry.node = node;
@@ -72,7 +73,7 @@ bool CurveContents::restoreRecordContent(const Version& version)
         std::unique_ptr<FunctionFloatBase> expression;
         if (const std::optional<QString>& text = textOf(i, version)) {
             ParseMessage message;
-            expression = parseText(*text, message);
+            expression = parseText(*text, message, &context->catalogue().parserScope());
             problems += syntaxProblems(message);
         }
         writeExpression(entries[i].node, std::move(expression));

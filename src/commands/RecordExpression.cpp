@@ -1,10 +1,12 @@
 #include "commands/RecordExpression.h"
 
+#include "commands/CommandContext.h"
 #include "commands/RecordKeys.h"
 #include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
+#include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/NodeStruct.h"
 
@@ -41,7 +43,8 @@ Problems restoreExpression(const CommandContext& context, const NodeStruct* reco
                            const QString& text)
 {
     ParseMessage message;
-    std::unique_ptr<FunctionFloatBase> expression = parseText(text, message);
+    std::unique_ptr<FunctionFloatBase> expression =
+        parseText(text, message, &context.catalogue().parserScope());
     const Problems problems = syntaxProblems(message);
     return problems + giveExpression(context, record, std::move(expression), message);
 }

@@ -121,23 +121,22 @@ ExpressionGrammar::Tree ExpressionGrammar::readGroup()
 ExpressionGrammar::Tree ExpressionGrammar::readName()
 {
     const Token name = token;
-    const std::string_view word = text.substr(name.start, name.length);
+    const std::string word = lexer.nameOf(name);
     advance();
-    if (atSymbol('(') && expression_tables::isFunction(word)) {
+    if (!name.isQuoted && atSymbol('(') && expression_tables::isFunction(word)) {
         return readCall(word);
     }
     if (const NamedConstant* constant = expression_tables::constant(word)) {
         return std::make_unique<FunctionFloatConstant>(*constant);
     }
-    return readVariable(name);
+    return readVariable(word, name);
 }
 
-ExpressionGrammar::Tree ExpressionGrammar::readVariable(const Token& name)
+ExpressionGrammar::Tree ExpressionGrammar::readVariable(const std::string& name, const Token& place)
 {
-    std::shared_ptr<ParserKeyEntry> entry =
-        lookUp(std::string(text.substr(name.start, name.length)));
+    std::shared_ptr<ParserKeyEntry> entry = lookUp(name);
     if (!entry) {
-        return fail(ParseMessage::unknownName, name);
+        return fail(ParseMessage::unknownName, place);
     }
     switch (entry->key->kind) {
     case 0:
@@ -238,7 +237,8 @@ bool ExpressionGrammar::closeGroup()
 ExpressionGrammar::Tree ExpressionGrammar::fail(const ParseMessage::errorKinds& kind,
                                                 const Token& place)
 {
-    firstError = {kind, place.start, std::max<std::size_t>(place.length, 1)};
+    const std::size_t length = std::max<std::size_t>(place.length, 1);
+    firstError = {kind, place.start, std::min(length, text.size() - place.start)};
     return nullptr;
 }
 

@@ -22,7 +22,7 @@ struct BinaryOperation;
 class ExpressionGrammar
 {
 public:
-    /// What is wrong, and where; the span is at least 1 long.
+    /// What is wrong, and where; the span lies in the text and is empty in an empty text alone.
     struct Error
     {
         ParseMessage::errorKinds kind = ParseMessage::noError;
@@ -54,7 +54,7 @@ private:
     Tree readPrimary();
     Tree readGroup();
     Tree readName();
-    Tree readVariable(const Token& name);
+    Tree readVariable(const std::string& name, const Token& place);
     Tree readCall(std::string_view function);
     bool readArguments(Tree* arguments, const int& count);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 /// Cuts the text of an expression into tokens.
@@ -10,10 +11,10 @@ public:
     enum tokenKind : int
     {
         end,     ///< behind the last token; its span is empty
-        number,  ///< in the range of a double
-        name,    ///< letters, digits, "_", "." and bytes from 128 on; no digit or "." in front
+        number,  ///< in the range of a double; one too small for it is 0
+        name,    ///< plain or in quotes, see expression_name
         symbol,  ///< one of ( ) , + - * / ^ < > = & |
-        invalid, ///< anything else, and numbers out of range
+        invalid, ///< anything else, and numbers too great
     };
 
     struct Token
@@ -21,8 +22,9 @@ public:
         tokenKind kind = end;
         std::size_t start = 0;
         std::size_t length = 0;
-        double value = 0.0; ///< of a number
-        char sign = '\0';   ///< of a symbol; "&&" gives '&'
+        double value = 0.0;    ///< of a number
+        char sign = '\0';      ///< of a symbol; "&&" gives '&'
+        bool isQuoted = false; ///< a name between quotes, which are part of the span
     };
 
     /// The text must outlive the lexer.
@@ -30,9 +32,13 @@ public:
 
     Token next();
 
+    /// The name that a token of kind name spells.
+    std::string nameOf(const Token& token) const;
+
 private:
     Token readNumber();
-    Token readName();
+    Token readName(std::size_t length);
+    Token readQuotedName();
     Token readSymbol();
 
     std::string_view text;

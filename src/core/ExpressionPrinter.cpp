@@ -1,5 +1,6 @@
 #include "core/ExpressionPrinter.h"
 
+#include "core/ExpressionName.h"
 #include "core/ExpressionTables.h"
 #include "core/FunctionFloatBinary.h"
 #include "core/FunctionFloatConstant.h"
@@ -72,7 +73,7 @@ void ExpressionPrinter::write(const FunctionFloatBase& node)
     } else if (const FunctionFloatConstant* constant = node.getConstantRef()) {
         writeConstant(*constant);
     } else if (const auto* variable = dynamic_cast<const FunctionFloatVariable*>(&node)) {
-        text += variable->name();
+        text += expression_name::written(variable->name());
     }
 }
 

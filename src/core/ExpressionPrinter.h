@@ -7,8 +7,8 @@ class FunctionFloatBase;
 class FunctionFloatBinary;
 class FunctionFloatConstant;
 
-/// Writes an expression tree as canonical text: no blanks, parentheses only where the tree would
-/// read back as another one without them.
+/// Writes an expression tree as canonical text: no blanks, parentheses and the quotes of names
+/// only where the tree would read back as another one without them.
 class ExpressionPrinter
 {
 public:

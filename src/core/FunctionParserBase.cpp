@@ -1,6 +1,7 @@
 #include "core/FunctionParserBase.h"
 
 #include "core/ExpressionGrammar.h"
+#include "core/ExpressionName.h"
 #include "core/ExpressionTables.h"
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
@@ -27,6 +28,17 @@ bool isBuiltIn(const void* address)
 {
     return std::any_of(std::begin(builtInVariables), std::end(builtInVariables),
                        [&](const BuiltInVariable& variable) { return address == &variable.value; });
+}
+
+bool isBuiltIn(const std::string& name)
+{
+    return std::any_of(std::begin(builtInVariables), std::end(builtInVariables),
+                       [&](const BuiltInVariable& variable) { return name == variable.name; });
+}
+
+bool canRegister(const std::string& name, const void* address)
+{
+    return address && !isBuiltIn(address) && !isBuiltIn(name) && expression_name::isReachable(name);
 }
 
 // All parsers alive: an address that goes must be forgotten by the copies, too. Never freed, for
@@ -93,12 +105,18 @@ FunctionParserBase::~FunctionParserBase()
     std::vector<FunctionParserBase*>& parsers = livingParsers();
     parsers.erase(std::remove(parsers.begin(), parsers.end(), this), parsers.end());
     for (const auto& [name, entry] : entries) {
-        entry->key = nullptr;
+        entry->forgetKey();
     }
 }
 
 FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, ParseMessage& message,
                                                    bool)
+{
+    return parseWithin(nullptr, text, message);
+}
+
+FunctionFloatBase* FunctionParserBase::parseWithin(const ParserScope* scope,
+                                                   const std::string& text, ParseMessage& message)
 {
     const std::string source = text; // the message's own text may have been given
     message = ParseMessage();
@@ -108,7 +126,7 @@ FunctionFloatBase* FunctionParserBase::parseString(const std::string& text, Pars
         return nullptr;
     }
     ExpressionGrammar grammar(source,
-                              [this](const std::string& name) { return findVariable(name); });
+                              [&](const std::string& name) { return findVariable(name, scope); });
     std::unique_ptr<FunctionFloatBase> tree = grammar.read();
     if (!tree) {
         writeError(message, grammar.error());
@@ -130,9 +148,15 @@ FunctionParserBase::keyStruct* FunctionParserBase::getKey(const std::string& nam
 
 void FunctionParserBase::getAllKeyNames(std::vector<std::string>& names) const
 {
+    getAllKeyNames(names, nullptr);
+}
+
+void FunctionParserBase::getAllKeyNames(std::vector<std::string>& names,
+                                        const ParserScope* scope) const
+{
     names.clear();
     for (const auto& [name, key] : keys) {
-        if (key.value) {
+        if (key.value && entries.at(name)->isSeenFrom(scope)) {
             names.push_back(name);
         }
     }
@@ -143,24 +167,24 @@ void FunctionParserBase::setVarMapper(const ParserVarMapper* mapper)
     varMapper = mapper;
 }
 
-void FunctionParserBase::registerKey(const std::string& name, const int& kind, void* address,
+bool FunctionParserBase::registerKey(const std::string& name, const int& kind, void* address,
                                      RefreshFunction refresh)
 {
-    add(name, kind, address, std::move(refresh), false);
-}
-
-void FunctionParserBase::registerGuardedKey(const std::string& name, const int& kind, void* address,
-                                            RefreshFunction refresh)
-{
-    add(name, kind, address, std::move(refresh), true);
-}
-
-void FunctionParserBase::add(const std::string& name, const int& kind, void* address,
-                             RefreshFunction refresh, const bool& guardsItself)
-{
-    if (address && !isBuiltIn(address)) {
-        entryOf(name).add({kind, address, std::move(refresh), guardsItself});
+    const bool can = canRegister(name, address);
+    if (can) {
+        entryOf(name).add({kind, address, std::move(refresh), false});
     }
+    return can;
+}
+
+bool FunctionParserBase::registerGuardedKey(const std::string& name, const int& kind, void* address,
+                                            RefreshFunction refresh, const ParserScope* scope)
+{
+    const bool can = canRegister(name, address);
+    if (can) {
+        entryOf(name).add({kind, address, std::move(refresh), true, scope});
+    }
+    return can;
 }
 
 void FunctionParserBase::unregisterKey(const std::string& name, const void* address)
@@ -176,14 +200,35 @@ void FunctionParserBase::unregisterKey(const std::string& name, const void* addr
     }
 }
 
+void FunctionParserBase::endScope(const ParserScope* scope)
+{
+    for (const FunctionParserBase* parser : livingParsers()) {
+        for (const auto& [name, entry] : parser->entries) {
+            entry->endScope(scope);
+        }
+    }
+}
+
+void FunctionParserBase::adopt(const ParserKeyEntry& view, const ParserScope* scope)
+{
+    for (const FunctionParserBase* parser : livingParsers()) {
+        const auto found = parser->entries.find(view.name);
+        if (found != parser->entries.end()) {
+            found->second->adopt(view, scope);
+        }
+    }
+}
+
 void FunctionParserBase::refreshKey(const keyStruct* key)
 {
     if (!key) {
         return;
     }
     const auto found = entries.find(key->name);
-    if (found != entries.end() && found->second->key == key) {
-        const Entry kept = found->second;
+    if (found == entries.end()) {
+        return;
+    }
+    if (const Entry kept = ParserKeyEntry::withKey(found->second, key)) {
         kept->refresh();
     }
 }
@@ -199,31 +244,38 @@ ParserKeyEntry& FunctionParserBase::entryOf(const std::string& name)
     return *entry;
 }
 
-FunctionParserBase::Entry FunctionParserBase::livingEntry(const std::string& name) const
+FunctionParserBase::Entry FunctionParserBase::livingEntry(const std::string& name,
+                                                          const ParserScope* scope) const
 {
     const auto found = entries.find(name);
-    return found != entries.end() && found->second->key->value ? found->second : nullptr;
+    if (found == entries.end() || !found->second->isSeenFrom(scope)) {
+        return nullptr;
+    }
+    // The built-in ones are the same everywhere.
+    return ParserKeyEntry::seenFrom(found->second, isBuiltIn(name) ? nullptr : scope);
 }
 
 // As it is spelt, then in lower case; but no variable answers in lower case to what is a constant
 // there, for the canonical text would read back as the constant.
-FunctionParserBase::Entry FunctionParserBase::findVariable(const std::string& name) const
+FunctionParserBase::Entry FunctionParserBase::findVariable(const std::string& name,
+                                                           const ParserScope* scope) const
 {
     const std::string lower = lowerCase(name);
     const bool hasLowerCase = lower != name && !expression_tables::constant(lower);
-    if (Entry entry = livingEntry(name)) {
+    if (Entry entry = livingEntry(name, scope)) {
         return entry;
     }
-    if (Entry entry = hasLowerCase ? livingEntry(lower) : nullptr) {
+    if (Entry entry = hasLowerCase ? livingEntry(lower, scope) : nullptr) {
         return entry;
     }
-    if (Entry entry = askMapper(name)) {
+    if (Entry entry = askMapper(name, scope)) {
         return entry;
     }
-    return hasLowerCase ? askMapper(lower) : nullptr;
+    return hasLowerCase ? askMapper(lower, scope) : nullptr;
 }
 
-FunctionParserBase::Entry FunctionParserBase::askMapper(const std::string& name) const
+FunctionParserBase::Entry FunctionParserBase::askMapper(const std::string& name,
+                                                        const ParserScope* scope) const
 {
     keyStruct* key = varMapper ? varMapper->keyOf(name) : nullptr;
     if (!key) {
@@ -231,8 +283,11 @@ FunctionParserBase::Entry FunctionParserBase::askMapper(const std::string& name)
     }
     // The mapper may have registered the name meanwhile.
     const Entry registered = livingEntry(name);
-    return registered && registered->key == key ? registered
-                                                : std::make_shared<ParserKeyEntry>(name, key);
+    if (!registered || registered->key != key) {
+        return std::make_shared<ParserKeyEntry>(name, key);
+    }
+    const Entry seen = livingEntry(name, scope);
+    return seen ? seen : registered;
 }
 
 void FunctionParserBase::takeKeysOf(const FunctionParserBase& other)

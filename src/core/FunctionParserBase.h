@@ -12,6 +12,7 @@
 class FunctionFloatBase;
 class ParseMessage;
 class ParserKeyEntry;
+class ParserScope;
 class ParserVarMapper;
 
 /// The parser and the variables that expressions read; one for the process.
@@ -65,11 +66,22 @@ public:
     /// lower case (of ASCII letters), then by the mapper.
     FunctionFloatBase* parseString(const std::string& text, ParseMessage& message, bool unused);
 
+    /// The same within a scope, which names come first in and those of other scopes are unknown in;
+    /// null for none.
+    FunctionFloatBase* parseWithin(const ParserScope* scope, const std::string& text,
+                                   ParseMessage& message);
+
+    /// A name as expressions write it: as it is, or between quotes where it would read as anything
+    /// else: 'arm-left.x'. In quotes \' is a quote, \\ a backslash and \s a blank.
+    static std::string writtenName(const std::string& name);
+
     /// The key of exactly this name, not owned; null if nobody has the name registered.
     keyStruct* getKey(const std::string& name);
 
     /// Replaces the list by the names of all keys, in the order of their bytes.
     void getAllKeyNames(std::vector<std::string>& names) const;
+    /// The same of those that expressions parsed within the scope may read; null for no scope.
+    void getAllKeyNames(std::vector<std::string>& names, const ParserScope* scope) const;
 
     /// The keys that the expression reads, each once, in the order of their first mention; none
     /// for null. The keys are not owned.
@@ -81,15 +93,19 @@ public:
 
     /// Registrations of one name queue up: the first living one answers. `address`, which is not
     /// owned, holds a value of the kind and identifies the registration: registering it again
-    /// under the same name replaces kind and refresh function. Null and the addresses of "t", "f"
-    /// and "fps" do nothing.
-    void registerKey(const std::string& name, const int& kind, void* address,
+    /// under the same name replaces kind and refresh function.
+    ///
+    /// False, and nothing is registered, for null and the addresses of "t", "f" and "fps", and for
+    /// names that no expression can reach: these three, constants, the empty one, and those with
+    /// control characters.
+    bool registerKey(const std::string& name, const int& kind, void* address,
                      RefreshFunction refresh = RefreshFunction());
 
     /// The same for a refresh function that sees to its end by itself: it is called at every read,
-    /// also from inside of itself, and however deep refresh functions nest.
-    void registerGuardedKey(const std::string& name, const int& kind, void* address,
-                            RefreshFunction refresh);
+    /// also from inside of itself, and however deep refresh functions nest. The variable belongs to
+    /// the scope, which must outlive the registration, or with null to nobody in particular.
+    bool registerGuardedKey(const std::string& name, const int& kind, void* address,
+                            RefreshFunction refresh, const ParserScope* scope = nullptr);
 
     /// To be called before the value at the address is destroyed. Unknown names and addresses, and
     /// those of "t", "f" and "fps", do nothing.
@@ -100,16 +116,18 @@ public:
     void refreshKey(const keyStruct* key);
 
 private:
+    friend class ParserScope;
+
     using Entry = std::shared_ptr<ParserKeyEntry>;
 
     FunctionParserBase();
 
-    void add(const std::string& name, const int& kind, void* address, RefreshFunction refresh,
-             const bool& guardsItself);
+    static void endScope(const ParserScope* scope);
+    static void adopt(const ParserKeyEntry& view, const ParserScope* scope);
     ParserKeyEntry& entryOf(const std::string& name);
-    Entry livingEntry(const std::string& name) const;
-    Entry findVariable(const std::string& name) const;
-    Entry askMapper(const std::string& name) const;
+    Entry livingEntry(const std::string& name, const ParserScope* scope = nullptr) const;
+    Entry findVariable(const std::string& name, const ParserScope* scope) const;
+    Entry askMapper(const std::string& name, const ParserScope* scope) const;
     void takeKeysOf(const FunctionParserBase& other);
 
     std::map<std::string, keyStruct> keys; // never erased: expressions point into it

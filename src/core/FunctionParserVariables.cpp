@@ -1,39 +1,29 @@
+// The variables of expressions, and the scopes that they belong to.
+
 #include "core/FunctionParserBase.h"
 
-#include "core/FunctionFloatBinary.h"
-#include "core/FunctionFloatTernary.h"
-#include "core/FunctionFloatUnary.h"
+#include "core/ExpressionName.h"
+#include "core/ExpressionVariables.h"
 #include "core/FunctionFloatVariable.h"
+#include "core/ParserKeyEntry.h"
 
 #include <unordered_set>
 
-// A list of nodes to come instead of recursion: long sums are deeper than any stack. What stands
-// first in the text is taken last in, first out.
 std::vector<FunctionParserBase::keyStruct*>
 FunctionParserBase::getAllVars(const FunctionFloatBase* expression)
 {
     std::vector<keyStruct*> mentioned;
     std::unordered_set<const keyStruct*> seen;
-    std::vector<const FunctionFloatBase*> coming = {expression};
-    while (!coming.empty()) {
-        const FunctionFloatBase* node = coming.back();
-        coming.pop_back();
-        if (!node) {
-            continue;
-        }
-        if (const FunctionFloatUnary* unary = node->getUnaryRef()) {
-            coming.push_back(&unary->argument());
-        } else if (const FunctionFloatBinary* binary = node->getBinaryRef()) {
-            coming.insert(coming.end(), {&binary->right(), &binary->left()});
-        } else if (const FunctionFloatTernary* choice = node->getTernaryRef()) {
-            coming.insert(coming.end(),
-                          {&choice->whenFalse(), &choice->whenTrue(), &choice->condition()});
-        } else if (const auto* variable = dynamic_cast<const FunctionFloatVariable*>(node)) {
-            keyStruct* key = variable->key();
-            if (key && seen.insert(key).second) {
-                mentioned.push_back(key);
-            }
+    for (const FunctionFloatVariable* variable : variablesOf(expression)) {
+        keyStruct* key = variable->key();
+        if (key && seen.insert(key).second) {
+            mentioned.push_back(key);
         }
     }
     return mentioned;
+}
+
+std::string FunctionParserBase::writtenName(const std::string& name)
+{
+    return expression_name::written(name);
 }

@@ -45,6 +45,7 @@ private:
 ParserKeyEntry::ParserKeyEntry(std::string keyName, keyStruct* namedKey)
     : name(std::move(keyName))
     , key(namedKey)
+    , refreshing(std::make_shared<bool>(false))
 {}
 
 void ParserKeyEntry::refresh()
@@ -56,8 +57,9 @@ void ParserKeyEntry::refresh()
     const Running mark;
     if (answering->guardsItself) {
         answering->refresh();
-    } else if (!refreshing && nesting < FunctionParserBase::deepestRefresh) {
-        const Nested nested(refreshing);
+    } else if (!*refreshing && nesting < FunctionParserBase::deepestRefresh) {
+        const std::shared_ptr<bool> flag = refreshing; // the entry may go meanwhile
+        const Nested nested(*flag);
         answering->refresh();
     }
 }
@@ -123,10 +125,32 @@ double ParserKeyEntry::refreshAndRead()
     return stored(key);
 }
 
+void ParserKeyEntry::forgetKey()
+{
+    key = nullptr;
+    for (const Pointer& view : views) {
+        view->key = nullptr;
+    }
+    for (const auto& orphan : orphans) {
+        if (const Pointer view = orphan.lock()) {
+            view->key = nullptr;
+        }
+    }
+}
+
 void ParserKeyEntry::answer()
 {
     const bool lives = !registrations.empty();
     key->kind = lives ? registrations.front()->kind : doubleKind;
     key->value = lives ? registrations.front()->address : nullptr;
     hasRefresh = lives && registrations.front()->refresh;
+    for (const Pointer& view : views) {
+        updateView(*view);
+    }
+    const auto gone = std::remove_if(orphans.begin(), orphans.end(),
+                                     [](const auto& orphan) { return orphan.expired(); });
+    orphans.erase(gone, orphans.end());
+    for (const auto& orphan : orphans) {
+        updateView(*orphan.lock());
+    }
 }

@@ -26,6 +26,11 @@ Catalogue::~Catalogue()
     }
 }
 
+const ParserScope& Catalogue::parserScope() const
+{
+    return scope;
+}
+
 const QList<MainNodeStruct*>& Catalogue::mainNodes() const
 {
     return mainList;
@@ -53,12 +58,24 @@ NodeStruct* Catalogue::addNode(const NodeStruct& content)
     entry.number = nextNumber++;
     entry.dotName = record->dotName;
     entry.parserName = parserForm(record->dotName);
-    entry.variable = std::make_unique<CurveVariable>(record);
+    entry.variable = std::make_unique<CurveVariable>(record, &scope);
     nodeList.append(record);
     dotNames.add(entry.dotName, entry.number, record);
     parserNames.add(entry.parserName, entry.number, record);
     entries.emplace(record, std::move(entry));
+    scope.adopt(record->livingExpression()); // left by an editor that is gone
     return record;
+}
+
+void Catalogue::lendAnew(NodeStruct* record, const NodeStruct& content)
+{
+    const NodeStruct former = *record;
+    *record = content;
+    record->mainNodeName = former.mainNodeName;
+    record->curveName = former.curveName;
+    record->dotName = former.dotName;
+    record->safeDotName = former.safeDotName;
+    scope.adopt(record->livingExpression());
 }
 
 void Catalogue::removeMainNode(MainNodeStruct* node)

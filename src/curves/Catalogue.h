@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/ParserScope.h"
 #include "curves/NameIndex.h"
 #include "curves/NodeStruct.h"
 
@@ -35,6 +36,9 @@ public:
     Catalogue(const Catalogue&) = delete;
     Catalogue& operator=(const Catalogue&) = delete;
 
+    /// Whose the variables of the records are.
+    const ParserScope& parserScope() const;
+
     const QList<MainNodeStruct*>& mainNodes() const;
     const QList<NodeStruct*>& allNodes() const;
 
@@ -42,6 +46,9 @@ public:
     /// and slot, that was taken out before is used again.
     MainNodeStruct* addMainNode(const QString& name);
     NodeStruct* addNode(const NodeStruct& content);
+
+    /// Replaces what a record in the list shows; its names stay.
+    void lendAnew(NodeStruct* record, const NodeStruct& content);
 
     /// Take a record out of its list without freeing it. One that is not in it is passed over.
     void removeMainNode(MainNodeStruct* node);
@@ -84,6 +91,7 @@ private:
     MainNodeStruct* mainRecordFor(const QString& name);
     NodeStruct* recordFor(const NodeStruct& content);
 
+    ParserScope scope; // outlives the variables
     // The records outlive the variables, which read them.
     std::deque<MainNodeStruct> mainRecords;
     std::deque<NodeStruct> records;

@@ -1,6 +1,7 @@
 #pragma once
 
 class CurveNode;
+class ParserScope;
 class QString;
 class ViewPort;
 
@@ -21,6 +22,8 @@ public:
     /// Whether the curve of that name, in the form of the parser, depends on itself. `offender`
     /// gets the dotted name of the curve whose expression closes the ring; else it stays.
     virtual bool dependsOnItself(const QString& parserName, QString& offender) const = 0;
+    /// Whose names the curves' expressions read first; not owned, may be null.
+    virtual const ParserScope* parserScope() const = 0;
     /// The curve asks for a key at the cursor.
     virtual void createNodeAtCursor(CurveNode* curve) = 0;
 };

@@ -2,8 +2,8 @@
 
 #include "core/SplineBase.h"
 #include "curves/CurveTree.h"
-#include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 
 #include <QColor>
 #include <QStringList>
@@ -83,6 +83,7 @@ void CurveNode::addChild(CurveNode* child)
     child->unlink();
     childList->append(child);
     child->parent = this;
+    child->noteUnnamedNode();
 }
 
 int CurveNode::curveType()

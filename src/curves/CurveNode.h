@@ -38,7 +38,7 @@ public:
     /// Takes ownership of the child, out of the group that holds it by now. Null is passed over.
     /// Does nothing on a leaf.
     virtual void addChild(CurveNode* child);
-    /// See curves/CurveType.h. A group takes the type of its first child; mixed when another
+    /// See files/CurveType.h. A group takes the type of its first child; mixed when another
     /// child differs and either is a plain spline or mixed, or when there is no child.
     virtual int curveType();
     /// The living splines of the leaves; a curve without one adds nothing.
@@ -118,9 +118,11 @@ protected:
     std::unique_ptr<QList<CurveNode*>> childList; ///< each child is owned, too; null on a leaf
 
 private:
-    void renameChildren(const QString& oldDotName);
-    QString pathUnder(const QString& oldDotName, const QString& childPath) const;
+    void renameChildren();
+    bool isUnderUnnamedNode() const;
+    void noteUnnamedNode();
 
     CurveNode* parent = nullptr;     ///< not owned
+    bool underUnnamedNode = false;   ///< the path is empty, and is the name of a top node
     std::shared_ptr<CurveNode*> tag; ///< null until the first hold
 };

@@ -12,13 +12,18 @@
 
 class ExpressionCurveGraph;
 class FunctionParserBase;
+class ParserScope;
+struct PointInfo;
 class QXmlStreamReader;
 class QXmlStreamWriter;
 
 namespace curve_editor {
-struct CurveXmlContent;
 struct NodeStruct;
 } // namespace curve_editor
+
+namespace curve_files {
+struct CurveContent;
+} // namespace curve_files
 
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
 /// one dotted name, evaluates and draws it.
@@ -84,8 +89,26 @@ public:
     float minimumValue() const;
     float maximumValue() const;
 
+    /// Whose names expressions that are read from files read first: that of the canvas, or of the
+    /// curve that this one is a detached copy of. Not owned; null for neither.
+    const ParserScope* parserScope() const;
+    /// Lets a curve without a canvas read the names that another one reads.
+    void readNamesAs(const CurveNodeBase& other);
+
     /// Screen data must be rebuilt.
     bool hasChanged() const;
+    /// @name Retained pictures of the curve
+    /// @{
+    /// It is drawn, as a spline without an expression, and nobody has marked a change since.
+    bool isPlain();
+    /// Brings the screen data up to date as far as what it is made from has changed, and tells by
+    /// a number all that paintGraph paints, but for the view and what belongs to all curves. 0
+    /// where it paints nothing.
+    std::uint64_t refreshGraph(ViewPort* viewport);
+    /// Paints the screen data as it is.
+    void paintGraph(ViewPort* viewport, QPainter* painter);
+    /// @}
+
     /// Frees the screen data of a curve that is not to be drawn for some time.
     void dropPixels();
 
@@ -102,6 +125,19 @@ public:
     /// On an error, which the reader then holds, nothing has changed.
     bool LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser);
     void writeXmlStream(QXmlStreamWriter& writer);
+    /// Reads on from the start element `point`. The caller owns the key; null after an error.
+    static PointInfo* readControlPoint(QXmlStreamReader& reader);
+    /// Whether the reader stands on an end element, of whatever name.
+    static bool isEndOf(QXmlStreamReader& reader, const QString& name);
+    /// Lets the reader fail with the message and the line and column of its place.
+    static void raiseXmlError(QXmlStreamReader& reader, const QString& message);
+    /// The texts of the file for numbers; "unknown" for a number without one.
+    static QString curveTypeName(const int& type);
+    static QString nodeTypeName(const int& type);
+    static QString interpolationTypeName(const int& type);
+    /// The numbers of texts in any case of letters; -1 for one that is none of them.
+    static int nodeTypeFromName(const QString& name);
+    static int interpolationTypeFromName(const QString& name);
     /// @}
 
     /// @name The older curve file
@@ -122,8 +158,9 @@ public slots:
     /// The host edited the spline: the pixels are to be rebuilt.
     void splineChanged();
 
-signals:
-    void curveHasChanged(QString& nodeName, QString& curveName);
+protected:
+    /// The curve changed. Connected to by its signature, from outside too.
+    Q_SIGNAL void curveHasChanged(QString& nodeName, QString& curveName);
 
 private slots:
     void createNodeAtCursor();
@@ -145,15 +182,17 @@ private:
     void drawKeys(ViewPort* viewport, QPainter* painter);
 
     bool dependsOnItself(QString& offender) const;
-    void takeContent(curve_editor::CurveXmlContent& content, FunctionParserBase* parser);
-    void readExpression(std::ifstream& stream, FunctionParserBase& parser);
+    curve_files::CurveContent content();
+    void takeContent(const curve_files::CurveContent& read, FunctionParserBase* parser);
 
     bool changed = false;
     curve_editor::SplineHandle hostSpline;
     FunctionFloatBase** slot; ///< the host's; left alone once its spline is destroyed
     std::unique_ptr<SplineCurveGraph> keysGraph;
     std::unique_ptr<ExpressionCurveGraph> expressionGraph;
+    std::uint64_t sampledFrom = 0; ///< what the screen data was made from; 0 if that is unknown
     float storedCurveValue;
     float minimum;
     float maximum;
+    const ParserScope* scopeWithoutCanvas = nullptr; ///< not owned; outlives the curve
 };

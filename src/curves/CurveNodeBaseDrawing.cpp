@@ -7,8 +7,8 @@
 #include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveTree.h"
-#include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 #include "graphs/EvaluatedCurve.h"
 #include "graphs/ExpressionCurveGraph.h"
 #include "graphs/SplineCurveGraph.h"
@@ -90,6 +90,7 @@ void CurveNodeBase::updateGraph(ViewPort* viewport)
     if (!pixelsAreOld && !needsUpdate(viewport)) {
         return;
     }
+    sampledFrom = 0;
     // Beforehand: a refresh function may change the curve while it is sampled.
     clearChangedFlags();
     try {
@@ -118,6 +119,9 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
     const double highest = static_cast<double>(maximum);
     const double step = (viewport.maxX - viewport.minX) / expressionSamples;
     QPolygon points(expressionSamples);
+    StrokeLine& stroke = expressionGraph->stroke;
+    stroke.clear(viewport.viewHeight);
+    const double scaleY = viewport.viewHeight / (viewport.maxY - viewport.minY);
     EvaluationTime moment;
     for (int i = 0; i < expressionSamples; ++i) {
         moment.set(i * step + viewport.minX, viewport.fps);
@@ -128,6 +132,7 @@ void CurveNodeBase::sampleExpression(const ViewPort& viewport)
         }
         const double column = static_cast<double>(i) * viewport.viewWidth * 0.0002;
         points.setPoint(i, truncateToPixel(column), drawnRow(viewport, value));
+        stroke.add(column, (viewport.maxY - value) * scaleY);
     }
     expressionGraph->setPolyline(points);
 }
@@ -144,6 +149,12 @@ void CurveNodeBase::draw(ViewPort* viewport, QPainter* painter)
     } else if (needsUpdate(viewport)) {
         postponeUpdate();
     }
+    paintGraph(viewport, painter);
+}
+
+void CurveNodeBase::paintGraph(ViewPort* viewport, QPainter* painter)
+{
+    const int type = curveType();
     const QPainter::RenderHints hints = painter->renderHints();
     painter->setRenderHint(QPainter::Antialiasing);
     if (type == expressionCurve && expression() && expressionGraph->isActive) {

@@ -2,6 +2,7 @@
 
 #include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
+#include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
@@ -21,9 +22,13 @@ namespace {
 /// Marks every place where the message's text names the variable, overlapping ones included.
 void markVariable(const QString& parserName, ParseMessage& message)
 {
-    const std::string name = parserName.toLocal8Bit().toStdString();
+    std::string name = parserName.toLocal8Bit().toStdString();
+    const std::string written = FunctionParserBase::writtenName(name);
     std::string text = message.expressionText;
     std::replace(text.begin(), text.end(), ' ', '_');
+    if (written.find(name) == std::string::npos) {
+        name = written; // with quotes or backslashes in it
+    }
     if (name.empty()) {
         return;
     }
@@ -63,6 +68,17 @@ Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expres
     markVariable(curve_editor::parserForm(offender), message);
     const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
     return {{Problem::warning, tr("Cyclical dependency"), text}};
+}
+
+const ParserScope* CurveNodeBase::parserScope() const
+{
+    const CurveHost* const host = tree ? tree->host() : nullptr;
+    return host ? host->parserScope() : scopeWithoutCanvas;
+}
+
+void CurveNodeBase::readNamesAs(const CurveNodeBase& other)
+{
+    scopeWithoutCanvas = other.parserScope();
 }
 
 bool CurveNodeBase::dependsOnItself(QString& offender) const

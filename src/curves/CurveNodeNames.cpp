@@ -22,7 +22,7 @@ QString CurveNode::path() const
 
 QString CurveNode::dotName() const
 {
-    return parentPath.isEmpty() ? ownName : parentPath + point + ownName;
+    return parentPath.isEmpty() && !underUnnamedNode ? ownName : parentPath + point + ownName;
 }
 
 CurveNode* CurveNode::findNode(const QString& dotName)
@@ -40,13 +40,12 @@ CurveNode* CurveNode::findNode(const QString& dotName)
 
 void CurveNode::setDotName(const QString& dotName)
 {
-    const QString oldDotName = this->dotName();
     const QString lastElement = dotName.section(point, -1);
     // A negative length, of a name without a point, keeps the whole name.
     setNames(lastElement, parentPath.isEmpty()
                               ? QString()
                               : dotName.left(dotName.length() - lastElement.length() - 1));
-    renameChildren(oldDotName);
+    renameChildren();
 }
 
 void CurveNode::setRootName(const QString& rootName)
@@ -59,9 +58,8 @@ void CurveNode::setRootName(const QString& rootName)
 
 void CurveNode::setPath(const QString& path)
 {
-    const QString oldDotName = dotName();
     setNames(ownName, path);
-    renameChildren(oldDotName);
+    renameChildren();
 }
 
 void CurveNode::setNames(const QString& name, const QString& path)
@@ -69,6 +67,7 @@ void CurveNode::setNames(const QString& name, const QString& path)
     const QString oldDotName = CurveNode::dotName();
     ownName = name;
     parentPath = path;
+    underUnnamedNode = isUnderUnnamedNode();
     if (tree) {
         tree->nodeRenamed(this, oldDotName);
     }
@@ -77,7 +76,7 @@ void CurveNode::setNames(const QString& name, const QString& path)
 /// The same as comparing with dotName(), without building it.
 bool CurveNode::isNamed(const QString& dotName) const
 {
-    if (parentPath.isEmpty()) {
+    if (parentPath.isEmpty() && !underUnnamedNode) {
         return dotName == ownName;
     }
     return dotName.length() == parentPath.length() + 1 + ownName.length() &&
@@ -85,17 +84,26 @@ bool CurveNode::isNamed(const QString& dotName) const
            dotName.startsWith(parentPath);
 }
 
-void CurveNode::renameChildren(const QString& oldDotName)
+void CurveNode::renameChildren()
 {
     for (CurveNode* child : *childList) {
-        child->setPath(pathUnder(oldDotName, child->parentPath));
+        child->setPath(dotName());
     }
 }
 
-/// A child's path after this node was renamed. A curve named a.b.b stands right under a with the
-/// path a.b: what its path has beyond the group's name stays.
-QString CurveNode::pathUnder(const QString& oldDotName, const QString& childPath) const
+/// A top node may have the empty name: its children have an empty path and a point in front.
+bool CurveNode::isUnderUnnamedNode() const
 {
-    const bool reachesDeeper = childPath.startsWith(oldDotName + point);
-    return reachesDeeper ? dotName() + childPath.mid(oldDotName.length()) : dotName();
+    return parentPath.isEmpty() && parent && parent->dotName().isEmpty();
+}
+
+/// To be called when the node has come under another one.
+void CurveNode::noteUnnamedNode()
+{
+    if (isUnderUnnamedNode() && !underUnnamedNode) {
+        setNames(ownName, parentPath);
+        if (childList) {
+            renameChildren();
+        }
+    }
 }

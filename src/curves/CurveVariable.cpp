@@ -6,8 +6,8 @@
 #include "core/FunctionParserBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveTurns.h"
-#include "curves/CurveType.h"
 #include "curves/NodeStruct.h"
+#include "files/CurveType.h"
 
 #include <unordered_map>
 #include <utility>
@@ -44,8 +44,9 @@ Variables& variables()
 
 } // namespace
 
-CurveVariable::CurveVariable(const NodeStruct* curve)
+CurveVariable::CurveVariable(const NodeStruct* curve, const ParserScope* namesScope)
     : record(curve)
+    , scope(namesScope)
 {
     variables().emplace(&value.number, this);
     registerName();
@@ -86,8 +87,8 @@ void CurveVariable::rename()
 void CurveVariable::registerName()
 {
     registeredName = parserForm(record->dotName).toLocal8Bit().toStdString();
-    FunctionParserBase::instance()->registerGuardedKey(registeredName, doubleKind, &value.number,
-                                                       [this] { refresh(); });
+    FunctionParserBase::instance()->registerGuardedKey(
+        registeredName, doubleKind, &value.number, [this] { refresh(); }, scope);
 }
 
 void CurveVariable::refresh()

@@ -6,19 +6,21 @@
 #include <string>
 #include <vector>
 
+class ParserScope;
+
 namespace curve_editor {
 
 struct NodeStruct;
 
 /// Lets expressions read a curve by its name: registers a record in the parser under its parser
 /// form for as long as it lives. Reading it evaluates the record, on the canvas or not, at the
-/// present "t", "f" and "fps", once within one outer evaluation. In a ring of curves the mention
-/// that closes it reads 0, see EvaluatedCurve.
+/// present "t", "f" and "fps", once within one outer evaluation. What another editor parses does
+/// not see it. In a ring of curves the mention that closes it reads 0, see EvaluatedCurve.
 class CurveVariable
 {
 public:
-    /// The record is not owned and outlives this object.
-    explicit CurveVariable(const NodeStruct* record);
+    /// Neither is owned; both outlive this object. Without a scope all expressions may read it.
+    explicit CurveVariable(const NodeStruct* record, const ParserScope* scope = nullptr);
     ~CurveVariable();
     CurveVariable(const CurveVariable&) = delete;
     CurveVariable& operator=(const CurveVariable&) = delete;
@@ -42,6 +44,7 @@ private:
     std::vector<CurveVariable*> dependencies() const;
 
     const NodeStruct* record; ///< not owned; null once it has left
+    const ParserScope* scope; ///< not owned
     std::string registeredName;
     CurveValue value;
 };

@@ -12,7 +12,9 @@ DetachedCurve::DetachedCurve(const CurveNodeBase& model)
     , node(std::make_unique<CurveNodeBase>(
           nullptr, model.name(), model.path(), model.curveColor(), model.curveValue(), keys.get(),
           &expression, model.minimumValue(), model.maximumValue(), model.notifiesHost()))
-{}
+{
+    node->readNamesAs(model);
+}
 
 DetachedCurve::~DetachedCurve()
 {

@@ -25,11 +25,12 @@ QString markedText(const ParseMessage& message)
 
 } // namespace
 
-std::unique_ptr<FunctionFloatBase> parseText(const QString& text, ParseMessage& message)
+std::unique_ptr<FunctionFloatBase> parseText(const QString& text, ParseMessage& message,
+                                             const ParserScope* scope)
 {
     FunctionParserBase* const parser = FunctionParserBase::instance();
     const std::string local = text.toLocal8Bit().toStdString();
-    return std::unique_ptr<FunctionFloatBase>(parser->parseString(local, message, false));
+    return std::unique_ptr<FunctionFloatBase>(parser->parseWithin(scope, local, message));
 }
 
 Problems syntaxProblems(const ParseMessage& message)

@@ -9,12 +9,15 @@
 
 class FunctionFloatBase;
 class ParseMessage;
+class ParserScope;
 
 namespace curve_editor {
 
-/// Parses a text in the local 8-bit encoding, with the parser of the process. Returns what that
-/// returned, which may be null, also where the message tells of an error.
-std::unique_ptr<FunctionFloatBase> parseText(const QString& text, ParseMessage& message);
+/// Parses a text in the local 8-bit encoding, with the parser of the process. The scope, which may
+/// be null, is whose names it reads first. Returns what the parser returned, which may be null,
+/// also where the message tells of an error.
+std::unique_ptr<FunctionFloatBase> parseText(const QString& text, ParseMessage& message,
+                                             const ParserScope* scope);
 
 /// What a box titled "Syntax error" is to say of a text that was parsed; nothing where no place in
 /// it is marked as wrong.

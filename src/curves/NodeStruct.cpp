@@ -28,17 +28,20 @@ NodeStruct NodeStruct::lent(const QString& node, const QString& curve, const QCo
 void NodeStruct::setSpline(SplineBase* hostSpline)
 {
     spline = hostSpline;
+    notedSpline = hostSpline;
     splineHandle = SplineHandle(hostSpline);
 }
 
 SplineBase* NodeStruct::livingSpline() const
 {
+    noteSpline();
     return splineHandle.get();
 }
 
 bool NodeStruct::isSplineLost() const
 {
-    return spline && !splineHandle.get();
+    noteSpline();
+    return splineHandle.isLost();
 }
 
 FunctionFloatBase** NodeStruct::livingSlot() const
@@ -50,6 +53,14 @@ FunctionFloatBase* NodeStruct::livingExpression() const
 {
     FunctionFloatBase** slot = livingSlot();
     return slot ? *slot : nullptr;
+}
+
+void NodeStruct::noteSpline() const
+{
+    if (spline != notedSpline) {
+        notedSpline = spline;
+        splineHandle = SplineHandle(spline);
+    }
 }
 
 QString parserForm(const QString& dotName)

@@ -31,14 +31,13 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
     bool isEditing = false; ///< a curve object stands on the canvas
     bool notifyHost = true; ///< the curve object reports its changes
 
-    SplineHandle splineHandle; ///< the same spline, as long as it lives
-
     /// The record of a curve that a host lends, by what it gives to CurveEditor::addCurve.
     static NodeStruct lent(const QString& node, const QString& curve, const QColor& color,
                            float curveValue, SplineBase* spline, FunctionFloatBase** function,
                            float minValue, float maxValue, bool notifyHost);
 
-    /// Takes the spline and notes its life.
+    /// Takes the spline and notes its life. One that was written into the field is noted when it
+    /// is first asked for.
     void setSpline(SplineBase* hostSpline);
 
     /// The spline; null when there is none or its host has destroyed it.
@@ -53,6 +52,12 @@ struct ZK_CURVE_EDITOR_EXPORT NodeStruct
 
     /// The expression in the living slot, or null.
     FunctionFloatBase* livingExpression() const;
+
+private:
+    void noteSpline() const;
+
+    mutable const SplineBase* notedSpline = nullptr; ///< not owned; whose handle this is
+    mutable SplineHandle splineHandle;
 };
 
 /// One object of the host, under which its curves stand. It lives as long as its editor.

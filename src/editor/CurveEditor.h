@@ -20,6 +20,7 @@ class CurveNode;
 class CustomEditLine;
 class FunctionEditor;
 class FunctionFloatBase;
+class ParserScope;
 class QAction;
 class QInputEvent;
 class QMenu;
@@ -174,6 +175,9 @@ public:
     NodeStruct* searchAllNodeList(const QString& dotName) const;
     /// The first record whose name has this parser form: lower case, blanks as underscores.
     NodeStruct* searchAllNodeListCurveName(const QString& parserName) const;
+    /// Whose names the expressions that are typed here read first, before those that hosts have
+    /// registered: those of this editor's curves. Lives as long as the editor.
+    const ParserScope* parserScope() const;
     /// The same as searchAllNodeList.
     NodeStruct* structFromDotName(const QString& dotName) const;
     NodeStruct* structFromCurve(CurveNode const* curve) const;
@@ -552,6 +556,7 @@ private:
     void setMaxTime(const double& time);
     /// The dotted name of each record, one a line; for debugging.
     std::string dumpNodeList() const;
+    void lendAnew(NodeStruct* record, const NodeStruct& content);
     /// Lets tool and mode show in buttons and cursor, and end gestures that they do not go with.
     void connectModes();
 

@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandRemoveCurves.h"
 #include "curves/CurveNodeBase.h"
@@ -78,6 +79,14 @@ void enterCanvas(CurveEditor* editor, NodeStruct* record, CurveNode* curve)
     }
 }
 
+/// A swatch of the colour that the curve is drawn in.
+void showColor(QTreeWidgetItem* item, const QColor& color)
+{
+    if (item) {
+        item->setData(0, Qt::DecorationRole, color.isValid() ? color : QColor(Qt::black));
+    }
+}
+
 /// The items on the way to a curve, as far as there are none.
 void addTreeItems(EditingTree* tree, const NodeStruct* record)
 {
@@ -102,6 +111,7 @@ void addTreeItems(EditingTree* tree, const NodeStruct* record)
         }
         item = child;
     }
+    showColor(item, record->color);
 }
 
 /// Only an item at the top is freed.
@@ -278,6 +288,8 @@ void CurveEditor::setColorToEditingNode(NodeStruct* record, const QColor& color)
     CurveNode* const curve = curveFromDotName(record->dotName);
     if (curve && curve->isCurve()) {
         curve->setColor(record->color, d->canvas().canvasColor);
+        showColor(checkListsEditing->findTreeItem(record->dotName), record->color);
+        d->canvas().updateCanvas();
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandAddCurve.h"
 #include "curves/CurveNode.h"
@@ -32,11 +33,31 @@ void CurveEditor::addNewNode(const QString& node, const QString& curve, const QC
     if (!searchMainNode(node)) {
         return;
     }
-    if (searchAllNodeList(DottedName(node, curve).text())) {
+    NodeStruct* const known = searchAllNodeList(DottedName(node, curve).text());
+    if (known && !(known->isSplineLost() && spline)) {
         return;
     }
-    d->catalogue.addNode(NodeStruct::lent(node, curve, color, curveValue, spline, function,
-                                          minValue, maxValue, notifyHost));
+    const NodeStruct content = NodeStruct::lent(node, curve, color, curveValue, spline, function,
+                                                minValue, maxValue, notifyHost);
+    if (known) {
+        lendAnew(known, content);
+    } else {
+        d->catalogue.addNode(content);
+    }
+}
+
+/// The host has destroyed the spline of a record and offers another one. The curve object of the
+/// former makes place for a new one.
+void CurveEditor::lendAnew(NodeStruct* record, const NodeStruct& content)
+{
+    const bool isEditing = record->isEditing;
+    if (isEditing) {
+        setCurveEditableOff(record);
+    }
+    d->catalogue.lendAnew(record, content);
+    if (isEditing) {
+        setCurveEditableOn(record);
+    }
 }
 
 void CurveEditor::addCurve(const QString& node, const QString& curve, const QColor& color,
@@ -61,6 +82,11 @@ CurveEditor::NodeStruct* CurveEditor::searchAllNodeList(const QString& dotName) 
 CurveEditor::NodeStruct* CurveEditor::searchAllNodeListCurveName(const QString& parserName) const
 {
     return d->catalogue.findParserName(parserName);
+}
+
+const ParserScope* CurveEditor::parserScope() const
+{
+    return &d->catalogue.parserScope();
 }
 
 CurveEditor::NodeStruct* CurveEditor::structFromDotName(const QString& dotName) const

@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandContext.h"
 #include "commands/CommandDelExpr.h"

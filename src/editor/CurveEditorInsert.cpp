@@ -108,7 +108,7 @@ void CurveEditor::populateDVarMenu()
     QMenu* const menu = d->actions.menu(curve_editor::dVarsSubMenu);
     emptyMenu(menu);
     std::vector<std::string> names;
-    FunctionParserBase::instance()->getAllKeyNames(names);
+    FunctionParserBase::instance()->getAllKeyNames(names, parserScope());
     SubMenus subMenus(menu);
     for (const std::string& key : names) {
         const QString name = QString::fromLocal8Bit(key.c_str());
@@ -172,6 +172,8 @@ void CurveEditor::insertIVarFunc(QAction* action)
 void CurveEditor::insertDVarFunc(QAction* action)
 {
     if (action) {
-        insertAtLineCursor(this, action->objectName());
+        const std::string name = action->objectName().toLocal8Bit().toStdString();
+        insertAtLineCursor(this,
+                           QString::fromLocal8Bit(FunctionParserBase::writtenName(name).c_str()));
     }
 }

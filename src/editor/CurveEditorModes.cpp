@@ -2,10 +2,12 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditorPrivate.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QPixmap>
 
@@ -104,12 +106,18 @@ static_assert(areAlike(CanvasMode::DEFAULT, CurveEditor::DEFAULT) &&
               areAlike(CanvasMode::SCALE, CurveEditor::SCALE) &&
               areAlike(CanvasMode::SNAP, CurveEditor::SNAP));
 
-/// The picture of a tool, its hot spot in pixels.
+/// The picture of a tool, its hot spot in pixels; the finer one where the screen shows that.
 QCursor buildCursor(const ToolIcons& icons, const ModeRow& row)
 {
-    const QPixmap picture(icons.file(row.icon));
+    QPixmap picture(icons.file(row.icon));
     // A cursor made of an empty picture would be an arrow all the same, and a warning.
-    return picture.isNull() ? QCursor() : QCursor(picture, row.hotX, row.hotY);
+    if (picture.isNull()) {
+        return QCursor();
+    }
+    if (qApp->devicePixelRatio() > 1.0) {
+        picture = icons.icon(row.icon).pixmap(picture.size(), qApp->devicePixelRatio());
+    }
+    return QCursor(picture, row.hotX, row.hotY);
 }
 
 /// Some modes leave the cursor as it is.

@@ -1,5 +1,6 @@
 #include "editor/CurveEditorPrivate.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditor.h"
 #include "widgets/ControlMenu2.h"

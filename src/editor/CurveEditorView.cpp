@@ -2,6 +2,7 @@
 
 #include "editor/CurveEditor.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "core/Truncate.h"
 #include "editor/CurveEditorPrivate.h"
@@ -11,14 +12,12 @@
 
 void CurveEditor::setTimeLine(ZK_DOUBLE time)
 {
-    d->functionEditor->timeLine = time;
-    d->repaintCanvas();
+    d->functionEditor->moveTimeLine(time);
 }
 
 void CurveEditor::setTimeLine(ZK_INT frame)
 {
-    d->functionEditor->timeLine = frame / d->functionEditor->fps;
-    d->repaintCanvas();
+    d->functionEditor->moveTimeLine(frame / d->functionEditor->fps);
 }
 
 void CurveEditor::setFps(ZK_DOUBLE framesPerSecond)

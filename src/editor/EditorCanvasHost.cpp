@@ -30,6 +30,11 @@ bool EditorCanvasHost::dependsOnItself(const QString& parserName, QString& offen
     return editor.checkDependencies(parserName, parserName, offender);
 }
 
+const ParserScope* EditorCanvasHost::parserScope() const
+{
+    return editor.parserScope();
+}
+
 int EditorCanvasHost::numberOfDecimals() const
 {
     return editor.getNumberOfDecimals();

@@ -15,6 +15,7 @@ public:
     ModeControl& modes() const override;
     NodeStruct* findRecord(const QString& dotName) const override;
     bool dependsOnItself(const QString& parserName, QString& offender) const override;
+    const ParserScope* parserScope() const override;
     int numberOfDecimals() const override;
     void reportCurve(const QString& dotName) override;
     void reportEditingCurves() override;

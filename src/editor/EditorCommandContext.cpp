@@ -1,5 +1,6 @@
 #include "editor/EditorCommandContext.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditor.h"
 #include "editor/CurveEditorPrivate.h"

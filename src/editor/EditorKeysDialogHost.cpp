@@ -1,5 +1,6 @@
 #include "editor/EditorKeysDialogHost.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandContext.h"
 #include "editor/CurveEditor.h"

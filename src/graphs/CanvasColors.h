@@ -10,6 +10,7 @@ struct CanvasColors
     QColor controller{255, 255, 220, 255};
     QColor brokenController{100, 255, 220, 255};
     QColor controllerSelected{255, 0, 220, 255};
+    QColor overlay{255, 255, 255, 255}; ///< labels at keys, rubber band and cross-hair
 
     static CanvasColors& shared();
 };

@@ -2,7 +2,9 @@
 
 #include "graphs/ControlSplineNode.h"
 
-#include <QSet>
+#include <algorithm>
+#include <functional>
+#include <vector>
 
 /// The keys of a selection that its spline holds, the current one included, for quick look-ups
 /// while nothing is edited.
@@ -12,14 +14,19 @@ public:
     explicit ChosenKeys(const ControlSplineNode& selection)
     {
         const QList<PointInfo*> held = selection.heldPoints();
-        keys = QSet<const PointInfo*>(held.cbegin(), held.cend());
-        keys.insert(selection.heldCurrent());
-        keys.remove(nullptr);
+        keys.assign(held.cbegin(), held.cend());
+        if (const PointInfo* const current = selection.heldCurrent()) {
+            keys.push_back(current);
+        }
+        std::sort(keys.begin(), keys.end(), std::less<>());
     }
 
-    bool isEmpty() const { return keys.isEmpty(); }
-    bool contains(const PointInfo* key) const { return keys.contains(key); }
+    bool isEmpty() const { return keys.empty(); }
+    bool contains(const PointInfo* key) const
+    {
+        return !keys.empty() && std::binary_search(keys.cbegin(), keys.cend(), key, std::less<>());
+    }
 
 private:
-    QSet<const PointInfo*> keys;
+    std::vector<const PointInfo*> keys; ///< by their addresses
 };

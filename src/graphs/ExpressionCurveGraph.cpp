@@ -1,5 +1,7 @@
 #include "graphs/ExpressionCurveGraph.h"
 
+#include "graphs/CurvePen.h"
+
 #include <QPainter>
 
 ExpressionCurveGraph::ExpressionCurveGraph()
@@ -19,19 +21,25 @@ void ExpressionCurveGraph::dropPixels()
 {
     polyline = QPolygon();
     bounds = QPolygon();
+    stroke.drop();
     pixelsAreOld = true;
 }
 
 void ExpressionCurveGraph::setColors(const QColor& color, const QColor& midColor)
 {
-    // Made from the colour alone, a pen is a hairline.
-    pen = QPen(QBrush(color), 0.0);
+    pen = QPen(QBrush(color), 1.0); // as thick as a spline, at each ratio of the screen
     midColorPen = pen;
     midColorPen.setColor(midColor);
 }
 
 void ExpressionCurveGraph::draw(QPainter* painter) const
 {
-    painter->setPen(pen);
-    painter->drawPolyline(polyline);
+    if (stroke.isEmpty()) {
+        painter->setPen(pen);
+        painter->drawPolyline(polyline);
+        return;
+    }
+    CurvePen strokePen(painter);
+    strokePen.setColor(pen.color(), CurvePen::solid);
+    strokePen.drawStroke(stroke);
 }

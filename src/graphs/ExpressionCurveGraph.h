@@ -1,5 +1,7 @@
 #pragma once
 
+#include "graphs/StrokeLine.h"
+
 #include <QPen>
 #include <QPolygon>
 
@@ -14,6 +16,8 @@ public:
     /// Keeps the polyline and works out the bounding polygon: the corners of the points'
     /// bounding box grown by 1 on every side.
     void setPolyline(const QPolygon& points);
+    /// The line as it is painted: the same, unrounded. Without it the polyline is.
+    StrokeLine stroke;
     /// Frees the polyline, which is then old.
     void dropPixels();
     void setColors(const QColor& color, const QColor& midColor);

@@ -72,6 +72,7 @@ void SplineCurveGraph::dropPixels()
     for (QPolygon* const pixels : {&keyPixels, &curvePixels, &tailPixels, &rawPixels}) {
         *pixels = QPolygon(); // where clear would keep the memory
     }
+    course.drop();
     pixelsAreOld = true;
 }
 

@@ -1,11 +1,17 @@
 #pragma once
 
 #include "graphs/ControlSplineNode.h"
+#include "graphs/CurveCourse.h"
 
 #include <QColor>
 #include <QPoint>
+#include <QPointF>
 #include <QPolygon>
 
+#include <cstddef>
+#include <utility>
+
+class CurvePen;
 class FunctionFloatBase;
 class QPainter;
 class ViewPort;
@@ -64,6 +70,7 @@ public:
     QPolygon curvePixels; ///< between first and last key, held to the limits
     QPolygon tailPixels;  ///< behind the last key, up to the right edge
     QPolygon rawPixels;   ///< as curvePixels, not held to the limits
+    CurveCourse course;   ///< what is painted of them
 
 private:
     /// The keys of the living spline, after bringing keyPixels to their number and place. Empty
@@ -71,9 +78,14 @@ private:
     const std::vector<PointInfo*>& keysWithPixels();
     bool startRebuild(ViewPort* newView);
     void drawSquares(QPainter* painter, const QColor& color, const bool& chosen);
-    void drawGuides(QPainter* painter, const QPoint& pixel) const;
-    void drawHandles(QPainter* painter, const int& index,
-                     const std::vector<PointInfo*>& keys) const;
+    std::pair<std::size_t, std::size_t> keysInView(const std::vector<PointInfo*>& keys) const;
+    QPointF placeOf(const PointInfo& key) const;
+    double roomOf(const std::vector<PointInfo*>& keys, const std::size_t& index) const;
+    void drawThinned(QPainter* painter, const QColor& color);
+    bool pixelsAscend() const;
+    qsizetype firstWithinReach(const int& column) const;
+    void drawGuides(CurvePen& pen, const QPoint& pixel) const;
+    void drawHandles(CurvePen& pen, const int& index, const std::vector<PointInfo*>& keys) const;
 
     ControlSplineNode keySelection;
     QColor main;

@@ -3,10 +3,9 @@
 #include "core/Truncate.h"
 #include "graphs/CanvasColors.h"
 #include "graphs/ChosenKeys.h"
+#include "graphs/CurvePen.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
-
-#include <QPainter>
 
 #include <algorithm>
 #include <cmath>
@@ -65,18 +64,14 @@ struct PickedHandles
     }
 };
 
-void setHandleColor(QPainter* painter, const QColor& color)
-{
-    painter->setPen(QPen(QBrush(color), 1.0, Qt::SolidLine));
-    painter->setBrush(color);
-}
-
 /// A handle that can be grabbed ends in a circle.
-void drawHandle(QPainter* painter, const QPoint& key, const QPoint& end, const bool& grabbable)
+void drawHandle(CurvePen& pen, const QColor& color, const QPoint& key, const QPoint& end,
+                const bool& grabbable)
 {
-    painter->drawLine(key, end);
+    pen.setColor(color, CurvePen::solid);
+    pen.drawLine(key, end);
     if (grabbable) {
-        painter->drawEllipse(QRect(end.x() - 2, end.y() - 2, 4, 4));
+        pen.drawDisc(end, color);
     }
 }
 
@@ -111,31 +106,35 @@ void SplineCurveGraph::drawTangents(QPainter* painter)
 {
     const std::vector<PointInfo*>& keys = keysWithPixels();
     const ChosenKeys chosenKeys(keySelection);
-    if (chosenKeys.isEmpty()) {
+    if (keys.empty() || chosenKeys.isEmpty()) {
         return;
     }
-    const qsizetype count = std::min(keyPixels.size(), static_cast<qsizetype>(keys.size()));
-    for (qsizetype i = 0; i < count; ++i) {
-        const QPoint pixel = keyPixels.at(i);
+    CurvePen pen(painter);
+    int guided = -1; // the column that has guides; more would fill the gaps between their dots
+    for (auto [i, end] = keysInView(keys); i < end; ++i) {
+        const QPoint pixel = keyPixels.at(static_cast<qsizetype>(i));
         const bool touches = pixel.x() + 2 > 0 && pixel.x() - 2 < view->viewWidth &&
                              pixel.y() + 2 > 0 && pixel.y() - 2 < view->viewHeight;
-        if (touches && chosenKeys.contains(keys[static_cast<std::size_t>(i)])) {
-            drawGuides(painter, pixel);
-            drawHandles(painter, static_cast<int>(i), keys);
+        if (touches && chosenKeys.contains(keys[i])) {
+            if (pixel.x() != guided) {
+                drawGuides(pen, pixel);
+                guided = pixel.x();
+            }
+            drawHandles(pen, static_cast<int>(i), keys);
         }
     }
 }
 
-void SplineCurveGraph::drawGuides(QPainter* painter, const QPoint& pixel) const
+void SplineCurveGraph::drawGuides(CurvePen& pen, const QPoint& pixel) const
 {
-    painter->setPen(QPen(QBrush(CanvasColors::shared().controlPointSelected), 1.0, Qt::DotLine));
-    painter->drawLine(pixel, QPoint(pixel.x(), 0));
-    painter->drawLine(pixel, QPoint(pixel.x(), view->viewHeight));
+    pen.setColor(CanvasColors::shared().controlPointSelected, CurvePen::dotted);
+    pen.drawLine(pixel, QPoint(pixel.x(), 0));
+    pen.drawLine(pixel, QPoint(pixel.x(), view->viewHeight));
 }
 
 /// The right handle belongs to the segment behind the key, so it needs a curved next key; the
 /// left one depends on the key itself.
-void SplineCurveGraph::drawHandles(QPainter* painter, const int& index,
+void SplineCurveGraph::drawHandles(CurvePen& pen, const int& index,
                                    const std::vector<PointInfo*>& keys) const
 {
     const CanvasColors& colors = CanvasColors::shared();
@@ -145,16 +144,13 @@ void SplineCurveGraph::drawHandles(QPainter* painter, const int& index,
     const bool grabbable = key->type != zk_spline::tcb;
     const PickedHandles picked(keySelection.keyPart, key);
 
-    if (index < last) {
+    if (index < last && isCurved(keys[static_cast<std::size_t>(index) + 1])) {
         const QColor color = key->unifiedTangents ? colors.controller : colors.brokenController;
-        setHandleColor(painter, grabbable && picked.right ? colors.controllerSelected : color);
-        if (isCurved(keys[static_cast<std::size_t>(index) + 1])) {
-            drawHandle(painter, pixel, rightHandlePos(pixel, index, index == 0), grabbable);
-        }
+        drawHandle(pen, grabbable && picked.right ? colors.controllerSelected : color, pixel,
+                   rightHandlePos(pixel, index, index == 0), grabbable);
     }
     if (index > 0 && isCurved(key)) {
-        setHandleColor(painter,
-                       grabbable && picked.left ? colors.controllerSelected : colors.controller);
-        drawHandle(painter, pixel, leftHandlePos(pixel, index, index == last), grabbable);
+        drawHandle(pen, grabbable && picked.left ? colors.controllerSelected : colors.controller,
+                   pixel, leftHandlePos(pixel, index, index == last), grabbable);
     }
 }

@@ -1,10 +1,12 @@
 // What lies under a pixel or in a rectangle.
 
 #include "graphs/SplineCurveGraph.h"
+#include "graphs/ViewPort.h"
 
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -45,6 +47,25 @@ int partWithinReach(const QPoint& key, const QPoint& right, const QPoint& left)
 
 } // namespace
 
+/// Keys ascend in time; but a time that is no number has some pixel or other.
+bool SplineCurveGraph::pixelsAscend() const
+{
+    const std::vector<PointInfo*>& keys = keySelection.spline()->getControlPoints();
+    return view->minX < view->maxX && !std::isnan(keys.back()->time);
+}
+
+/// The first key whose column is near enough to be hit.
+qsizetype SplineCurveGraph::firstWithinReach(const int& column) const
+{
+    if (!pixelsAscend()) {
+        return 0;
+    }
+    const auto found =
+        std::lower_bound(keyPixels.cbegin(), keyPixels.cend(), column - reach,
+                         [](const QPoint& key, const int& x) { return key.x() <= x; });
+    return found - keyPixels.cbegin();
+}
+
 PointInfo* SplineCurveGraph::hitTest(const QPoint& pixel)
 {
     keySelection.keyPart = ControlSplineNode::keyItself;
@@ -70,9 +91,12 @@ PointInfo* SplineCurveGraph::hitTest(const QPoint& pixel)
         }
     }
 
-    for (qsizetype i = 0; i < count; ++i) {
+    for (qsizetype i = firstWithinReach(pixel.x()); i < count; ++i) {
         if ((keyPixels.at(i) - pixel).manhattanLength() < reach) {
             return keys[static_cast<std::size_t>(i)];
+        }
+        if (pixelsAscend() && keyPixels.at(i).x() - pixel.x() >= reach) {
+            break;
         }
     }
     return nullptr;

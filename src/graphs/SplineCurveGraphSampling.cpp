@@ -3,12 +3,15 @@
 #include "core/CurveLimits.h"
 #include "core/EvaluationTime.h"
 #include "core/Truncate.h"
+#include "graphs/CurveTracing.h"
 #include "graphs/EvaluatedCurve.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -95,12 +98,74 @@ private:
     double scaleY;
 };
 
+/// Memory for the next curve.
+std::vector<curve_tracing::Moment>& spareMoments()
+{
+    static thread_local std::vector<curve_tracing::Moment> spare;
+    return spare;
+}
+
+/// The moments of the course between the keys and, from `tail` on, of the one behind them. All are
+/// taken down before anything is asked for at them: whoever is asked may change the keys.
+struct CourseMoments
+{
+    std::vector<curve_tracing::Moment> list;
+    std::size_t tail = 0;
+};
+
+template <typename IsHeld>
+void collectMoments(CourseMoments& moments, const ViewPort& view, SplineBase& spline,
+                    const double& begin, const double& end, const bool& bends, IsHeld isHeld)
+{
+    const curve_tracing::Keys& keys = spline.getControlPoints();
+    const double scale = view.viewWidth / (view.maxX - view.minX);
+    curve_tracing::momentsOfKeys(keys, begin, end, bends, scale, spline, isHeld, moments.list);
+    moments.tail = moments.list.size();
+
+    const double from = std::max(end, view.minX);
+    if (!(from < view.maxX) || !std::isfinite(view.maxX - from)) {
+        return;
+    }
+    const SplineBase::nodeType behaviour = spline.lastNodeType();
+    const bool repeats = behaviour == SplineBase::loop || behaviour == SplineBase::loopOffset;
+    const double behind = std::nextafter(from, view.maxX); // where the value may have jumped
+    moments.list.push_back({from, 0.0});
+    moments.list.push_back({behind, 0.0});
+    if (bends || repeats || behaviour == SplineBase::followTangent) {
+        std::vector<double> times;
+        curve_tracing::timesOfTail(keys, repeats, behind, view.maxX, scale, times);
+        for (const double& time : times) {
+            moments.list.push_back({time, 0.0});
+        }
+    }
+    moments.list.push_back({view.maxX, 0.0});
+}
+
+/// The course as it is painted. `isLost` tells that the spline has been destroyed on the way.
+template <typename LimitedAt, typename TailAt, typename IsLost>
+void trace(CurveCourse& course, const CourseMoments& moments, LimitedAt limitedAt, TailAt tailAt,
+           IsLost isLost)
+{
+    for (std::size_t i = 0; i < moments.list.size(); ++i) {
+        const auto& [time, raw] = moments.list[i];
+        const double value = i < moments.tail ? limitedAt(time, raw) : tailAt(time);
+        if (isLost()) {
+            return;
+        }
+        if (i < moments.tail) {
+            course.add(time, value, raw);
+        } else {
+            course.addTail(time, value);
+        }
+    }
+}
+
 /// Fills the three polygons. `limitedAt` gives the value to draw between the keys from the time
 /// and the spline's own value, `tailAt` the one behind them from the time. A refresh function that
 /// they call may destroy the spline, which ends it.
 template <typename LimitedAt, typename TailAt>
-void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, LimitedAt limitedAt,
-            TailAt tailAt)
+void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, const bool& bends,
+            LimitedAt limitedAt, TailAt tailAt)
 {
     const PointInfo* firstKey = spline.getFirst();
     const PointInfo* lastKey = spline.getLast();
@@ -140,6 +205,17 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, L
             graph.tailPixels << pixels.at(tail.at(i), value);
         }
     }
+    if (isLost()) {
+        return;
+    }
+    CourseMoments moments;
+    moments.list = std::exchange(spareMoments(), {}); // a nested paint has its own
+    moments.list.clear();
+    const auto isHeld = [&](const double& value) { return limitedAt(begin, value) != value; };
+    collectMoments(moments, view, spline, begin, end, bends, isHeld);
+    graph.course.clear(view);
+    trace(graph.course, moments, limitedAt, tailAt, isLost);
+    spareMoments() = std::move(moments.list);
 }
 
 } // namespace
@@ -167,7 +243,7 @@ void SplineCurveGraph::rebuildSpline(ViewPort* newView, const float& minValue,
     const auto tail = [&](const double& time) {
         return clampToLimits(spline(time), minValue, maxValue);
     };
-    sample(*this, *view, spline, limited, tail);
+    sample(*this, *view, spline, false, limited, tail);
 }
 
 void SplineCurveGraph::rebuildSplineWithExpression(ViewPort* newView, const float& minValue,
@@ -180,15 +256,18 @@ void SplineCurveGraph::rebuildSplineWithExpression(ViewPort* newView, const floa
     SplineBase& spline = *keySelection.spline();
     const double fps = view->fps;
     EvaluationTime moment;
-    const auto limited = [&](const double& time, const double&) {
+    const auto limited = [&](const double& time, const double& raw) {
         moment.set(time, fps);
         const curve_editor::EvaluatedCurve asked(&spline, expression);
-        const double value = clampToLimits(spline(time, expression, fps), minValue, maxValue);
+        // Where the spline jumps, `raw` may be its value before.
+        const double jump = raw - spline(time);
+        const double sum = spline(time, expression, fps) + jump;
+        const double value = clampToLimits(sum, minValue, maxValue);
         return std::isfinite(value) ? value : static_cast<double>(maxValue);
     };
     const auto tail = [&](const double& time) {
         const curve_editor::EvaluatedCurve asked(&spline, expression);
         return clampToLimits(spline(time, expression, fps), minValue, maxValue);
     };
-    sample(*this, *view, spline, limited, tail);
+    sample(*this, *view, spline, true, limited, tail);
 }

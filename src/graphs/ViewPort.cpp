@@ -111,10 +111,15 @@ void ViewPort::zoomBy(const int& dx, const int& dy)
     if (viewWidth <= 0 || viewHeight <= 0) {
         return;
     }
+    zoomAround(std::pow(zoomBase, -static_cast<double>(dx) / viewWidth),
+               std::pow(zoomBase, static_cast<double>(dy) / viewHeight));
+}
+
+/// Around the anchor; a factor below 1 narrows the view.
+void ViewPort::zoomAround(const double& factorX, const double& factorY)
+{
     const double width = maxX - minX;
     const double height = maxY - minY;
-    const double factorX = std::pow(zoomBase, -static_cast<double>(dx) / viewWidth);
-    const double factorY = std::pow(zoomBase, static_cast<double>(dy) / viewHeight);
     const double anchorTime = timeAt(anchorX);
     const double anchorValue = valueAt(anchorY);
     const double centreX = ((minX + maxX) / 2.0 - anchorTime) * factorX + anchorTime;
@@ -151,6 +156,31 @@ void ViewPort::wheelTurn(const int& delta, const QPoint& cursor)
         }
     }
     canvasDirty = true;
+}
+
+void ViewPort::slideBy(const int& dx)
+{
+    if (dx != 0 && viewWidth > 0 && viewHeight > 0) {
+        const ViewPort former = *this;
+        panBy(dx, 0);
+        if (rubberDrag) {
+            keepCandidateOf(former);
+        }
+    }
+}
+
+void ViewPort::magnify(const double& times, const QPoint& centre)
+{
+    if (!(times > 0.0) || !std::isfinite(times)) {
+        return;
+    }
+    const ViewPort former = *this;
+    anchorX = lastX = centre.x();
+    anchorY = lastY = centre.y();
+    zoomAround(1.0 / times, 1.0 / times);
+    if (rubberDrag) {
+        keepCandidateOf(former);
+    }
 }
 
 void ViewPort::viewPress(QMouseEvent* event)

@@ -18,6 +18,7 @@ public:
     int viewWidth = 0;       ///< pixels
     int viewHeight = 0;      ///< pixels
     bool showLabels = false; ///< value labels at the selected keys in this paint
+    bool thinsKeys = false;  ///< keys whose squares would overlap are points of the curve's colour
     bool canvasDirty = true; ///< grid, background and curves must be rebuilt; never cleared
 
     /// World of a pixel; a canvas without width or height gives minX and maxY.
@@ -42,6 +43,10 @@ public:
     /// One notch or more of the mouse wheel at a pixel. A rectangle being dragged keeps its
     /// corners.
     void wheelTurn(const int& delta, const QPoint& cursor);
+    /// Moves the view by pixels along its times; a rectangle being dragged keeps its corners.
+    void slideBy(const int& dx);
+    /// Shows a pixel's surroundings that many times as large. No number above 0: nothing.
+    void magnify(const double& times, const QPoint& centre);
 
     /// @name Drags: of a rectangle, or with the zoom tool of the view itself
     /// @{
@@ -61,5 +66,6 @@ public:
     void resetView();
 
 private:
+    void zoomAround(const double& factorX, const double& factorY);
     void keepCandidateOf(const ViewPort& former);
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/CanvasBackground.h"
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FrameGrid.h"
 #include "canvas/FunctionEditor.h"
 #include "core/FunctionFloatBase.h"

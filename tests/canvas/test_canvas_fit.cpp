@@ -1,3 +1,4 @@
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "core/FunctionFloatBase.h"
 #include "core/FunctionParserBase.h"

@@ -23,6 +23,7 @@ private slots:
     void ensuringThePathOfASingleElementGivesNull();
     void ensuringAPathStopsAtAnElementThatEqualsTheLastOne();
     void aNameThatRepeatsAnElementLiesHigherAndReportsItsWholeName();
+    void curvesUnderANodeWithoutANameAreFoundByThePointInFront();
     void aNameThatRepeatsItsFirstElementStandsOnTop();
     void aCurveUnderACurveStandsOnTop();
     void aCurveOfOneElementStandsOnTop();
@@ -111,6 +112,34 @@ void TestCurveRegistry::ensuringAPathStopsAtAnElementThatEqualsTheLastOne()
     QVERIFY(!canvas->ensurePath("body.x.body"));
 }
 
+void TestCurveRegistry::curvesUnderANodeWithoutANameAreFoundByThePointInFront()
+{
+    CurveNode* curve = add(".a");
+    const CurveHold kept(curve);
+    CurveNode* deeper = add(".b.c");
+    QCOMPARE(canvas->topNodes().size(), qsizetype(1));
+    QCOMPARE(curve->dotName(), QString(".a"));
+    QCOMPARE(curve->path(), QString());
+    QCOMPARE(deeper->dotName(), QString(".b.c"));
+    QCOMPARE(canvas->findCurve(".a"), curve);
+    QCOMPARE(canvas->findCurve(".b.c"), deeper);
+    QCOMPARE(canvas->findCurve(".b"), deeper->parentNode());
+    QCOMPARE(canvas->topNodes().at(0)->findNode(".a"), curve);
+    QVERIFY(!canvas->findCurve("a") && !canvas->findCurve("b"));
+    canvas->removeCanvasCurve(".a");
+    QVERIFY(!canvas->findCurve(".a"));
+    QCOMPARE(canvas->attachCanvasCurve(curve), curve);
+    QCOMPARE(canvas->findCurve(".a"), curve);
+    curve->setDotName(".z");
+    QCOMPARE(canvas->findCurve(".z"), curve);
+    canvas->findCurve("")->setDotName("n");
+    QCOMPARE(canvas->findCurve("n.z"), curve);
+    QCOMPARE(canvas->findCurve("n.b.c"), deeper);
+    canvas->findCurve("n")->setDotName("");
+    QCOMPARE(canvas->findCurve(".z"), curve);
+    QCOMPARE(canvas->findCurve(".b.c"), deeper);
+}
+
 void TestCurveRegistry::aNameThatRepeatsAnElementLiesHigherAndReportsItsWholeName()
 {
     CurveNode* curve = add("a.b.b");
@@ -120,7 +149,8 @@ void TestCurveRegistry::aNameThatRepeatsAnElementLiesHigherAndReportsItsWholeNam
     QCOMPARE(canvas->findCurve("a.b.b"), curve);
     QVERIFY(!canvas->findCurve("a.b"));
     canvas->findCurve("a")->setDotName("x");
-    QCOMPARE(curve->dotName(), QString("x.b.b"));
+    QCOMPARE(curve->dotName(), QString("x.b"));
+    curve->setDotName("x.b.b");
     QCOMPARE(canvas->findCurve("x.b.b"), curve);
     canvas->removeCanvasCurve("x.b.b");
     QVERIFY(!canvas->findCurve("x.b.b"));

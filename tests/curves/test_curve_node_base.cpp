@@ -1,10 +1,16 @@
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBaseTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "support/ParsedExpression.h"
 
 #include <QTest>
+
+/// Lets a test connect to the signal, which is protected.
+struct HeardCurve : CurveNodeBase
+{
+    using CurveNodeBase::curveHasChanged;
+};
 
 class TestCurveNodeBase : public CurveNodeBaseTest
 {
@@ -203,7 +209,7 @@ void TestCurveNodeBase::resetEmptiesSplineExpressionAndSelection()
 void TestCurveNodeBase::resetReportsNodeAndTheWholeRestOfTheName()
 {
     QStringList reports;
-    connect(curve.get(), &CurveNodeBase::curveHasChanged, this,
+    connect(curve.get(), &HeardCurve::curveHasChanged, this,
             [&](QString& node, QString& name) { reports << node << name; });
     curve->setDotName("n.a.b");
     curve->reset();
@@ -212,7 +218,7 @@ void TestCurveNodeBase::resetReportsNodeAndTheWholeRestOfTheName()
 
 void TestCurveNodeBase::aHostMayDestroyTheCurveWhenItHearsOfTheReset()
 {
-    connect(curve.get(), &CurveNodeBase::curveHasChanged, this, [&] { curve.reset(); });
+    connect(curve.get(), &HeardCurve::curveHasChanged, this, [&] { curve.reset(); });
     CurveNodeBase* doomed = curve.get();
     doomed->reset();
     QVERIFY(!curve);

@@ -19,7 +19,7 @@ private slots:
     void renamingATopNodeToADottedNameTakesTheLastElement();
     void renamingANodeBelowTheTopMovesItsPath();
     void renamingANodeBelowTheTopToANameWithoutAPointGivesAPathEqualToTheName();
-    void aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename();
+    void everyChildTakesTheNewDottedNameForItsPath();
     void changingTheRootReachesAllPaths();
     void changingTheRootToTheSameDoesNothing();
     void changingTheRootOfATopNodeGivesItAPath();
@@ -111,20 +111,22 @@ void TestCurveNodeNames::renamingANodeBelowTheTopToANameWithoutAPointGivesAPathE
     QCOMPARE(group.dotName(), QString("b.b"));
 }
 
-void TestCurveNodeNames::aCurveThatStandsHigherThanItsNameSaysKeepsItsNameInARename()
+void TestCurveNodeNames::everyChildTakesTheNewDottedNameForItsPath()
 {
     CurveGroup tree;
     CurveNodeBase* leaf = tree.add(tree.top.get(), "b");
-    leaf->setPath("n.b");
-    tree.top->setDotName("m");
-    QCOMPARE(leaf->dotName(), QString("m.b.b"));
     CurveNode* group = tree.addGroup(tree.top.get(), "g");
-    group->addChild(leaf);
-    leaf->setPath("m.g.b");
+    CurveNodeBase* deeper = tree.add(group, "c");
+    leaf->setPath("n.b"); // stands higher than its name says
     tree.top->setPath("p");
-    QCOMPARE(leaf->dotName(), QString("p.m.g.b.b"));
-    group->setRootName("q");
-    QCOMPARE(leaf->dotName(), QString("q.m.g.b.b"));
+    QCOMPARE(tree.top->dotName(), QString("p.n"));
+    QCOMPARE(leaf->path(), QString("p.n"));
+    QCOMPARE(group->path(), QString("p.n"));
+    QCOMPARE(deeper->path(), QString("p.n.g"));
+    leaf->setPath("elsewhere");
+    tree.top->setDotName("m.k");
+    QCOMPARE(leaf->dotName(), QString("m.k.b"));
+    QCOMPARE(deeper->dotName(), QString("m.k.g.c"));
 }
 
 void TestCurveNodeNames::changingTheRootReachesAllPaths()

@@ -2,7 +2,7 @@
 #include "curves/CurveHold.h"
 #include "curves/CurveHost.h"
 #include "curves/CurveTreeTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 #include "support/BoxCatcher.h"
@@ -25,6 +25,7 @@ public:
         }
         return !culprit.isEmpty();
     }
+    const ParserScope* parserScope() const override { return nullptr; }
     void createNodeAtCursor(CurveNode* curve) override { atCursor = curve; }
 
     mutable ViewPort viewPort;

@@ -6,6 +6,12 @@
 #include <QPointer>
 #include <QTest>
 
+/// Lets a test connect to the signal, which is protected.
+struct HeardCurve : CurveNodeBase
+{
+    using CurveNodeBase::curveHasChanged;
+};
+
 /// How long a curve object lives that has left its tree.
 class TestUnlinkedCurves : public CurveTreeTest
 {
@@ -255,7 +261,7 @@ void TestUnlinkedCurves::aListenerMayRemoveAGroupThatIsBeingReset()
 {
     const QPointer<CurveNodeBase> first = addCurve("n.a");
     const QPointer<CurveNodeBase> second = addCurve("n.b");
-    connect(first, &CurveNodeBase::curveHasChanged, this, [this] { tree->remove("n"); });
+    connect(first, &HeardCurve::curveHasChanged, this, [this] { tree->remove("n"); });
     hosts["n.b"]->spline.addPoint(0.0, 1.0);
     tree->findCurve("n")->reset();
     QVERIFY(!first);

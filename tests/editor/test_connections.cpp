@@ -1,3 +1,4 @@
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/EditorParts.h"
 #include "support/FailOnWarning.h"

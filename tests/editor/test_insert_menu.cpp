@@ -19,6 +19,8 @@ private slots:
     void aVariableOrConstantGoesToTheCursorAndLeavesTheRest();
     void theCursorStandsBehindWhatWasInserted();
     void aDVarIsInsertedByItsFullName();
+    void aDVarIsQuotedWhereItWouldReadAsAnythingElse_data();
+    void aDVarIsQuotedWhereItWouldReadAsAnythingElse();
     void aMissingOperandIsToldAndSelectedForTyping();
     void thePlaceHolderIsSelectedAlsoWhereXIsAVariable_data();
     void thePlaceHolderIsSelectedAlsoWhereXIsAVariable();
@@ -142,6 +144,37 @@ void TestInsertMenu::aDVarIsInsertedByItsFullName()
     QCOMPARE(line->text(), QString(" my_body.top.the_width "));
     QCOMPARE(expressionOf(a), QString("my_body.top.the_width"));
     QVERIFY(line->line().hasFocus());
+}
+
+void TestInsertMenu::aDVarIsQuotedWhereItWouldReadAsAnythingElse_data()
+{
+    QTest::addColumn<QString>("node");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("a minus") << "t-x"
+                             << "'t-x.y'";
+    QTest::newRow("an ampersand") << "r&d"
+                                  << "'r&d.y'";
+    QTest::newRow("a digit in front") << "2nd"
+                                      << "'2nd.y'";
+    QTest::newRow("a quote") << "it's"
+                             << "'it\\'s.y'";
+    QTest::newRow("a function") << "sin"
+                                << "sin.y";
+}
+
+void TestInsertMenu::aDVarIsQuotedWhereItWouldReadAsAnythingElse()
+{
+    QFETCH(QString, node);
+    QFETCH(QString, written);
+    const LentCurve& a = fixture->editCurve("n.a", {});
+    fixture->addCurve(node + ".y", {{1, 1}});
+    line->choose({"D vars", node, "y"});
+    QCOMPARE(line->text(), " " + written + " ");
+    QCOMPARE(expressionOf(a), written);
+    QVERIFY(boxes->titles.isEmpty());
+    QCOMPARE(fixture->undoAll(), QStringList{"Set Expression"});
+    editor().getCmdManager()->redo();
+    QCOMPARE(expressionOf(a), written);
 }
 
 void TestInsertMenu::aMissingOperandIsToldAndSelectedForTyping()

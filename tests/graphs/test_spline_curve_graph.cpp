@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 
@@ -20,6 +22,17 @@ std::unique_ptr<FunctionFloatBase> parsed(const char* text)
     ParseMessage message;
     return std::unique_ptr<FunctionFloatBase>(
         FunctionParserBase::instance()->parseString(text, message, false));
+}
+
+QList<QPointF> paintedPoints(const StrokeLine& line)
+{
+    QList<QPointF> points;
+    for (qsizetype i = 0; i < line.pieceCount(); ++i) {
+        for (qsizetype j = 0; j < line.pieceSize(i); ++j) {
+            points << line.piece(i)[j];
+        }
+    }
+    return points;
 }
 
 double variable(const char* name)
@@ -305,6 +318,68 @@ private slots:
         QVERIFY(on.graph.arePixelsOld());
         on.rebuild();
         QVERIFY(!on.graph.arePixelsOld());
+    }
+
+    void whatIsPaintedGoesThroughEachKey()
+    {
+        GraphFixture on;
+        for (int i = 0; i < 400; ++i) {
+            on.addKey(0.0125 + i * 0.025, i % 2 == 0 ? -0.703 : 0.651);
+        }
+        on.rebuild();
+        const QList<QPointF> points = paintedPoints(on.graph.course.limited);
+        for (int i = 0; i < 400; ++i) {
+            const QPointF place((0.0125 + i * 0.025) * 40.0,
+                                (1.0 - (i % 2 == 0 ? -0.703 : 0.651)) * 100.0);
+            QVERIFY(std::any_of(points.cbegin(), points.cend(), [&](const QPointF& point) {
+                return (point - place).manhattanLength() < 1e-6;
+            }));
+        }
+        QCOMPARE(points.last().x(), 9.9875 * 40.0);
+    }
+
+    void aStepAndAJumpBetweenEqualTimesArePaintedUpright()
+    {
+        GraphFixture on;
+        on.addKey(1.0, 0.5, zk_spline::stepped);
+        on.addKey(4.0, -0.5);
+        on.addKey(4.0, 0.25);
+        on.addKey(8.0, 0.25);
+        on.rebuild();
+        QCOMPARE(paintedPoints(on.graph.course.limited),
+                 (QList<QPointF>{
+                     {40.0, 50.0}, {160.0, 50.0}, {160.0, 150.0}, {160.0, 75.0}, {320.0, 75.0}}));
+    }
+
+    void whatLiesFarOffTheCanvasRunsAlongItsBorderAndKeepsItsSlopeInside()
+    {
+        GraphFixture on;
+        on.addKey(0.0, -1e300);
+        on.addKey(4.0, 0.0);
+        on.addKey(6.0, 100.0);
+        on.rebuild();
+        const QList<QPointF> points = paintedPoints(
+            on.graph.course.raw.isEmpty() ? on.graph.course.limited : on.graph.course.raw);
+        for (const QPointF& point : points) {
+            QVERIFY(point.y() >= -4.0 && point.y() <= 204.0);
+        }
+    }
+
+    void theTailOfALoopReachesItsRepeatedKeys()
+    {
+        GraphFixture on;
+        on.addKey(0.0, 0.0);
+        on.addKey(0.011, 0.9);
+        on.addKey(1.0, 0.0);
+        on.spline.setLastNodeType(SplineBase::loop);
+        on.rebuild();
+        const QList<QPointF> points = paintedPoints(on.graph.course.tail);
+        int peaks = 0;
+        for (const QPointF& point : points) {
+            peaks += std::abs(point.y() - 10.0) < 0.01 ? 1 : 0;
+        }
+        QCOMPARE(peaks, 9);
+        QCOMPARE(points.last().x(), 400.0);
     }
 
     void aDestroyedSplineIsNeitherSampledNorDrawnNorHit()

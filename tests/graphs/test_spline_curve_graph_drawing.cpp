@@ -262,7 +262,7 @@ private slots:
         QVERIFY(label(1) != label(0));
     }
 
-    void anExpressionStartsRedAndTakesAHairlineWithItsColour()
+    void anExpressionStartsRedAndIsAsThickAsASpline()
     {
         ExpressionCurveGraph graph;
         QVERIFY(!graph.isActive);
@@ -270,9 +270,9 @@ private slots:
                  QPen(QBrush(Qt::red), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
         graph.setColors(main, dim);
         QCOMPARE(graph.pen.color(), main);
-        QCOMPARE(graph.pen.widthF(), 0.0);
+        QCOMPARE(graph.pen.widthF(), 1.0);
         QCOMPARE(graph.midColorPen.color(), dim);
-        QCOMPARE(graph.midColorPen.widthF(), 0.0);
+        QCOMPARE(graph.midColorPen.widthF(), 1.0);
     }
 
     void theBoundsOfAnExpressionAreOnePixelLargerThanItsPoints()

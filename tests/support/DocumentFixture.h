@@ -280,6 +280,7 @@ public:
 private:
     ViewPort* view() const override { return nullptr; }
     int labelDecimals() const override { return 2; }
+    const ParserScope* parserScope() const override { return &records.parserScope(); }
     void createNodeAtCursor(CurveNode* /*curve*/) override {}
 
     bool dependsOnItself(const QString& parserName, QString& offender) const override

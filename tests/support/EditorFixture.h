@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "commands/CurveCommand.h"
 #include "curves/CurveNode.h"

@@ -1,0 +1,195 @@
+#include "files/XmlInputGuard.h"
+
+#include <QCoreApplication>
+
+#include <cstring>
+
+namespace curve_files {
+
+namespace {
+
+constexpr int mostAttributes = 200;
+constexpr qint64 deepest = 10000;
+constexpr qint64 mostWork = 400000000;
+constexpr qint64 workOfReference = 65536; // some times what the reader lets an entity grow to
+// The reader passes over each attribute of a list at each tag, which is less work than a byte of a
+// default for each of its bytes.
+constexpr qint64 bytesOfAttributeWork = 6;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("XmlInputGuard", text);
+}
+
+} // namespace
+
+XmlInputGuard::XmlInputGuard(QIODevice& device)
+    : source(device)
+{
+    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+bool XmlInputGuard::atEnd() const
+{
+    return isEnded || source.atEnd();
+}
+
+qint64 XmlInputGuard::bytesAvailable() const
+{
+    return isEnded ? 0 : source.bytesAvailable();
+}
+
+qint64 XmlInputGuard::readData(char* data, qint64 longest)
+{
+    if (isEnded) {
+        return -1;
+    }
+    const qint64 length = source.read(data, longest);
+    if (length < 0) {
+        return length;
+    }
+    const char* const end = data + length;
+    for (const char* byte = data; byte < end; ++byte) {
+        if (state == text && !hasEntities) { // where only a tag matters
+            byte = static_cast<const char*>(
+                std::memchr(byte, '<', static_cast<std::size_t>(end - byte)));
+            if (!byte) {
+                break;
+            }
+        }
+        if (!isHarmless(*byte)) {
+            isEnded = true;
+            return byte - data;
+        }
+    }
+    return length;
+}
+
+qint64 XmlInputGuard::writeData(const char*, qint64)
+{
+    return -1;
+}
+
+QString XmlInputGuard::refusal() const
+{
+    if (!isEnded) {
+        return QString();
+    }
+    if (attributes > mostAttributes) {
+        return translated("A tag has more than %1 attributes").arg(mostAttributes);
+    }
+    if (depth > deepest) {
+        return translated("Elements are more than %1 deep").arg(deepest);
+    }
+    return translated(
+        "There are more tags and references than may follow declarations of this length");
+}
+
+bool XmlInputGuard::isHarmless(char byte)
+{
+    if (byte == '\0') {
+        return true; // half a character of a two-byte encoding
+    }
+    if (byte == '<') {
+        // Stands in no value of an attribute, so that a tag is met whatever came before it.
+        state = markup;
+        attributes = 0;
+        expected = nullptr;
+        work += declared;
+    } else if (byte == '&') {
+        work += hasEntities ? workOfReference : 0;
+    } else if (state != text) {
+        step(byte);
+    }
+    return attributes <= mostAttributes && depth <= deepest && work <= mostWork;
+}
+
+/// The state behind a byte that stands in a start tag and in no quotes.
+XmlInputGuard::State XmlInputGuard::behind(char byte)
+{
+    switch (byte) {
+    case '"':
+        return doubleQuoted;
+    case '\'':
+        return singleQuoted;
+    case '>':
+        return text;
+    case '/':
+        return slash;
+    case ' ':
+    case '\n':
+    case '\t':
+    case '\r':
+        return blank;
+    default:
+        return tag;
+    }
+}
+
+/// An attribute whose name begins with "xmlns" counts as a namespace.
+void XmlInputGuard::countNamespace(char byte)
+{
+    expected = expected && *expected == byte ? expected + 1 : nullptr;
+    if (expected && !*expected) {
+        ++declared;
+        expected = nullptr;
+    }
+}
+
+void XmlInputGuard::step(char byte)
+{
+    switch (state) {
+    case markup:
+        state = byte == '!' ? exclaimed : byte == '?' || byte == '/' ? text : tag;
+        depth = byte == '/' ? qMax(depth - 1, qint64(0)) : state == tag ? depth + 1 : depth;
+        break;
+    case exclaimed:
+        // "<!ENTITY", "<!ELEMENT", "<!ATTLIST", "<!NOTATION"
+        state = byte == 'E'   ? elementOrEntity
+                : byte == 'A' ? attributeList
+                : byte == 'N' ? declaration
+                              : text;
+        listed = 0;
+        break;
+    case elementOrEntity:
+        // The reader forgets what an element may hold.
+        state = byte == 'L' ? text : declaration;
+        hasEntities = hasEntities || state == declaration;
+        break;
+    case attributeList:
+        ++listed;
+        if (byte == '>') {
+            declared += listed / bytesOfAttributeWork + 1;
+            state = text;
+        } else if (byte == '"' || byte == '\'') {
+            declared += listed;
+            state = declaration;
+        }
+        break;
+    case declaration:
+        ++declared;
+        work += byte == '"' || byte == '\'' ? declared : 0; // the reader compares them, too
+        break;
+    case blank:
+        expected = "xmlns";
+        [[fallthrough]];
+    case slash:
+        depth -= state == slash && byte == '>' ? 1 : 0;
+        [[fallthrough]];
+    case tag:
+        attributes += byte == '=' ? 1 : 0;
+        countNamespace(byte);
+        state = behind(byte);
+        break;
+    case singleQuoted:
+        state = byte == '\'' ? blank : singleQuoted;
+        break;
+    case doubleQuoted:
+        state = byte == '"' ? blank : doubleQuoted;
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace curve_files

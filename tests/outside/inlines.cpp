@@ -1,0 +1,6 @@
+#include "all_headers.h"
+
+int main()
+{
+    return 0;
+}
