@@ -82,8 +82,7 @@ QString XmlInputGuard::refusal() const
     if (depth > deepest) {
         return translated("Elements are more than %1 deep").arg(deepest);
     }
-    return translated(
-        "There are more tags and references than may follow declarations of this length");
+    return translated("Declarations are too long, or too many tags and references follow them");
 }
 
 bool XmlInputGuard::isHarmless(char byte)
