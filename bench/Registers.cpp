@@ -41,6 +41,7 @@ void measure(benchmark::State& state, const Registers& registers, const Evaluate
         }
         evaluate();
     }
+    VectorRegisters::clearUpperHalves(); // for the next benchmark
     SideBySide::countItems(state, samples);
 }
 

@@ -17,8 +17,8 @@ struct Comparison
 
 /// Keeps the quickest repetition of each benchmark and prints the comparisons as a table.
 ///
-/// Times are processor times, or real times of benchmarks that ask for it, for one item; a benchmark that works off several items in an
-/// iteration says so with `countItems`.
+/// Times are processor times, or real times of benchmarks that ask for it, for one item; a
+/// benchmark that works off several items in an iteration says so with `countItems`.
 class SideBySide : public benchmark::BenchmarkReporter
 {
 public:

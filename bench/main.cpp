@@ -7,7 +7,7 @@
 int main(int argc, char* argv[])
 {
     std::vector<std::string> words = {argv[0], "--benchmark_enable_random_interleaving=true",
-                                      "--benchmark_repetitions=11", "--benchmark_min_time=0.05"};
+                                      "--benchmark_repetitions=31", "--benchmark_min_time=0.05"};
     words.insert(words.end(), argv + 1, argv + argc);
     std::vector<char*> arguments;
     for (std::string& word : words) {

@@ -3,8 +3,8 @@
 #include "canvas/CanvasFunctionBase.h"
 
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 
 #include <algorithm>

@@ -8,6 +8,7 @@
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
 #include "curves/ExpressionText.h"
+#include "files/CurveFormat.h"
 
 #include <fstream>
 #include <string>
@@ -100,7 +101,8 @@ void CanvasFunctionBase::saveCurvesXml(const QString& folder)
 {
     for (CurveNode* node : editing) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(node)) {
-            curve->saveXML(folder + QLatin1Char('/') + curve->dotName() + QLatin1String(".xml"));
+            const QString name = curve_files::fileNameOfCurve(curve->dotName());
+            curve->saveXML(folder + QLatin1Char('/') + name + QLatin1String(".xml"));
         }
     }
 }

@@ -9,7 +9,7 @@
 #include "canvas/ModeControl.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/MousePixel.h"
 
 #include <QMouseEvent>

@@ -8,7 +8,7 @@
 #include "commands/CommandAddPoint.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/MousePixel.h"
 
 #include <QKeyEvent>

@@ -11,8 +11,8 @@
 #include "commands/CommandSetPointsType.h"
 #include "commands/CurveCommandsManager.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 
 using curve_editor::CommandAddFunc;

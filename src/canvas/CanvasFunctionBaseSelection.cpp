@@ -4,8 +4,8 @@
 
 #include "canvas/CanvasGestures.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 

@@ -8,8 +8,8 @@
 #include "commands/CurveCommandsManager.h"
 #include "commands/RecordKeys.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 #include "graphs/ViewPort.h"
 
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/GestureStage.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 
 #include <utility>
 

@@ -5,8 +5,8 @@
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/WheelTurns.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 #include "graphs/MousePixel.h"
 #include "widgets/CurveKeysDialog.h"
 

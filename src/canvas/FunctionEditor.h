@@ -2,6 +2,7 @@
 
 #include "core/ZkTypes.h"
 #include "graphs/ViewPort.h"
+#include "zk_curve_editor_export.h"
 
 #include <QRegion>
 #include <QWidget>
@@ -16,7 +17,7 @@ class WheelTurns;
 
 /// The canvas widget: receives the events and hands each to the canvas logic, then to its view,
 /// then says that the selection may have changed. To a host it is the widget that shows the curves.
-class FunctionEditor : public QWidget, public ViewPort
+class ZK_CURVE_EDITOR_EXPORT FunctionEditor : public QWidget, public ViewPort
 {
     Q_OBJECT
 

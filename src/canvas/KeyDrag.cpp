@@ -7,8 +7,8 @@
 #include "canvas/KeyPlacing.h"
 #include "canvas/ModeControl.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 

@@ -4,8 +4,8 @@
 #include "commands/RecordExpression.h"
 #include "commands/RecordKeys.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "curves/EditingSet.h"
+#include "files/CurveType.h"
 
 #include <utility>
 

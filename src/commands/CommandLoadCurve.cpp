@@ -10,7 +10,7 @@
 #include "curves/DetachedCurve.h"
 #include "curves/EditingSet.h"
 #include "curves/NodeStruct.h"
-#include "curves/PipeOrDevice.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
 
@@ -51,7 +51,7 @@ CommandLoadCurve::~CommandLoadCurve() = default;
 bool CommandLoadCurve::execute()
 {
     QFile file(fileName);
-    if (isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
+    if (curve_files::isPipeOrDevice(fileName) || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     file.close();

@@ -4,9 +4,9 @@
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
 #include "curves/CurveTree.h"
-#include "curves/CurveType.h"
 #include "curves/DottedName.h"
 #include "curves/EditingSet.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 
 namespace curve_editor {

@@ -126,10 +126,11 @@ std::size_t SplineReduction::farthestFrom(std::size_t begin) const
     return end;
 }
 
-/// Doubles the length while there is a fit, then closes in on the longest.
-SplineReduction::Fit SplineReduction::longestFit(std::size_t begin, std::size_t& end) const
+/// Doubles the length, up to the farthest node, while there is a fit, then closes in on the
+/// longest.
+SplineReduction::Fit SplineReduction::longestFit(std::size_t begin, std::size_t farthest,
+                                                 std::size_t& end) const
 {
-    const std::size_t farthest = farthestFrom(begin);
     std::size_t good = begin + 1;
     std::size_t bad = farthest + 1;
     Fit best = fit(begin, good);
@@ -161,9 +162,11 @@ std::vector<PointInfo> SplineReduction::keys()
 {
     std::vector<PointInfo> made;
     emitNode(made, nodes.front());
+    std::size_t farthest = 0;
     for (std::size_t begin = 0; begin + 1 < nodes.size();) {
+        farthest = begin < farthest ? farthest : farthestFrom(begin);
         std::size_t end = begin + 1;
-        const Fit found = longestFit(begin, end);
+        const Fit found = longestFit(begin, farthest, end);
         emitSegment(made, begin, end, found);
         begin = end;
     }

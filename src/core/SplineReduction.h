@@ -74,7 +74,7 @@ private:
     Piece makePiece(const SplineBase& source, unsigned key) const;
     bool mayPass(std::size_t node) const;
     std::size_t farthestFrom(std::size_t begin) const;
-    Fit longestFit(std::size_t begin, std::size_t& end) const;
+    Fit longestFit(std::size_t begin, std::size_t farthest, std::size_t& end) const;
     Fit fit(std::size_t begin, std::size_t end) const;
     bool isStraightInto(std::size_t node) const;
     std::vector<Sample> samplesOf(std::size_t begin, std::size_t end) const;

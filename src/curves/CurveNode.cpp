@@ -2,8 +2,8 @@
 
 #include "core/SplineBase.h"
 #include "curves/CurveTree.h"
-#include "curves/CurveType.h"
 #include "curves/CurveVisit.h"
+#include "files/CurveType.h"
 
 #include <QColor>
 #include <QStringList>

@@ -38,7 +38,7 @@ public:
     /// Takes ownership of the child, out of the group that holds it by now. Null is passed over.
     /// Does nothing on a leaf.
     virtual void addChild(CurveNode* child);
-    /// See curves/CurveType.h. A group takes the type of its first child; mixed when another
+    /// See files/CurveType.h. A group takes the type of its first child; mixed when another
     /// child differs and either is a plain spline or mixed, or when there is no child.
     virtual int curveType();
     /// The living splines of the leaves; a curve without one adds nothing.

@@ -18,9 +18,12 @@ class QXmlStreamReader;
 class QXmlStreamWriter;
 
 namespace curve_editor {
-struct CurveXmlContent;
 struct NodeStruct;
 } // namespace curve_editor
+
+namespace curve_files {
+struct CurveContent;
+} // namespace curve_files
 
 /// One curve as the editor sees it: joins the host's spline and the host's expression slot under
 /// one dotted name, evaluates and draws it.
@@ -179,8 +182,8 @@ private:
     void drawKeys(ViewPort* viewport, QPainter* painter);
 
     bool dependsOnItself(QString& offender) const;
-    void takeContent(curve_editor::CurveXmlContent& content, FunctionParserBase* parser);
-    void readExpression(std::ifstream& stream, FunctionParserBase& parser);
+    curve_files::CurveContent content();
+    void takeContent(const curve_files::CurveContent& read, FunctionParserBase* parser);
 
     bool changed = false;
     curve_editor::SplineHandle hostSpline;

@@ -1,5 +1,4 @@
-// A curve and the older curve file: three numbers of a colour, the curve type, the expression and
-// the spline, each on lines of its own.
+// A curve and the older curve file.
 
 #include "core/ExpressionDisposal.h"
 #include "core/FunctionFloatBase.h"
@@ -7,41 +6,19 @@
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
-#include "curves/PipeOrDevice.h"
+#include "files/CurveContent.h"
+#include "files/PipeOrDevice.h"
 #include "graphs/SplineCurveGraph.h"
 
+#include <QFile>
+
 #include <fstream>
-#include <locale>
-#include <string>
 #include <utility>
 
 using curve_editor::Problem;
 using curve_editor::Problems;
-
-namespace {
-
-/// Passes over the colour, which never reaches the curve. What is no type gives -1.
-int readCurveType(std::ifstream& stream)
-{
-    int red = 0;
-    int green = 0;
-    int blue = 0;
-    char type = '\0';
-    stream >> red >> green >> blue >> type;
-    switch (type) {
-    case '0':
-        return splineCurve;
-    case '1':
-        return expressionCurve;
-    case '2':
-        return splinePlusExpressionCurve;
-    default:
-        return -1;
-    }
-}
-
-} // namespace
+using curve_files::CurveContent;
+using curve_files::CurveFileResult;
 
 void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
 {
@@ -50,45 +27,38 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
 
 Problems CurveNodeBase::readCrv(const QString& path, FunctionParserBase* parser)
 {
-    if (curve_editor::isPipeOrDevice(path)) {
+    QFile file(path);
+    if (curve_files::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    std::ifstream stream(path.toLocal8Bit().constData());
-    if (!stream) {
-        return {};
-    }
-    stream.imbue(std::locale::classic());
-    const int type = readCurveType(stream);
-    if (type < 0) {
+    CurveContent read;
+    const CurveFileResult result = read.read(file, curve_files::CurveFormat::older);
+    file.close();
+    if (!result && result.problem != CurveFileResult::badKeys) {
         return {{Problem::warning, tr("Error Loading Curve File"), tr("Curve type not valid")}};
     }
-    if (type != splineCurve) {
-        readExpression(stream, parser ? *parser : *FunctionParserBase::instance());
+    FunctionFloatBase** const living = livingSlot();
+    if (living && read.type != splineCurve) {
+        ParseMessage message; // an expression that does not parse leaves the slot empty
+        FunctionParserBase& reader = parser ? *parser : *FunctionParserBase::instance();
+        ExpressionDisposal::take(
+            std::exchange(*living, read.parseExpression(reader, message, parserScope()).release()));
     }
-    if (hasKeys(type)) {
+    if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
-        SplineBase::load(spline(), stream);
-        keysGraph->setSpline(spline());
+        SplineBase* const keys = spline();
+        if (keys && result) {
+            read.copyKeysTo(*keys);
+        }
+        keysGraph->setSpline(keys);
     }
     // The type of the curve as it stands now: an expression that a spline file left in place makes
     // it one of type expression.
     if (curveType() != splineCurve) {
-        setAddFunc(type == splinePlusExpressionCurve);
+        setAddFunc(read.isAddFunc());
     }
     changed = true;
     return {};
-}
-
-/// The first word alone; an expression that does not parse leaves the slot empty, without a word.
-void CurveNodeBase::readExpression(std::ifstream& stream, FunctionParserBase& parser)
-{
-    std::string word;
-    stream >> word;
-    ParseMessage message;
-    std::unique_ptr<FunctionFloatBase> read(parser.parseWithin(parserScope(), word, message));
-    if (FunctionFloatBase** living = livingSlot()) {
-        ExpressionDisposal::take(std::exchange(*living, read.release()));
-    }
 }
 
 void CurveNodeBase::saveCrv(std::ofstream& stream)
@@ -98,18 +68,5 @@ void CurveNodeBase::saveCrv(std::ofstream& stream)
 
 void CurveNodeBase::saveCrv(std::ostream& stream)
 {
-    const int type = curveType();
-    stream << std::to_string(type) << std::endl;
-    if (type != splineCurve) {
-        const FunctionFloatBase* function = expression();
-        const std::string text = function ? function->getString() : std::string();
-        // Without a word of its own the expression would be read from the first of the spline's.
-        const bool needsWord = text.empty() && hasKeys(type);
-        stream << (needsWord ? "0" : text) << std::endl;
-    }
-    if (hasKeys(type)) {
-        SplineBase none;
-        SplineBase* keys = spline();
-        SplineBase::save(keys ? *keys : none, stream);
-    }
+    content().writeOlderBody(stream);
 }

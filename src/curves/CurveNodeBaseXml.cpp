@@ -4,23 +4,19 @@
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveXmlNames.h"
-#include "curves/CurveXmlReader.h"
-#include "curves/CurveXmlWriter.h"
-#include "curves/FileReplacement.h"
-#include "curves/PipeOrDevice.h"
-#include "curves/XmlInputGuard.h"
+#include "files/CurveContent.h"
+#include "files/CurveXmlNames.h"
+#include "files/CurveXmlReader.h"
+#include "files/CurveXmlWriter.h"
+#include "files/PipeOrDevice.h"
 #include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
-#include <QXmlStreamReader>
-#include <QXmlStreamWriter>
 
-using curve_editor::CurveXmlContent;
-using curve_editor::CurveXmlReader;
-using curve_editor::CurveXmlWriter;
 using curve_editor::FileReading;
 using curve_editor::Problem;
+using curve_files::CurveContent;
+using curve_files::CurveFileResult;
 
 namespace {
 
@@ -28,17 +24,19 @@ constexpr qsizetype longestReason = 1000; // the stream's own words may name wha
 
 } // namespace
 
+CurveContent CurveNodeBase::content()
+{
+    return CurveContent::of(curveType(), spline(), expression());
+}
+
 void CurveNodeBase::saveXML(const QString& path)
 {
-    curve_editor::replaceFile(path, [this](QIODevice& file) {
-        QXmlStreamWriter stream(&file);
-        CurveXmlWriter(stream).writeDocument(curveType(), spline(), expression());
-    });
+    content().writeFile(path, curve_files::CurveFormat::xml);
 }
 
 void CurveNodeBase::writeXmlStream(QXmlStreamWriter& writer)
 {
-    CurveXmlWriter(writer).writeCurve(curveType(), spline(), expression());
+    curve_files::CurveXmlWriter(writer).writeCurve(content());
 }
 
 bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
@@ -51,34 +49,36 @@ bool CurveNodeBase::LoadXML(const QString& path, FunctionParserBase* parser)
 FileReading CurveNodeBase::readXml(const QString& path, FunctionParserBase* parser)
 {
     QFile file(path);
-    if (curve_editor::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
+    if (curve_files::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
         return {};
     }
-    curve_editor::XmlInputGuard guard(file);
-    QXmlStreamReader stream(&guard);
-    const bool isRead = CurveXmlReader(stream).readDocument(
-        [&](CurveXmlContent& content) { takeContent(content, parser); });
-    if (isRead) {
+    const CurveFileResult result = curve_files::readXmlDocument(
+        file, [&](const CurveContent& read) { takeContent(read, parser); });
+    file.close();
+    if (result) {
         return {true, {}};
     }
+    // The reader's own words for what is no XML have always stood there without a place.
+    const bool isOwnText = result.problem == CurveFileResult::malformed;
+    const QString reason = isOwnText ? result.message : result.text();
     const QString text =
-        tr("Error parsing XML curve file.\nReason:\n") + stream.errorString().left(longestReason);
+        tr("Error parsing XML curve file.\nReason:\n") + reason.left(longestReason);
     return {false, {{Problem::critical, tr("Error Reading XML File"), text}}};
 }
 
 bool CurveNodeBase::LoadXmlStream(QXmlStreamReader& reader, FunctionParserBase* parser)
 {
-    CurveXmlContent content;
-    const bool isRead = CurveXmlReader(reader).readCurve(content);
+    CurveContent read;
+    const bool isRead = curve_files::CurveXmlReader(reader).readCurve(read);
     if (isRead) {
-        takeContent(content, parser);
+        takeContent(read, parser);
     }
     return isRead;
 }
 
 PointInfo* CurveNodeBase::readControlPoint(QXmlStreamReader& reader)
 {
-    std::unique_ptr<PointInfo> point = CurveXmlReader(reader).readControlPoint();
+    std::unique_ptr<PointInfo> point = curve_files::CurveXmlReader(reader).readControlPoint();
     return reader.hasError() ? nullptr : point.release();
 }
 
@@ -89,45 +89,44 @@ bool CurveNodeBase::isEndOf(QXmlStreamReader& reader, const QString&)
 
 void CurveNodeBase::raiseXmlError(QXmlStreamReader& reader, const QString& message)
 {
-    CurveXmlReader(reader).raiseXmlError(message);
+    curve_files::CurveXmlReader(reader).raiseXmlError(message);
 }
 
 QString CurveNodeBase::curveTypeName(const int& type)
 {
-    return curve_editor::curveTypeName(type);
+    return curve_files::curveTypeName(type);
 }
 
 QString CurveNodeBase::nodeTypeName(const int& type)
 {
-    return curve_editor::nodeTypeName(type);
+    return curve_files::nodeTypeName(type);
 }
 
 QString CurveNodeBase::interpolationTypeName(const int& type)
 {
-    return curve_editor::interpolationTypeName(type);
+    return curve_files::interpolationTypeName(type);
 }
 
 int CurveNodeBase::nodeTypeFromName(const QString& name)
 {
-    return curve_editor::nodeTypeFromName(name);
+    return curve_files::nodeTypeFromName(name);
 }
 
 int CurveNodeBase::interpolationTypeFromName(const QString& name)
 {
-    return curve_editor::interpolationTypeFromName(name);
+    return curve_files::interpolationTypeFromName(name);
 }
 
 /// An expression that does not parse leaves the slot empty, without a word.
-void CurveNodeBase::takeContent(CurveXmlContent& content, FunctionParserBase* parser)
+void CurveNodeBase::takeContent(const CurveContent& read, FunctionParserBase* parser)
 {
     ParseMessage message;
     FunctionParserBase* reader = parser ? parser : FunctionParserBase::instance();
-    if (hasKeys(content.type)) {
+    if (hasKeys(read.type)) {
         keysGraph->selection().clear(); // its keys are about to be freed
     }
-    content.moveInto(spline(), livingSlot(),
-                     content.parseExpression(*reader, parserScope(), message));
-    if (hasKeys(content.type)) {
+    read.copyTo(spline(), livingSlot(), read.parseExpression(*reader, message, parserScope()));
+    if (hasKeys(read.type)) {
         keysGraph->setSpline(spline());
     }
     changed = true;

@@ -6,8 +6,8 @@
 #include "core/FunctionParserBase.h"
 #include "core/SplineBase.h"
 #include "curves/CurveTurns.h"
-#include "curves/CurveType.h"
 #include "curves/NodeStruct.h"
+#include "files/CurveType.h"
 
 #include <unordered_map>
 #include <utility>

@@ -2,7 +2,7 @@
 
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 
 #include <QSet>

@@ -61,7 +61,7 @@ public:
     SplineBase* firstSpline() const;
     /// Its dotted name, or "None".
     QString firstName() const;
-    /// See curves/CurveType.h: the type of the first curve, mixed when it or another one that
+    /// See files/CurveType.h: the type of the first curve, mixed when it or another one that
     /// differs is a plain spline; expression when no curve is being edited.
     int type() const;
     /// What the expression line shows: "..." where the expressions differ.

@@ -2,7 +2,7 @@
 
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 
 #include <algorithm>

@@ -5,12 +5,12 @@
 #include "canvas/FunctionEditor.h"
 #include "commands/CommandLoadCurve.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/DeviceStreamBuffer.h"
-#include "curves/FileReplacement.h"
-#include "curves/PipeOrDevice.h"
 #include "curves/Problem.h"
 #include "editor/CurveEditor.h"
 #include "editor/CurveEditorPrivate.h"
+#include "files/DeviceStreamBuffer.h"
+#include "files/FileReplacement.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFile>
 #include <QPointer>
@@ -19,9 +19,9 @@
 #include <ostream>
 #include <utility>
 
-using curve_editor::DeviceStreamBuffer;
-using curve_editor::isPipeOrDevice;
-using curve_editor::replaceFile;
+using curve_files::DeviceStreamBuffer;
+using curve_files::isPipeOrDevice;
+using curve_files::replaceFile;
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
-#include "curves/CurveType.h"
 #include "editor/CurveEditorPrivate.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "widgets/CurveKeysDialog.h"
 

@@ -1,6 +1,7 @@
 #include "editor/CurveFileDialogs.h"
 
 #include "editor/CurveEditor.h"
+#include "files/CurveFormat.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -66,7 +67,8 @@ QString CurveFileDialogs::curveToOpen(QWidget* parent) const
 
 QString CurveFileDialogs::curveToSave(QWidget* parent, const QString& name) const
 {
-    const QString proposal = QStringLiteral("%1/%2.xml").arg(currentDir, name);
+    const QString proposal =
+        QStringLiteral("%1/%2.xml").arg(currentDir, curve_files::fileNameOfCurve(name));
     return fileToSave(parent, CurveEditor::tr("Save Curve as..."), proposal, curveFilter);
 }
 

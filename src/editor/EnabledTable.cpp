@@ -1,8 +1,8 @@
 #include "editor/EnabledTable.h"
 
-#include "curves/CurveType.h"
 #include "editor/CurveEditor.h"
 #include "editor/MenuTable.h"
+#include "files/CurveType.h"
 
 namespace curve_editor {
 

@@ -5,9 +5,9 @@
 #include "commands/CommandContext.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNode.h"
-#include "curves/CurveType.h"
 #include "curves/EditingSet.h"
 #include "curves/SelectedKeys.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "widgets/KeysDialogHost.h"
 

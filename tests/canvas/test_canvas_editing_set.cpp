@@ -245,10 +245,12 @@ void TestCanvasEditingSet::savingWritesAFileForEachCurve()
     add("n.a");
     add("n.b.c");
     add("n.d");
-    canvas->selectCurves({"n.a", "n.b.c"});
+    add("n.in/../out");
+    canvas->selectCurves({"n.a", "n.b.c", "n.in/../out"});
     canvas->saveCurvesXml(folder.path());
+    // A name is no path.
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
-             (QStringList{"n.a.xml", "n.b.c.xml"}));
+             (QStringList{"n.a.xml", "n.b.c.xml", "n.in_.._out.xml"}));
 }
 
 void TestCanvasEditingSet::aParseErrorIsToldInABox_data()

@@ -38,6 +38,21 @@ private slots:
         QVERIFY(fixture.undoSteps().isEmpty());
     }
 
+    void anInterpolationSetInTheMidstOfADragIsNoStepOfIt()
+    {
+        EditorFixture fixture;
+        LentCurve& curve = fixture.editCurve("n.a", {{10, 10}, {30, 20}});
+        fixture.selectKeys("n.a", {0});
+        fixture.paint();
+        fixture.press(fixture.pixel(10, 10));
+        fixture.moveTo(fixture.pixel(17, 14));
+        curve.spline.at(0)->type = zk_spline::stepped; // by the host, past the history
+        fixture.moveTo(fixture.pixel(10, 10));
+        fixture.release(fixture.pixel(10, 10));
+        QVERIFY(fixture.undoSteps().isEmpty());
+        QCOMPARE(int(curve.spline.at(0)->type), int(zk_spline::stepped));
+    }
+
     void aKeyDraggedPastTheNextChangesPlacesAndUndoRestoresTheOrder()
     {
         EditorFixture fixture;

@@ -3,7 +3,7 @@
 #include "commands/SessionEditor.h"
 
 #include "commands/CommandAddPoint.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "widgets/CurveKeysDialog.h"
 #include "widgets/CustomEditLine.h"
 

@@ -8,7 +8,7 @@
 
 #include "commands/CommandLoadCurve.h"
 #include "curves/CurveFile.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -7,7 +7,7 @@
 #include "support/ParserVariable.h"
 
 #include "commands/CommandPasteCurve.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 
 using namespace curve_editor;
 

@@ -5,7 +5,7 @@
 #include "support/HostEar.h"
 
 #include "commands/CommandResetCurves.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "widgets/CurveKeysDialog.h"
 
 using namespace curve_editor;

@@ -1,6 +1,6 @@
 #include "core/EvaluationTime.h"
 #include "curves/CurveNodeBaseTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "support/ParserKeys.h"
 
 #include <QTest>

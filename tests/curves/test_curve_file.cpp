@@ -1,5 +1,6 @@
 #include "core/SplineBase.h"
 #include "curves/CurveFile.h"
+#include "files/CurveType.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"
 
@@ -24,7 +25,10 @@ private slots:
     void whatIsWrittenReadsBack_data();
     void whatIsWrittenReadsBack();
     void readingReplacesTheExpressionInTheSlot();
-    void readingASplineLeavesTheExpression();
+    void readingASplineEmptiesTheSlot();
+    void bothFormatsAreReadAndWritten_data();
+    void bothFormatsAreReadAndWritten();
+    void anOlderFileOfBadKeysChangesNothing();
     void nullSplineAndNullSlotDropWhatBelongsThere();
     void writingWithoutSplineAndExpression();
     void aFileWithAnErrorChangesNothing_data();
@@ -117,12 +121,57 @@ void TestCurveFile::readingReplacesTheExpressionInTheSlot()
     QCOMPARE(QString::fromStdString(expression->getString()), QString("t+2"));
 }
 
-void TestCurveFile::readingASplineLeavesTheExpression()
+void TestCurveFile::readingASplineEmptiesTheSlot()
 {
     setExpression("1");
     write("<curve version='1.0'><type>spline</type></curve>");
     QVERIFY(readCurveFile(path("curve.xml"), spline.get(), &expression, error));
-    QVERIFY(expression);
+    QVERIFY(!expression);
+}
+
+void TestCurveFile::bothFormatsAreReadAndWritten_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isXml");
+    QTest::newRow("XML") << "a.xml" << true;
+    QTest::newRow("the older format") << "a.crv" << false;
+    QTest::newRow("the older format in capitals") << "a.CRV" << false;
+    QTest::newRow("any other name") << "a.curve" << true;
+}
+
+void TestCurveFile::bothFormatsAreReadAndWritten()
+{
+    QFETCH(QString, name);
+    QFETCH(bool, isXml);
+    spline->addPoint(1.0, 1.0 / 3.0);
+    spline->setAddFunc(true);
+    setExpression("t*2");
+    int type = -1;
+    QVERIFY(writeCurveFile(path(name), spline.get(), expression, error, &type));
+    QCOMPARE(type, int(splinePlusExpressionCurve));
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll().startsWith("<?xml"), isXml);
+    SplineBase read;
+    FunctionFloatBase* readExpression = nullptr;
+    type = -1;
+    QVERIFY2(readCurveFile(path(name), &read, &readExpression, error, &type), qPrintable(error));
+    const std::unique_ptr<FunctionFloatBase> owner(readExpression);
+    QCOMPARE(type, int(splinePlusExpressionCurve));
+    QCOMPARE(read.getControlPointsNumber(), 1u);
+    QCOMPARE(read[0]->value == 1.0 / 3.0, !isXml);
+    QCOMPARE(QString::fromStdString(owner->getString()), QString("t*2"));
+}
+
+void TestCurveFile::anOlderFileOfBadKeysChangesNothing()
+{
+    spline->addPoint(1.0, 2.0);
+    setExpression("t+1");
+    write("1 2 3\n2\nt*2\n1 1 1 0\n5 x\n");
+    QVERIFY(!readCurveFile(path("curve.xml"), spline.get(), &expression, error));
+    QVERIFY2(error.endsWith("at line:5, column:3"), qPrintable(error));
+    QCOMPARE(spline->at(0)->time, 1.0);
+    QCOMPARE(QString::fromStdString(expression->getString()), QString("t+1"));
 }
 
 void TestCurveFile::nullSplineAndNullSlotDropWhatBelongsThere()

@@ -1,6 +1,6 @@
 #include "core/ParseMessage.h"
 #include "curves/CurveGroup.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 #include "support/FailOnWarning.h"

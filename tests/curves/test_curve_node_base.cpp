@@ -1,6 +1,6 @@
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBaseTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "support/ParsedExpression.h"
 

@@ -2,7 +2,7 @@
 #include "curves/CurveHold.h"
 #include "curves/CurveHost.h"
 #include "curves/CurveTreeTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "graphs/ViewPort.h"
 #include "support/BoxCatcher.h"

@@ -1,6 +1,6 @@
-#include "curves/DeviceStreamBuffer.h"
-#include "curves/FileReplacement.h"
 #include "curves/OlderCurveFileTest.h"
+#include "files/DeviceStreamBuffer.h"
+#include "files/FileReplacement.h"
 #include "support/Denied.h"
 #include "support/LowerCaseDir.h"
 
@@ -105,8 +105,8 @@ void TestSavingOverFiles::save(const QString& path)
     if (xml) {
         curve->saveXML(path);
     } else {
-        curve_editor::replaceFile(path, [this](QIODevice& file) {
-            curve_editor::DeviceStreamBuffer buffer(file);
+        curve_files::replaceFile(path, [this](QIODevice& file) {
+            curve_files::DeviceStreamBuffer buffer(file);
             std::ostream stream(&buffer);
             curve->saveCrv(stream);
         });

@@ -3,7 +3,7 @@
 #include "core/PointInfo.h"
 #include "core/SplineBase.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "support/FailOnWarning.h"
 
 #include <QTest>

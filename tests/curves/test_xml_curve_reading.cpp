@@ -1,5 +1,5 @@
 #include "curves/CurveFileTest.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 
 #include <QTest>

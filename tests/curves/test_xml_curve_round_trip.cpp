@@ -1,6 +1,6 @@
 #include "curves/CurveFileTest.h"
-#include "curves/CurveType.h"
-#include "curves/CurveXmlNames.h"
+#include "files/CurveType.h"
+#include "files/CurveXmlNames.h"
 
 #include <QTest>
 #include <QXmlStreamReader>
@@ -231,7 +231,7 @@ void TestXmlCurveRoundTrip::aNumberThatIsNoBehaviourIsWrittenAsTheOneThatCounts(
     QVERIFY(load(text));
     QCOMPARE(spline->firstNodeType(), SplineBase::constant);
     QCOMPARE(spline->lastNodeType(), SplineBase::constant);
-    QCOMPARE(curve_editor::nodeTypeName(number), QString("unknown"));
+    QCOMPARE(curve_files::nodeTypeName(number), QString("unknown"));
 }
 
 QTEST_MAIN(TestXmlCurveRoundTrip)

@@ -77,7 +77,8 @@ private slots:
     void aLookShowsAtOnceAndThinsKeysWithoutRoom()
     {
         EditorFixture on;
-        on.editCurve(QStringLiteral("a.x"), {{10.0, 10.0}, {10.1, 30.0}, {10.2, 10.0}, {40.0, 20.0}});
+        on.editCurve(QStringLiteral("a.x"),
+                     {{10.0, 10.0}, {10.1, 30.0}, {10.2, 10.0}, {40.0, 20.0}});
         QVERIFY(!on.canvas().thinsKeys);
         curve_editor::setLook(on.editor, curve_editor::Look::dark);
         const QColor canvas = curve_editor::lookColors(curve_editor::Look::dark, {}).canvas;

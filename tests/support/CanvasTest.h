@@ -5,7 +5,7 @@
 #include "core/FunctionFloatBase.h"
 #include "core/ParseMessage.h"
 #include "curves/CurveNodeBase.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 #include "graphs/SplineCurveGraph.h"
 #include "support/FailOnWarning.h"
 #include "support/ParsedExpression.h"

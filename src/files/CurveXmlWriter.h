@@ -1,29 +1,30 @@
 #pragma once
 
-class FunctionFloatBase;
+#include "zk_curve_files_export.h"
+
 class QString;
 class QXmlStreamWriter;
-class SplineBase;
 struct PointInfo;
 
-namespace curve_editor {
+namespace curve_files {
+
+struct CurveContent;
 
 /// Writes XML curve files to a stream. Numbers have six significant digits.
-class CurveXmlWriter
+class ZK_CURVE_FILES_EXPORT CurveXmlWriter
 {
 public:
     /// The stream is not owned.
     explicit CurveXmlWriter(QXmlStreamWriter& stream);
 
-    /// A whole document. `type` is one of curves/CurveType.h. Spline and expression are not
-    /// changed; either may be null.
-    void writeDocument(const int& type, SplineBase* spline, const FunctionFloatBase* expression);
+    /// A whole document.
+    void writeDocument(const CurveContent& content);
 
     /// The element `curve` alone.
-    void writeCurve(const int& type, SplineBase* spline, const FunctionFloatBase* expression);
+    void writeCurve(const CurveContent& content);
 
 private:
-    void writeSpline(SplineBase* spline);
+    void writeKeys(const CurveContent& content);
     void writePoint(const PointInfo& point);
     void writeText(const char* element, const QString& text);
     void writeNumber(const char* element, const double& number);
@@ -31,4 +32,4 @@ private:
     QXmlStreamWriter& stream;
 };
 
-} // namespace curve_editor
+} // namespace curve_files

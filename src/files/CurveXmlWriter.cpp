@@ -1,21 +1,20 @@
-#include "curves/CurveXmlWriter.h"
+#include "files/CurveXmlWriter.h"
 
-#include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
-#include "curves/CurveType.h"
-#include "curves/CurveXmlFormat.h"
-#include "curves/CurveXmlNames.h"
+#include "files/CurveContent.h"
+#include "files/CurveXmlFormat.h"
+#include "files/CurveXmlNames.h"
 
 #include <QString>
 #include <QXmlStreamWriter>
 
-namespace curve_editor {
+namespace curve_files {
 
 namespace {
 
 /// The text of the behaviour that counts: what is none of the five counts as constant, and a file
 /// that said "unknown" could not be read back.
-QString behaviourName(const SplineBase::nodeType& type)
+QString behaviourName(const int& type)
 {
     const bool isKnown = type >= SplineBase::zero && type <= SplineBase::followTangent;
     return nodeTypeName(isKnown ? type : SplineBase::constant);
@@ -27,41 +26,36 @@ CurveXmlWriter::CurveXmlWriter(QXmlStreamWriter& target)
     : stream(target)
 {}
 
-void CurveXmlWriter::writeDocument(const int& type, SplineBase* spline,
-                                   const FunctionFloatBase* expression)
+void CurveXmlWriter::writeDocument(const CurveContent& content)
 {
     stream.setAutoFormatting(true);
     stream.writeStartDocument();
     stream.writeDTD(QStringLiteral("<!DOCTYPE qxxml-curve>"));
-    writeCurve(type, spline, expression);
+    writeCurve(content);
     stream.writeEndDocument();
 }
 
-void CurveXmlWriter::writeCurve(const int& type, SplineBase* spline,
-                                const FunctionFloatBase* expression)
+void CurveXmlWriter::writeCurve(const CurveContent& content)
 {
     stream.writeStartElement(QStringLiteral("curve"));
     stream.writeAttribute(QStringLiteral("version"), QLatin1String(CURRENT_CURVE_VERSION));
-    writeText("type", curveTypeName(type));
-    if (type != splineCurve) {
-        const std::string text = expression ? expression->getString() : std::string();
-        writeText("expression", QString::fromLocal8Bit(text.c_str()));
+    writeText("type", curveTypeName(content.type));
+    if (content.type != splineCurve) {
+        writeText("expression", content.expressionText);
     }
-    if (type != expressionCurve) {
-        writeSpline(spline);
+    if (content.type != expressionCurve) {
+        writeKeys(content);
     }
     stream.writeEndElement();
 }
 
-void CurveXmlWriter::writeSpline(SplineBase* spline)
+void CurveXmlWriter::writeKeys(const CurveContent& content)
 {
-    SplineBase none;
-    SplineBase& keys = spline ? *spline : none;
-    writeText("first-node-type", behaviourName(keys.firstNodeType()));
-    writeText("last-node-type", behaviourName(keys.lastNodeType()));
+    writeText("first-node-type", behaviourName(content.firstNodeType));
+    writeText("last-node-type", behaviourName(content.lastNodeType));
     stream.writeStartElement(QStringLiteral("control-points"));
-    for (const PointInfo* point : keys.getControlPoints()) {
-        writePoint(*point);
+    for (const PointInfo& point : content.keys) {
+        writePoint(point);
     }
     stream.writeEndElement();
 }
@@ -106,4 +100,4 @@ void CurveXmlWriter::writeNumber(const char* element, const double& number)
     writeText(element, QString::number(number, 'g', 6));
 }
 
-} // namespace curve_editor
+} // namespace curve_files

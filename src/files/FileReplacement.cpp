@@ -1,4 +1,4 @@
-#include "curves/FileReplacement.h"
+#include "files/FileReplacement.h"
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -6,7 +6,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-namespace curve_editor {
+namespace curve_files {
 
 namespace {
 
@@ -88,4 +88,4 @@ QString replaceFile(const QString& path, const Writer& write)
     return writeInPlace(direct, write) ? QString() : direct.errorString();
 }
 
-} // namespace curve_editor
+} // namespace curve_files

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "zk_curve_files_export.h"
+
 #include <functional>
 
 class QIODevice;
 class QString;
 
-namespace curve_editor {
+namespace curve_files {
 
 /// Writes a file anew, so that the old one outlives a failure: the text goes to a second file
 /// beside it, which takes its place only when all of it is written. Where the folder does not
@@ -14,6 +16,7 @@ namespace curve_editor {
 ///
 /// `write` puts the text to the device, which it neither closes nor owns. Returns what went wrong,
 /// an empty text on success.
-QString replaceFile(const QString& path, const std::function<void(QIODevice&)>& write);
+ZK_CURVE_FILES_EXPORT QString replaceFile(const QString& path,
+                                          const std::function<void(QIODevice&)>& write);
 
-} // namespace curve_editor
+} // namespace curve_files

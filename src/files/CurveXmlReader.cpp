@@ -1,7 +1,7 @@
-#include "curves/CurveXmlReader.h"
+#include "files/CurveXmlReader.h"
 
-#include "curves/CurveXmlFormat.h"
-#include "curves/CurveXmlNames.h"
+#include "files/CurveXmlFormat.h"
+#include "files/CurveXmlNames.h"
 
 #include <QCoreApplication>
 #include <QXmlStreamReader>
@@ -12,7 +12,7 @@
 #include <optional>
 #include <system_error>
 
-namespace curve_editor {
+namespace curve_files {
 
 namespace {
 
@@ -102,12 +102,12 @@ CurveXmlReader::CurveXmlReader(QXmlStreamReader& source)
     : stream(source)
 {}
 
-bool CurveXmlReader::readDocument(const Receiver& receive)
+bool CurveXmlReader::readDocument(const CurveReceiver& receive)
 {
     while (canGoOn()) {
         stream.readNext();
         if (stream.isStartElement() && isAtCurveOfKnownVersion()) {
-            CurveXmlContent content;
+            CurveContent content;
             if (readCurve(content)) {
                 receive(content);
             }
@@ -119,7 +119,9 @@ bool CurveXmlReader::readDocument(const Receiver& receive)
 bool CurveXmlReader::isAtCurveOfKnownVersion()
 {
     if (stream.name() != QLatin1String("curve")) {
-        raiseXmlError(tr("Bad Format: Expected <curve> instead of <%1>").arg(shown(stream.name())));
+        raiseXmlError(CurveFileResult::otherContent,
+                      tr("Bad Format: Expected <curve> instead of <%1>").arg(shown(stream.name())),
+                      stream.name().toString());
         return false;
     }
     const QString current = QLatin1String(CURRENT_CURVE_VERSION);
@@ -129,12 +131,13 @@ bool CurveXmlReader::isAtCurveOfKnownVersion()
     if (isDefined && current.toFloat() >= version) {
         return true;
     }
-    raiseXmlError(isDefined ? tr("Unsupported Version: %1 > %2").arg(shown(text), current)
+    raiseXmlError(CurveFileResult::otherContent,
+                  isDefined ? tr("Unsupported Version: %1 > %2").arg(shown(text), current)
                             : tr("Undefined Version"));
     return false;
 }
 
-bool CurveXmlReader::readCurve(CurveXmlContent& content)
+bool CurveXmlReader::readCurve(CurveContent& content)
 {
     int type = -1;
     while (canGoOn()) {
@@ -147,18 +150,20 @@ bool CurveXmlReader::readCurve(CurveXmlContent& content)
         }
     }
     if (type < 0) {
-        raiseXmlError(tr("Unknown curve type: <%1>").arg(QString()));
+        raiseXmlError(CurveFileResult::unknownName, tr("Unknown curve type: <%1>").arg(QString()));
     }
     content.type = type;
     return !stream.hasError();
 }
 
-void CurveXmlReader::readCurveChild(CurveXmlContent& content, int& type)
+void CurveXmlReader::readCurveChild(CurveContent& content, int& type)
 {
     const QStringView element = stream.name();
     if (element == QLatin1String("type")) {
         readCurveType(type);
     } else if (element == QLatin1String("expression")) {
+        content.expressionLine = stream.lineNumber();
+        content.expressionColumn = stream.columnNumber() + 1;
         content.expressionText = readText();
     } else if (element == QLatin1String("first-node-type")) {
         readNodeType(content.firstNodeType);
@@ -174,7 +179,8 @@ void CurveXmlReader::readCurveType(int& type)
     const QString text = readText();
     type = curveTypeFromName(text);
     if (type < 0) {
-        raiseXmlError(tr("Unknown curve type: <%1>").arg(shown(text)));
+        raiseXmlError(CurveFileResult::unknownName, tr("Unknown curve type: <%1>").arg(shown(text)),
+                      text);
     }
 }
 
@@ -183,11 +189,12 @@ void CurveXmlReader::readNodeType(int& type)
     const QString text = readText();
     type = nodeTypeFromName(text);
     if (type < 0) {
-        raiseXmlError(tr("Unknown node type: <%1>").arg(shown(text)));
+        raiseXmlError(CurveFileResult::unknownName, tr("Unknown node type: <%1>").arg(shown(text)),
+                      text);
     }
 }
 
-void CurveXmlReader::readPoints(CurveXmlContent& content)
+void CurveXmlReader::readPoints(CurveContent& content)
 {
     while (canGoOn()) {
         stream.readNext();
@@ -195,27 +202,33 @@ void CurveXmlReader::readPoints(CurveXmlContent& content)
             return;
         }
         if (stream.isStartElement() && stream.name() == QLatin1String("point")) {
-            content.points.push_back(readControlPoint());
+            content.keys.push_back(readPoint());
         }
     }
 }
 
 std::unique_ptr<PointInfo> CurveXmlReader::readControlPoint()
 {
-    auto point = std::make_unique<PointInfo>();
+    const PointInfo point = readPoint();
+    return stream.hasError() ? nullptr : std::make_unique<PointInfo>(point);
+}
+
+PointInfo CurveXmlReader::readPoint()
+{
+    PointInfo point;
     while (canGoOn()) {
         stream.readNext();
         if (stream.isEndElement()) {
             break;
         }
         if (stream.isStartElement()) {
-            readPointChild(*point);
+            readPointChild(point);
         }
     }
-    if (point->unifiedTangents) {
+    if (point.unifiedTangents) {
         // What the writer leaves out.
-        point->tcb.continuity = 0.0;
-        point->bezier.tangentRight = point->bezier.tangentLeft;
+        point.tcb.continuity = 0.0;
+        point.bezier.tangentRight = point.bezier.tangentLeft;
     }
     return point;
 }
@@ -238,7 +251,8 @@ void CurveXmlReader::readInterpolationType(PointInfo& point)
 {
     const QString text = readText();
     if (text.isEmpty()) {
-        raiseXmlError(tr("Unknown interpolation type: <%1>").arg(text));
+        raiseXmlError(CurveFileResult::unknownName,
+                      tr("Unknown interpolation type: <%1>").arg(text));
         return;
     }
     point.type = static_cast<zk_spline::interpolationType>(interpolationTypeFromName(text));
@@ -270,7 +284,6 @@ const QString& CurveXmlReader::readText()
         case QXmlStreamReader::Comment:
             break;
         case QXmlStreamReader::StartElement:
-            foundElement = true;
             stream.raiseError(
                 QCoreApplication::translate("QXmlStream", "Expected character data."));
             return elementText;
@@ -285,24 +298,39 @@ bool CurveXmlReader::canGoOn() const
     return !stream.atEnd() && !stream.hasError();
 }
 
-QString CurveXmlReader::errorText() const
+CurveFileResult CurveXmlReader::result() const
 {
-    const bool hasPlace = stream.error() == QXmlStreamReader::CustomError && !foundElement;
-    return hasPlace ? stream.errorString() : withPlace(stream.errorString());
+    if (!stream.hasError() || failure.problem != CurveFileResult::none) {
+        return failure;
+    }
+    return failureHere(CurveFileResult::malformed, stream.errorString());
 }
 
-QString CurveXmlReader::withPlace(const QString& message) const
+CurveFileResult CurveXmlReader::failureHere(CurveFileResult::problems problem,
+                                            const QString& message) const
 {
-    return tr("%1\nat line:%2, column:%3")
-        .arg(message, QString::number(stream.lineNumber()), QString::number(stream.columnNumber()));
+    CurveFileResult here;
+    here.problem = problem;
+    here.message = message;
+    here.line = stream.lineNumber();
+    here.column = stream.columnNumber();
+    return here;
+}
+
+void CurveXmlReader::raiseXmlError(const QString& message)
+{
+    raiseXmlError(CurveFileResult::otherContent, message);
 }
 
 /// An error that the stream holds already is the first one, and stays.
-void CurveXmlReader::raiseXmlError(const QString& message)
+void CurveXmlReader::raiseXmlError(CurveFileResult::problems problem, const QString& message,
+                                   const QString& name)
 {
     if (!stream.hasError()) {
-        stream.raiseError(withPlace(message));
+        failure = failureHere(problem, message);
+        failure.name = name;
+        stream.raiseError(failure.text());
     }
 }
 
-} // namespace curve_editor
+} // namespace curve_files

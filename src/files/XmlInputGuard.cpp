@@ -1,8 +1,10 @@
-#include "curves/XmlInputGuard.h"
+#include "files/XmlInputGuard.h"
+
+#include <QCoreApplication>
 
 #include <cstring>
 
-namespace curve_editor {
+namespace curve_files {
 
 namespace {
 
@@ -10,6 +12,14 @@ constexpr int mostAttributes = 200;
 constexpr qint64 deepest = 10000;
 constexpr qint64 mostWork = 400000000;
 constexpr qint64 workOfReference = 65536; // some times what the reader lets an entity grow to
+// The reader passes over each attribute of a list at each tag, which is less work than a byte of a
+// default for each of its bytes.
+constexpr qint64 bytesOfAttributeWork = 6;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("XmlInputGuard", text);
+}
 
 } // namespace
 
@@ -58,6 +68,21 @@ qint64 XmlInputGuard::readData(char* data, qint64 longest)
 qint64 XmlInputGuard::writeData(const char*, qint64)
 {
     return -1;
+}
+
+QString XmlInputGuard::refusal() const
+{
+    if (!isEnded) {
+        return QString();
+    }
+    if (attributes > mostAttributes) {
+        return translated("A tag has more than %1 attributes").arg(mostAttributes);
+    }
+    if (depth > deepest) {
+        return translated("Elements are more than %1 deep").arg(deepest);
+    }
+    return translated(
+        "There are more tags and references than may follow declarations of this length");
 }
 
 bool XmlInputGuard::isHarmless(char byte)
@@ -120,8 +145,26 @@ void XmlInputGuard::step(char byte)
         break;
     case exclaimed:
         // "<!ENTITY", "<!ELEMENT", "<!ATTLIST", "<!NOTATION"
-        state = byte == 'E' || byte == 'A' || byte == 'N' ? declaration : text;
-        hasEntities = hasEntities || byte == 'E';
+        state = byte == 'E'   ? elementOrEntity
+                : byte == 'A' ? attributeList
+                : byte == 'N' ? declaration
+                              : text;
+        listed = 0;
+        break;
+    case elementOrEntity:
+        // The reader forgets what an element may hold.
+        state = byte == 'L' ? text : declaration;
+        hasEntities = hasEntities || state == declaration;
+        break;
+    case attributeList:
+        ++listed;
+        if (byte == '>') {
+            declared += listed / bytesOfAttributeWork + 1;
+            state = text;
+        } else if (byte == '"' || byte == '\'') {
+            declared += listed;
+            state = declaration;
+        }
         break;
     case declaration:
         ++declared;
@@ -149,4 +192,4 @@ void XmlInputGuard::step(char byte)
     }
 }
 
-} // namespace curve_editor
+} // namespace curve_files

@@ -1,4 +1,4 @@
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 
 #include "core/SplineBase.h"
 

@@ -1,13 +1,13 @@
-#include "curves/CurveXmlNames.h"
+#include "files/CurveXmlNames.h"
 
 #include "core/InterpolationType.h"
 #include "core/SplineBase.h"
-#include "curves/CurveType.h"
+#include "files/CurveType.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace curve_editor {
+namespace curve_files {
 
 namespace {
 
@@ -87,4 +87,4 @@ int interpolationTypeFromName(const QString& name)
     return numberOf(interpolationTypes, name);
 }
 
-} // namespace curve_editor
+} // namespace curve_files

@@ -1,8 +1,8 @@
-#include "curves/PipeOrDevice.h"
+#include "files/PipeOrDevice.h"
 
 #include <QFileInfo>
 
-namespace curve_editor {
+namespace curve_files {
 
 bool isPipeOrDevice(const QString& path)
 {
@@ -10,4 +10,4 @@ bool isPipeOrDevice(const QString& path)
     return target.exists() && !target.isFile() && !target.isDir();
 }
 
-} // namespace curve_editor
+} // namespace curve_files

@@ -1,4 +1,4 @@
-#include "curves/CurveXmlNames.h"
+#include "files/CurveXmlNames.h"
 #include "support/FailOnWarning.h"
 
 #include <QTest>
@@ -33,8 +33,8 @@ void TestXmlCurveNames::namesOfCurveTypes()
 {
     QFETCH(int, number);
     QFETCH(QString, text);
-    QCOMPARE(curve_editor::curveTypeName(number), text);
-    QCOMPARE(curve_editor::curveTypeFromName(text.toUpper()), text == "unknown" ? -1 : number);
+    QCOMPARE(curve_files::curveTypeName(number), text);
+    QCOMPARE(curve_files::curveTypeFromName(text.toUpper()), text == "unknown" ? -1 : number);
 }
 
 void TestXmlCurveNames::namesOfNodeTypes_data()
@@ -54,8 +54,8 @@ void TestXmlCurveNames::namesOfNodeTypes()
 {
     QFETCH(int, number);
     QFETCH(QString, text);
-    QCOMPARE(curve_editor::nodeTypeName(number), text);
-    QCOMPARE(curve_editor::nodeTypeFromName(text.toUpper()), text == "unknown" ? -1 : number);
+    QCOMPARE(curve_files::nodeTypeName(number), text);
+    QCOMPARE(curve_files::nodeTypeFromName(text.toUpper()), text == "unknown" ? -1 : number);
 }
 
 void TestXmlCurveNames::namesOfInterpolations_data()
@@ -74,10 +74,10 @@ void TestXmlCurveNames::namesOfInterpolations()
 {
     QFETCH(int, number);
     QFETCH(QString, text);
-    QCOMPARE(curve_editor::interpolationTypeName(number), text);
-    QCOMPARE(curve_editor::interpolationTypeFromName(text.toUpper()),
+    QCOMPARE(curve_files::interpolationTypeName(number), text);
+    QCOMPARE(curve_files::interpolationTypeFromName(text.toUpper()),
              text == "unknown" ? -1 : number);
-    QCOMPARE(curve_editor::interpolationTypeFromName("Lineal"), 0);
+    QCOMPARE(curve_files::interpolationTypeFromName("Lineal"), 0);
 }
 
 QTEST_APPLESS_MAIN(TestXmlCurveNames)
