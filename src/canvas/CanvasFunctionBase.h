@@ -134,8 +134,9 @@ public:
     /// With `onlyMoved` the time line or the rubber band has moved since the last time, and nobody
     /// has asked for more.
     void paint(QPainter* painter, const bool& onlyMoved = false);
-    /// What is kept of the last picture.
+    /// What is kept of the last picture, until the canvas's last moments.
     CanvasLayers& layers();
+    void dropLayers();
     FrameGrid* frameGrid() const;
     /// Null removes the picture.
     void setBackground(std::unique_ptr<CanvasBackground> picture);

@@ -30,6 +30,13 @@ CanvasLayers& CanvasFunctionBase::layers()
     return ground->layers();
 }
 
+void CanvasFunctionBase::dropLayers()
+{
+    if (ground) {
+        ground->layers().drop();
+    }
+}
+
 FrameGrid* CanvasFunctionBase::frameGrid() const
 {
     return ground ? ground->grid() : nullptr;

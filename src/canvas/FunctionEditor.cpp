@@ -3,7 +3,6 @@
 #include "canvas/FunctionEditor.h"
 
 #include "canvas/CanvasFunctionBase.h"
-#include "canvas/CanvasLayers.h"
 #include "canvas/WheelTurns.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
@@ -132,7 +131,7 @@ bool FunctionEditor::event(QEvent* event)
         logic->endGesture();
     }
     if (changesLook(event)) {
-        logic->layers().drop();
+        logic->dropLayers();
     }
     if (event->type() == QEvent::NativeGesture &&
         nativeGestureEvent(static_cast<QNativeGestureEvent*>(event))) {

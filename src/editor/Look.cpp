@@ -1,5 +1,6 @@
 #include "editor/Look.h"
 
+#include "canvas/CanvasFunctionBase.h"
 #include "canvas/FunctionEditor.h"
 #include "editor/CurveEditor.h"
 #include "graphs/CanvasColors.h"

@@ -116,23 +116,25 @@ void CurvePen::reduce(const QPointF* points, const qsizetype& count)
         }
         if (columnCount == 0 || point.y() < lowest.y()) {
             lowest = point;
-            lowestIsFirst = false;
         }
         if (columnCount == 0 || point.y() > highest.y()) {
             highest = point;
-            lowestIsFirst = true;
         }
         ++columnCount;
     }
     endColumn();
 }
 
+/// Of many points the end that is nearer to the last column comes first: the way there is then no
+/// second line through the same pixels.
 void CurvePen::endColumn()
 {
     if (columnCount <= mostPointsOfColumn) {
         std::copy(column, column + columnCount, std::back_inserter(reduced));
     } else {
-        reduced << (lowestIsFirst ? lowest : highest) << (lowestIsFirst ? highest : lowest);
+        const double before = reduced.isEmpty() ? column[0].y() : reduced.last().y();
+        const bool lowestIsNear = std::fabs(lowest.y() - before) <= std::fabs(highest.y() - before);
+        reduced << (lowestIsNear ? lowest : highest) << (lowestIsNear ? highest : lowest);
     }
     columnCount = 0;
 }

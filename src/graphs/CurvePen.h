@@ -53,5 +53,4 @@ private:
     QPointF lowest;
     QPointF highest;
     int columnCount = 0; ///< points in it
-    bool lowestIsFirst = true;
 };
