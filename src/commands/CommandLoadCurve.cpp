@@ -115,7 +115,7 @@ bool CommandLoadCurve::readContents()
         // The box of an error may have let anything happen.
         if (hasPlaceForContent(node)) {
             const std::optional<QString> text = expressionTextOf(loaded.curve()->expression());
-            contents.add(node, loaded.takeSpline(), text);
+            contents.copyCurveForUndo(node, loaded.takeSpline(), text);
         }
     }
     return true;

@@ -105,7 +105,8 @@ void CommandPasteCurve::addTarget(NodeStruct* node)
     }
     keys->setAddFunc(live->isAddFunc()); // also of a sum whose slot is empty
     pastedPoints.append(pasted);
-    const qsizetype place = contents.add(node, std::move(keys), expressionTextOf(node));
+    const qsizetype place =
+        contents.copyCurveForUndo(node, std::move(keys), expressionTextOf(node));
     pastedPoints.last() = pastedPoints.at(place);
 }
 

@@ -28,8 +28,8 @@ CurveContents::CurveContents(CommandContext& given)
 
 CurveContents::~CurveContents() = default;
 
-qsizetype CurveContents::add(NodeStruct* node, std::unique_ptr<SplineBase> keys,
-                             const std::optional<QString>& expression)
+qsizetype CurveContents::copyCurveForUndo(NodeStruct* node, std::unique_ptr<SplineBase> keys,
+                                          const std::optional<QString>& expression)
 {
     Entry entry;
     entry.node = node;

@@ -25,7 +25,7 @@ void exchangeContents(SplineBase& a, SplineBase& b);
 /// goes with it and comes back with it.
 ///
 ///     CurveContents contents(context);
-///     contents.add(record, std::move(newKeys), newExpression);
+///     contents.copyCurveForUndo(record, std::move(newKeys), newExpression);
 ///     contents.restoreCurveContent(CurveContents::newCurves);
 ///
 /// A curve is known by its record: it may be renamed or removed. Once its spline is destroyed the
@@ -45,12 +45,12 @@ public:
     CurveContents(const CurveContents&) = delete;
     CurveContents& operator=(const CurveContents&) = delete;
 
-    /// Adds a curve with the keys and the text of the expression that are to come in place of its
-    /// own; what it holds now is the old version. Nothing is exchanged by that. A curve that never
-    /// had a spline has no use for the keys. Returns the place, in nodes, of the record whose keys
-    /// were taken: an earlier one that has the same spline, or this one.
-    qsizetype add(NodeStruct* node, std::unique_ptr<SplineBase> keys,
-                  const std::optional<QString>& expression);
+    /// Notes a whole curve, and the keys and the text of the expression that are to come in place
+    /// of its own; what it holds now is the old version. Nothing is exchanged by that. A curve that
+    /// never had a spline has no use for the keys. Returns the place, in nodes, of the record whose
+    /// keys were taken: an earlier one that has the same spline, or this one.
+    qsizetype copyCurveForUndo(NodeStruct* node, std::unique_ptr<SplineBase> keys,
+                               const std::optional<QString>& expression);
 
     /// Both put one version in place where the other one stands, and drop the keys that are gone
     /// from the selections. Then boxes tell of texts that do not parse; false if nothing of the

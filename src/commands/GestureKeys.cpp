@@ -71,10 +71,13 @@ void GestureKeys::apply(PointInfo Key::*const state, const Writer& write)
 {
     for (const Curve& curve : curves) {
         SplineBase* const spline = curve.node->livingSpline();
+        if (!spline) {
+            continue;
+        }
         std::vector<RetimedKey> held;
         std::vector<const PointInfo*> copies;
         for (const Key& key : curve.keys) {
-            if (spline && spline->holds(key.live)) {
+            if (spline->holds(key.live)) {
                 held.push_back({key.live.key, (key.*state).time});
                 copies.push_back(&(key.*state));
             }

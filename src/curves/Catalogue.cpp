@@ -44,10 +44,10 @@ const QList<NodeStruct*>& Catalogue::allNodes() const
 MainNodeStruct* Catalogue::addMainNode(const QString& name)
 {
     MainNodeStruct* const node = mainRecordFor(name);
-    const Number number = nextNumber++;
+    const Number number = names.next++;
     mainList.append(node);
     mainEntries.emplace(node, MainEntry{number, name});
-    mainNames.add(name, number, node);
+    names.ofMainNodes.add(name, number, node);
     return node;
 }
 
@@ -55,13 +55,13 @@ NodeStruct* Catalogue::addNode(const NodeStruct& content)
 {
     NodeStruct* const record = recordFor(content);
     Entry entry;
-    entry.number = nextNumber++;
+    entry.number = names.next++;
     entry.dotName = record->dotName;
     entry.parserName = parserForm(record->dotName);
     entry.variable = std::make_unique<CurveVariable>(record, &scope);
     nodeList.append(record);
-    dotNames.add(entry.dotName, entry.number, record);
-    parserNames.add(entry.parserName, entry.number, record);
+    names.dotted.add(entry.dotName, entry.number, record);
+    names.ofParser.add(entry.parserName, entry.number, record);
     entries.emplace(record, std::move(entry));
     scope.adopt(record->livingExpression()); // left by an editor that is gone
     return record;
@@ -84,7 +84,7 @@ void Catalogue::removeMainNode(MainNodeStruct* node)
     if (found == mainEntries.end()) {
         return;
     }
-    mainNames.remove(found->second.name, found->second.number);
+    names.ofMainNodes.remove(found->second.name, found->second.number);
     mainEntries.erase(found);
     mainList.removeAll(node);
     formerMainNodes.insert(node->name, node);
@@ -96,8 +96,8 @@ void Catalogue::removeNode(NodeStruct* record)
     if (found == entries.end()) {
         return;
     }
-    dotNames.remove(found->second.dotName, found->second.number);
-    parserNames.remove(found->second.parserName, found->second.number);
+    names.dotted.remove(found->second.dotName, found->second.number);
+    names.ofParser.remove(found->second.parserName, found->second.number);
     CurveVariable::end(std::move(found->second.variable));
     entries.erase(found);
     nodeList.removeOne(record);
@@ -111,9 +111,9 @@ void Catalogue::nameHasChanged(MainNodeStruct* node)
         return;
     }
     MainEntry& entry = found->second;
-    mainNames.remove(entry.name, entry.number);
+    names.ofMainNodes.remove(entry.name, entry.number);
     entry.name = node->name;
-    mainNames.add(entry.name, entry.number, node);
+    names.ofMainNodes.add(entry.name, entry.number, node);
 }
 
 void Catalogue::nameHasChanged(NodeStruct* record)
@@ -123,12 +123,12 @@ void Catalogue::nameHasChanged(NodeStruct* record)
         return;
     }
     Entry& entry = found->second;
-    dotNames.remove(entry.dotName, entry.number);
-    parserNames.remove(entry.parserName, entry.number);
+    names.dotted.remove(entry.dotName, entry.number);
+    names.ofParser.remove(entry.parserName, entry.number);
     entry.dotName = record->dotName;
     entry.parserName = parserForm(record->dotName);
-    dotNames.add(entry.dotName, entry.number, record);
-    parserNames.add(entry.parserName, entry.number, record);
+    names.dotted.add(entry.dotName, entry.number, record);
+    names.ofParser.add(entry.parserName, entry.number, record);
     entry.variable->rename();
 }
 
@@ -158,22 +158,22 @@ NodeStruct* Catalogue::recordFor(const NodeStruct& content)
 
 MainNodeStruct* Catalogue::findMainNode(const QString& name) const
 {
-    return mainNames.first(name);
+    return names.ofMainNodes.first(name);
 }
 
 NodeStruct* Catalogue::find(const QString& dotName) const
 {
-    return dotNames.firstWithoutPrefix(dotName);
+    return names.dotted.firstWithoutPrefix(dotName);
 }
 
 NodeStruct* Catalogue::findExactly(const QString& dotName) const
 {
-    return dotNames.first(dotName);
+    return names.dotted.first(dotName);
 }
 
 NodeStruct* Catalogue::findParserName(const QString& parserName) const
 {
-    return parserNames.first(parserName);
+    return names.ofParser.first(parserName);
 }
 
 } // namespace curve_editor

@@ -88,6 +88,15 @@ private:
         std::unique_ptr<CurveVariable> variable;
     };
 
+    /// The lists by name. Entries are numbered in the order of the lists.
+    struct Names
+    {
+        NameIndex<MainNodeStruct> ofMainNodes;
+        NameIndex<NodeStruct> dotted;
+        NameIndex<NodeStruct> ofParser;
+        Number next = 0;
+    };
+
     MainNodeStruct* mainRecordFor(const QString& name);
     NodeStruct* recordFor(const NodeStruct& content);
 
@@ -101,10 +110,7 @@ private:
     QList<NodeStruct*> nodeList;                     ///< not owned: of records
     std::unordered_map<const MainNodeStruct*, MainEntry> mainEntries;
     std::unordered_map<const NodeStruct*, Entry> entries;
-    NameIndex<MainNodeStruct> mainNames;
-    NameIndex<NodeStruct> dotNames;
-    NameIndex<NodeStruct> parserNames;
-    Number nextNumber = 0;
+    Names names;
 };
 
 } // namespace curve_editor

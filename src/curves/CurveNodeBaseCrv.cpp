@@ -11,6 +11,7 @@
 #include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <fstream>
 #include <utility>
@@ -27,14 +28,20 @@ void CurveNodeBase::loadCrv(const QString& path, FunctionParserBase* parser)
 
 Problems CurveNodeBase::readCrv(const QString& path, FunctionParserBase* parser)
 {
+    // A folder counts as a file that holds no type.
+    const bool isFolder = QFileInfo(path).isDir();
     QFile file(path);
-    if (curve_files::isPipeOrDevice(path) || !file.open(QIODevice::ReadOnly)) {
+    if (path.isEmpty() || curve_files::isPipeOrDevice(path) ||
+        (!isFolder && !file.open(QIODevice::ReadOnly))) {
         return {};
     }
     CurveContent read;
-    const CurveFileResult result = read.read(file, curve_files::CurveFormat::older);
-    file.close();
-    if (!result && result.problem != CurveFileResult::badKeys) {
+    CurveFileResult result;
+    if (!isFolder) {
+        result = read.read(file, curve_files::CurveFormat::older);
+        file.close();
+    }
+    if (isFolder || (!result && result.problem != CurveFileResult::badKeys)) {
         return {{Problem::warning, tr("Error Loading Curve File"), tr("Curve type not valid")}};
     }
     FunctionFloatBase** const living = livingSlot();

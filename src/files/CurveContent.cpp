@@ -102,6 +102,9 @@ CurveFileResult CurveContent::read(QIODevice& device, CurveFormat format)
 
 CurveFileResult CurveContent::readFile(const QString& path, CurveFormat* format)
 {
+    if (path.isEmpty()) {
+        return failure(CurveFileResult::notOpened, tr("No file name"));
+    }
     QFile file(path);
     const bool isFile = !isPipeOrDevice(path);
     if (!isFile || !file.open(QIODevice::ReadOnly)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/FunctionFloatBase.h"
 #include "core/PointInfo.h"
 #include "files/CurveFileResult.h"
 #include "files/CurveFormat.h"
@@ -14,7 +15,6 @@
 #include <optional>
 #include <vector>
 
-class FunctionFloatBase;
 class FunctionParserBase;
 class ParseMessage;
 class ParserScope;

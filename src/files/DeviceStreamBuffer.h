@@ -1,5 +1,7 @@
 #pragma once
 
+#include "zk_curve_files_export.h"
+
 #include <QtGlobal>
 
 #include <array>
@@ -20,7 +22,7 @@ struct StreamPlace
 ///
 ///     DeviceStreamBuffer buffer(file);
 ///     std::ostream stream(&buffer);
-class DeviceStreamBuffer : public std::streambuf
+class ZK_CURVE_FILES_EXPORT DeviceStreamBuffer : public std::streambuf
 {
 public:
     /// The device is open for writing or reading, and not owned. More may be read from it than the

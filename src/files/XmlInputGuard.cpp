@@ -12,8 +12,9 @@ constexpr int mostAttributes = 200;
 constexpr qint64 deepest = 10000;
 constexpr qint64 mostWork = 400000000;
 constexpr qint64 workOfReference = 65536; // some times what the reader lets an entity grow to
-// The reader passes over each attribute of a list at each tag, which is less work than a byte of a
-// default for each of its bytes.
+// The reader passes over each attribute of a list at each tag. A few of them stay close at hand,
+// and are less work than a byte of a default for each of their bytes.
+constexpr qint64 mostBytesAtHand = 4000;
 constexpr qint64 bytesOfAttributeWork = 6;
 
 QString translated(const char* text)
@@ -81,8 +82,7 @@ QString XmlInputGuard::refusal() const
     if (depth > deepest) {
         return translated("Elements are more than %1 deep").arg(deepest);
     }
-    return translated(
-        "There are more tags and references than may follow declarations of this length");
+    return translated("Declarations are too long, or too many tags and references follow them");
 }
 
 bool XmlInputGuard::isHarmless(char byte)
@@ -136,13 +136,17 @@ void XmlInputGuard::countNamespace(char byte)
     }
 }
 
-void XmlInputGuard::step(char byte)
+/// What a list of attributes without defaults, which ends here, makes each tag cost.
+qint64 XmlInputGuard::workOfList()
+{
+    const qint64 before = listedInAll - listed;
+    const qint64 atHand = qBound(qint64(0), mostBytesAtHand - before, listed);
+    return atHand / bytesOfAttributeWork + (listed - atHand) + 1;
+}
+
+void XmlInputGuard::stepInDeclaration(char byte)
 {
     switch (state) {
-    case markup:
-        state = byte == '!' ? exclaimed : byte == '?' || byte == '/' ? text : tag;
-        depth = byte == '/' ? qMax(depth - 1, qint64(0)) : state == tag ? depth + 1 : depth;
-        break;
     case exclaimed:
         // "<!ENTITY", "<!ELEMENT", "<!ATTLIST", "<!NOTATION"
         state = byte == 'E'   ? elementOrEntity
@@ -158,8 +162,11 @@ void XmlInputGuard::step(char byte)
         break;
     case attributeList:
         ++listed;
+        ++listedInAll;
+        // Each attribute has a default or a word behind a "#", and is compared with all others.
+        work += byte == '#' ? listedInAll : 0;
         if (byte == '>') {
-            declared += listed / bytesOfAttributeWork + 1;
+            declared += workOfList();
             state = text;
         } else if (byte == '"' || byte == '\'') {
             declared += listed;
@@ -169,6 +176,24 @@ void XmlInputGuard::step(char byte)
     case declaration:
         ++declared;
         work += byte == '"' || byte == '\'' ? declared : 0; // the reader compares them, too
+        break;
+    default:
+        break;
+    }
+}
+
+void XmlInputGuard::step(char byte)
+{
+    switch (state) {
+    case markup:
+        state = byte == '!' ? exclaimed : byte == '?' || byte == '/' ? text : tag;
+        depth = byte == '/' ? qMax(depth - 1, qint64(0)) : state == tag ? depth + 1 : depth;
+        break;
+    case exclaimed:
+    case elementOrEntity:
+    case attributeList:
+    case declaration:
+        stepInDeclaration(byte);
         break;
     case blank:
         expected = "xmlns";

@@ -49,7 +49,9 @@ private:
 
     bool isHarmless(char byte);
     void step(char byte);
+    void stepInDeclaration(char byte);
     void countNamespace(char byte);
+    qint64 workOfList();
     static State behind(char byte);
 
     QIODevice& source;
@@ -59,6 +61,7 @@ private:
     int attributes = 0;             ///< of the present tag
     qint64 declared = 0;            ///< bytes of declarations, and namespaces
     const char* expected = nullptr; ///< the rest of "xmlns" while an attribute's name spells it
+    qint64 listedInAll = 0;         ///< bytes of all lists of attributes
     qint64 listed = 0;              ///< bytes of the present list of attributes
     bool hasEntities = false;
     qint64 work = 0;

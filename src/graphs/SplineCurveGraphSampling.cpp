@@ -160,24 +160,13 @@ void trace(CurveCourse& course, const CourseMoments& moments, LimitedAt limitedA
     }
 }
 
-/// Fills the three polygons. `limitedAt` gives the value to draw between the keys from the time
-/// and the spline's own value, `tailAt` the one behind them from the time. A refresh function that
-/// they call may destroy the spline, which ends it.
-template <typename LimitedAt, typename TailAt>
-void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, const bool& bends,
-            LimitedAt limitedAt, TailAt tailAt)
+/// Fills the three polygons. False if the spline was destroyed on the way.
+template <typename LimitedAt, typename TailAt, typename IsLost>
+bool samplePolygons(SplineCurveGraph& graph, const ViewPort& view, const SampleTimes& times,
+                    const double& end, SplineBase& spline, LimitedAt limitedAt, TailAt tailAt,
+                    IsLost isLost)
 {
-    const PointInfo* firstKey = spline.getFirst();
-    const PointInfo* lastKey = spline.getLast();
-    if (!firstKey || !lastKey) {
-        return;
-    }
-    const double begin = firstKey->time > view.minX ? firstKey->time : view.minX;
-    const double end = lastKey->time < view.maxX ? lastKey->time : view.maxX;
     const SamplePixels pixels(view);
-    const auto isLost = [&] { return graph.selection().spline() != &spline; };
-
-    const SampleTimes times = timesBetweenKeys(view, begin, end);
     graph.curvePixels.clear();
     graph.rawPixels.clear();
     graph.curvePixels.reserve(times.last + 1);
@@ -187,7 +176,7 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, c
         const double raw = spline(time);
         const double limited = limitedAt(time, raw);
         if (isLost()) {
-            return;
+            return false;
         }
         graph.curvePixels << pixels.at(time, limited);
         graph.rawPixels << pixels.at(time, raw);
@@ -200,12 +189,31 @@ void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, c
         for (int i = 0; i <= tail.last; ++i) {
             const double value = tailAt(tail.at(i));
             if (isLost()) {
-                return;
+                return false;
             }
             graph.tailPixels << pixels.at(tail.at(i), value);
         }
     }
-    if (isLost()) {
+    return true;
+}
+
+/// Fills the polygons and the course that is painted. `limitedAt` gives the value to draw between
+/// the keys from the time and the spline's own value, `tailAt` the one behind them from the time. A
+/// refresh function that they call may destroy the spline, which ends it.
+template <typename LimitedAt, typename TailAt>
+void sample(SplineCurveGraph& graph, const ViewPort& view, SplineBase& spline, const bool& bends,
+            LimitedAt limitedAt, TailAt tailAt)
+{
+    const PointInfo* firstKey = spline.getFirst();
+    const PointInfo* lastKey = spline.getLast();
+    if (!firstKey || !lastKey) {
+        return;
+    }
+    const double begin = firstKey->time > view.minX ? firstKey->time : view.minX;
+    const double end = lastKey->time < view.maxX ? lastKey->time : view.maxX;
+    const auto isLost = [&] { return graph.selection().spline() != &spline; };
+    const SampleTimes times = timesBetweenKeys(view, begin, end);
+    if (!samplePolygons(graph, view, times, end, spline, limitedAt, tailAt, isLost) || isLost()) {
         return;
     }
     CourseMoments moments;

@@ -1,3 +1,4 @@
+#include "core/FunctionFloatBase.h"
 #include "core/SplineBase.h"
 #include "files/CurveContent.h"
 #include "support/FailOnWarning.h"
@@ -302,7 +303,7 @@ void TestCurveContent::ofBadKeysTheRestIsTaken()
     CurveContent content = sample(splineCurve);
     const CurveFileResult result = readFrom(content, "1 2 3\n2\nt*2\n1 1 1 0\n1 2 x\n");
     QCOMPARE(result.problem, CurveFileResult::badKeys);
-    QCOMPARE(result.line, 6);
+    QCOMPARE(result.line, 5);
     QCOMPARE(result.column, 5);
     QCOMPARE(content.type, int(splinePlusExpressionCurve));
     QCOMPARE(content.expressionText, "t*2");
@@ -501,7 +502,9 @@ void TestCurveContent::aRefusalNamesTheLimit_data()
     }
     QTest::newRow("attributes") << "<curve" + attributes + "/>"
                                 << "more than 200 attributes";
-    QTest::newRow("depth") << QByteArray("<a>").repeated(20000) << "more than 10000 deep";
+    QTest::newRow("depth") << "<curve version='1.0'><type>spline</type>" +
+                                  QByteArray("<a>").repeated(20000)
+                           << "more than 10000 deep";
     QByteArray list;
     for (int i = 0; i < 50000; ++i) {
         list += " a" + QByteArray::number(i) + " CDATA #IMPLIED";
@@ -509,7 +512,7 @@ void TestCurveContent::aRefusalNamesTheLimit_data()
     QTest::newRow("declarations") << "<!DOCTYPE curve [<!ATTLIST x" + list + ">]>" +
                                          xmlOf("<type>spline</type>" +
                                                QByteArray("<x></x>").repeated(100000))
-                                  << "declarations of this length";
+                                  << "Declarations are too long";
 }
 
 void TestCurveContent::aRefusalNamesTheLimit()
