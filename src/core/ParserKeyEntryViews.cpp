@@ -30,7 +30,7 @@ ParserKeyEntry::Pointer ParserKeyEntry::seenFrom(const Pointer& entry, const Par
     if (known != entry->views.end()) {
         return *known;
     }
-    const auto view = std::make_shared<ParserKeyEntry>(entry->name, nullptr);
+    auto view = std::make_shared<ParserKeyEntry>(entry->name, nullptr);
     view->ownKey.name = entry->name;
     view->key = &view->ownKey;
     view->viewScope = scope;
@@ -51,7 +51,7 @@ ParserKeyEntry::Pointer ParserKeyEntry::withKey(const Pointer& entry, const keyS
         }
     }
     for (const auto& orphan : entry->orphans) {
-        const Pointer view = orphan.lock();
+        Pointer view = orphan.lock();
         if (view && view->key == key) {
             return view;
         }

@@ -101,7 +101,7 @@ private slots:
             auto picture = std::make_unique<CanvasBackground>();
             picture->image = QImage(2, 1, QImage::Format_RGB32);
             picture->image.fill(QColor(0, 80, 40));
-            on.canvas().setBackground(picture.release());
+            on.canvas().setBackground(std::move(picture));
         });
         row("value", [](Self on) { on.key(5, 1).value = 0.9; });
         row("value, told", [](Self on) { on.splineOf(5).setPos(&on.key(5, 1), 0.9); });
