@@ -7,6 +7,7 @@
 #include "core/ParseMessage.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/ExpressionProblems.h"
 
 #include <memory>
 #include <utility>

@@ -8,6 +8,7 @@
 #include "core/SplineBase.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/ExpressionProblems.h"
 
 #include <utility>
 

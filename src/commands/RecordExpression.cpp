@@ -8,6 +8,7 @@
 #include "core/SplineBase.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/ExpressionProblems.h"
 #include "curves/NodeStruct.h"
 
 #include <utility>
