@@ -21,25 +21,6 @@ using curve_editor::NodeStruct;
 
 namespace {
 
-/// Children stand in ascending order. A new one goes straight to its place among them, for sorting
-/// them anew at each of thousands of siblings takes too long.
-QTreeWidgetItem* newChild(QTreeWidgetItem* parent, const QString& text)
-{
-    int row = 0;
-    int end = parent->childCount();
-    while (row < end) {
-        const int middle = row + (end - row) / 2;
-        if (text < parent->child(middle)->text(0)) {
-            end = middle;
-        } else {
-            row = middle + 1;
-        }
-    }
-    auto* const item = new QTreeWidgetItem(QStringList(text));
-    parent->insertChild(row, item);
-    return item;
-}
-
 /// The group that answers to a name; null where a curve or nothing does.
 CurveNode* findGroup(const CanvasFunctionBase& canvas, const QString& dotName)
 {
@@ -87,33 +68,6 @@ void showColor(QTreeWidgetItem* item, const QColor& color)
     }
 }
 
-/// The items on the way to a curve, as far as there are none.
-void addTreeItems(EditingTree* tree, const NodeStruct* record)
-{
-    QTreeWidgetItem* item = tree->findTopItem(record->mainNodeName);
-    const QString name = DottedName(record->mainNodeName, record->curveName).text();
-    const QTreeWidgetItem* const leaf = tree->findTreeItem(name);
-    if (!item) {
-        item = new QTreeWidgetItem(tree);
-        item->setText(0, record->mainNodeName);
-    }
-    if (leaf) {
-        return;
-    }
-    QString path = record->mainNodeName;
-    const QStringList parts = record->curveName.split(QLatin1Char('.'));
-    for (const QString& part : parts) {
-        path += QLatin1Char('.') + part;
-        item->setExpanded(true);
-        QTreeWidgetItem* child = tree->findTreeItem(path);
-        if (!child) {
-            child = newChild(item, part);
-        }
-        item = child;
-    }
-    showColor(item, record->color);
-}
-
 /// Only an item at the top is freed.
 void takeOutItem(EditingTree* tree, QTreeWidgetItem* item)
 {
@@ -153,7 +107,10 @@ void CurveEditor::setCurveEditableOn(NodeStruct* record, CurveNode* curve)
     if (!record->isEditing) {
         enterCanvas(this, record, curve);
     }
-    addTreeItems(checkListsEditing, record);
+    if (auto* const leaf =
+            checkListsEditing->addTreeItem(record->mainNodeName, record->curveName)) {
+        showColor(leaf, record->color);
+    }
     selectionBusy = false;
     d->canvas().updateCanvas();
     update();

@@ -1,4 +1,4 @@
-// What of menus and toolbars is enabled, checked and shown, and in which language.
+// What of menus and toolbars is enabled, checked and shown.
 
 #include "core/SplineBase.h"
 #include "editor/EditorActions.h"
@@ -29,29 +29,6 @@ const BehaviourRow behaviourRows[] = {
     {SplineBase::loopOffset, -1, lastLoopOffsetAction},
     {SplineBase::followTangent, -1, lastFollowTangentAction},
 };
-
-/// What a button takes anew from the action that it shows, at each change of that action.
-struct ButtonState
-{
-    bool checkable = false;
-    bool checked = false;
-    bool enabled = false;
-};
-
-ButtonState stateOf(const QToolButton* button)
-{
-    return button ? ButtonState{button->isCheckable(), button->isChecked(), button->isEnabled()}
-                  : ButtonState();
-}
-
-void restoreState(QToolButton* button, const ButtonState& state)
-{
-    if (button) {
-        button->setCheckable(state.checkable);
-        button->setChecked(state.checked);
-        button->setEnabled(state.enabled);
-    }
-}
 
 } // namespace
 
@@ -118,32 +95,6 @@ void EditorActions::checkButton(CurveEditor::topToolButtons which, bool checked)
 void EditorActions::releaseButton(CurveEditor::topToolButtons which)
 {
     toolButtons[which]->setChecked(false);
-}
-
-void EditorActions::translate()
-{
-    for (const ActionRow& row : actionRows()) {
-        QAction* const action = plainActions[row.which];
-        action->setText(CurveEditor::tr(row.text));
-        if (row.whatsThis) {
-            action->setWhatsThis(CurveEditor::tr(row.whatsThis));
-        }
-        if (row.shortcut) {
-            action->setShortcut(QKeySequence(row.shortcut));
-        }
-    }
-    QVector<ButtonState> states;
-    for (const QToolButton* const button : std::as_const(toolButtons)) {
-        states.append(stateOf(button));
-    }
-    for (const ToolButtonRow& row : allToolButtonRows()) {
-        toolButtonActions[row.which]->setText(CurveEditor::tr(row.text));
-    }
-    for (int which = 0; which < toolButtons.size() && which < states.size(); ++which) {
-        restoreState(toolButtons[which], states[which]);
-    }
-    menus[firstBehaviourSubMenu]->setTitle(CurveEditor::tr(firstBehaviourTitle));
-    menus[lastBehaviourSubMenu]->setTitle(CurveEditor::tr(lastBehaviourTitle));
 }
 
 } // namespace curve_editor

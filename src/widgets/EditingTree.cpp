@@ -10,6 +10,25 @@
 
 namespace {
 
+/// Children stand in ascending order. A new one goes straight to its place among them, for sorting
+/// them anew at each of thousands of siblings takes too long.
+QTreeWidgetItem* newChild(QTreeWidgetItem* parent, const QString& text)
+{
+    int row = 0;
+    int end = parent->childCount();
+    while (row < end) {
+        const int middle = row + (end - row) / 2;
+        if (text < parent->child(middle)->text(0)) {
+            end = middle;
+        } else {
+            row = middle + 1;
+        }
+    }
+    auto* const item = new QTreeWidgetItem(QStringList(text));
+    parent->insertChild(row, item);
+    return item;
+}
+
 /// Adds the items below a parent whose dotted names are wanted to a selection, a run of neighbours
 /// as one range.
 void collectSelection(const QTreeWidget& tree, const QTreeWidgetItem& parent,
@@ -85,6 +104,28 @@ QTreeWidgetItem* EditingTree::findTreeItem(const QString& path) const
 QTreeWidgetItem* EditingTree::findTopItem(const QString& text) const
 {
     return nameIndex->findTop(text);
+}
+
+QTreeWidgetItem* EditingTree::addTreeItem(const QString& node, const QString& curve)
+{
+    QTreeWidgetItem* item = findTopItem(node);
+    const bool isThere = findTreeItem(node + QLatin1Char('.') + curve);
+    if (!item) {
+        item = new QTreeWidgetItem(this);
+        item->setText(0, node);
+    }
+    if (isThere) {
+        return nullptr;
+    }
+    QString path = node;
+    const QStringList parts = curve.split(QLatin1Char('.'));
+    for (const QString& part : parts) {
+        path += QLatin1Char('.') + part;
+        item->setExpanded(true);
+        QTreeWidgetItem* const child = findTreeItem(path);
+        item = child ? child : newChild(item, part);
+    }
+    return item;
 }
 
 void EditingTree::selectTreeItems(const QStringList& names)

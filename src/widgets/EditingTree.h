@@ -34,6 +34,9 @@ public:
     /// The first top-level item with exactly this text, which may hold points; null if there is
     /// none.
     QTreeWidgetItem* findTopItem(const QString& text) const;
+    /// Makes the items of a curve's dotted name, as far as there are none, one for each of its
+    /// elements, and shows the last. Returns that one; null where it stood already.
+    QTreeWidgetItem* addTreeItem(const QString& node, const QString& curve);
     /// Selects exactly the items of these dotted names.
     void selectTreeItems(const QStringList& names);
     /// Frees an item and each item on the path above it that is left without children. Returns the
