@@ -289,7 +289,7 @@ private:
     EditingSet editing;
     std::unique_ptr<curve_editor::CanvasHost> host; ///< null without an editor
     std::unique_ptr<CanvasGestures> gestures;       ///< never null
-    std::unique_ptr<CanvasPainter> ground;          ///< null in the last moments
+    std::unique_ptr<CanvasPainter> ground;          ///< never null
     CanvasClipboard clipboard;
     std::unique_ptr<CurveHost> curveHost; ///< never null
     CurveTree curveTree; ///< the last field: whoever hears of a curve's end may use the others

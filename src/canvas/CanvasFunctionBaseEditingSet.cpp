@@ -7,6 +7,7 @@
 #include "core/FunctionFloatBase.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveVisit.h"
+#include "curves/ExpressionProblems.h"
 #include "curves/ExpressionText.h"
 #include "files/CurveFormat.h"
 

@@ -32,14 +32,12 @@ CanvasLayers& CanvasFunctionBase::layers()
 
 void CanvasFunctionBase::dropLayers()
 {
-    if (ground) {
-        ground->layers().drop();
-    }
+    ground->layers().drop();
 }
 
 FrameGrid* CanvasFunctionBase::frameGrid() const
 {
-    return ground ? ground->grid() : nullptr;
+    return ground->grid();
 }
 
 void CanvasFunctionBase::setBackground(std::unique_ptr<CanvasBackground> picture)
@@ -49,5 +47,5 @@ void CanvasFunctionBase::setBackground(std::unique_ptr<CanvasBackground> picture
 
 CanvasBackground* CanvasFunctionBase::backgroundPicture() const
 {
-    return ground ? ground->background() : nullptr;
+    return ground->background();
 }

@@ -27,7 +27,6 @@ CanvasFunctionBase::CanvasFunctionBase(FunctionEditor* functionEditor, CurveEdit
 
 CanvasFunctionBase::~CanvasFunctionBase()
 {
-    ground.reset();
     clearCurves();
 }
 

@@ -97,6 +97,7 @@ void CanvasGestures::end()
         end(mode, modes.userMode());
         return;
     }
+    const std::shared_ptr<CanvasGesture> mine = running; // whoever hears of a step may end it
     commands().commitAll();
     forget();
     stage.host->modes().setMode(modes.userMode());

@@ -18,9 +18,6 @@ constexpr int fewestLines = 5;
 constexpr int mostHalvings = 64;
 
 constexpr double borderWidth = 2.0;
-constexpr int labelGap = 4;           ///< between a line and its label
-constexpr int labelBorderGap = 5;     ///< between a border and a label
-constexpr int leftmostTimeLabel = 12; ///< a time label at or left of this is left out
 
 double powerOfTen(const int& exponent)
 {
@@ -144,7 +141,7 @@ void FrameGrid::draw(QPainter* painter)
     drawLines(painter);
     drawTimeLine(painter);
     painter->setPen(fontColor);
-    drawLabels(painter);
+    drawGridLabels(painter, *this, owner->height());
 }
 
 void FrameGrid::drawLines(QPainter* painter) const
@@ -163,29 +160,4 @@ void FrameGrid::drawTimeLine(QPainter* painter) const
         painter->setPen(QPen(QBrush(timeLineColor), borderWidth, Qt::SolidLine));
         painter->drawLine(timeLinePixel, 0, timeLinePixel, gridHeight);
     }
-}
-
-/// Value labels are always drawn, and time labels where they have room.
-void FrameGrid::drawLabels(QPainter* painter) const
-{
-    painter->setFont(labelFont);
-    painter->setBackgroundMode(Qt::TransparentMode);
-    const Qt::LayoutDirection direction = painter->layoutDirection();
-    painter->setLayoutDirection(Qt::LeftToRight); // or the sign would stand behind its number
-    LabelRow row(painter);
-    const int lineCount = static_cast<int>(lines.size() / 2);
-    const QStringList values = gridLabels(countY, zeroIndexY, firstY, stepY);
-    for (int j = 0; j < std::min(countY, lineCount - countX); ++j) {
-        row.draw(QPoint(labelBorderGap, lines.at(qsizetype{2} * (countX + j)).y() - labelGap),
-                 values[j]);
-    }
-    const QStringList times = gridLabels(countX, zeroIndexX, firstX, stepX);
-    for (int i = 0; i < std::min(countX, lineCount); ++i) {
-        const int x = lines.at(qsizetype{2} * i).x() + labelGap;
-        if (x > leftmostTimeLabel) {
-            row.drawIfFree(QPoint(x, owner->height() - labelBorderGap), times[i]);
-        }
-    }
-    painter->setLayoutDirection(direction);
-    painter->setBackgroundMode(Qt::OpaqueMode);
 }

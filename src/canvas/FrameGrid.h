@@ -23,8 +23,6 @@ public:
     /// The three parts of it, from the bottom to the top. Labels are in the painter's pen.
     void drawLines(QPainter* painter) const;
     void drawTimeLine(QPainter* painter) const;
-    void drawLabels(QPainter* painter) const;
-
     QPolygon lines; ///< pairs of end points: vertical lines first, then horizontal ones
     int timeLinePixel = 0;
     int gridWidth = 0; ///< size at the last update, pixels

@@ -45,17 +45,15 @@ void CommandDelExpr::undo()
 bool CommandDelExpr::putBack()
 {
     QStringList names;
-    Problems problems;
     for (const Curve& curve : std::as_const(curves)) {
         if (!curve.oldText) {
             continue;
         }
         names.append(dotNameOf(*curve.node));
-        problems += restoreExpression(*context, curve.node, *curve.oldText);
+        if (!restoreExpression(*context, curve.node, *curve.oldText)) {
+            return false;
+        }
         setSplineAdded(*context, curve.node, curve.oldAddFunc);
-    }
-    if (!context->tell(problems)) {
-        return false;
     }
     context->report(names);
     context->refresh();

@@ -7,6 +7,7 @@
 #include "core/ParseMessage.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/ExpressionProblems.h"
 
 #include <memory>
 #include <utility>
@@ -35,22 +36,23 @@ bool CommandParseExpr::execute()
 {
     bool applied = false;
     ParseMessage message;
-    Problems problems;
     QStringList names;
     const ParserScope* const scope = &context->catalogue().parserScope();
     for (Curve& curve : curves) {
         std::unique_ptr<FunctionFloatBase> expression = parseText(text, message, scope);
-        problems += syntaxProblems(message);
+        if (!context->tell(syntaxProblems(message))) {
+            return false;
+        }
         // Decided here: what the message says later of a cycle is told, not refused.
         applied = expression && message.errorKind == ParseMessage::noError;
         if (applied) {
             names.append(dotNameOf(*curve.node));
             takeUpMark(curve);
-            problems += giveExpression(*context, curve.node, std::move(expression), message);
+            if (!context->tell(
+                    giveExpression(*context, curve.node, std::move(expression), message))) {
+                return true;
+            }
         }
-    }
-    if (!context->tell(problems)) {
-        return applied;
     }
     context->showParsed(commandLine, message);
     context->report(names);
@@ -60,19 +62,17 @@ bool CommandParseExpr::execute()
 void CommandParseExpr::undo()
 {
     QList<NodeStruct*> nodes;
-    Problems problems;
     for (const Curve& curve : std::as_const(curves)) {
         nodes.append(curve.node);
         if (curve.oldText) {
-            problems += restoreExpression(*context, curve.node, *curve.oldText);
+            if (!restoreExpression(*context, curve.node, *curve.oldText)) {
+                return;
+            }
         } else if (CurveNode* const shown = findExpressionCurve(*context, curve.node)) {
             shown->removeExpression(true);
         } else {
             emptySlot(curve.node);
         }
-    }
-    if (!context->tell(problems)) {
-        return;
     }
     context->report(nodes);
     context->refresh();

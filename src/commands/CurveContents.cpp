@@ -8,6 +8,7 @@
 #include "core/SplineBase.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNode.h"
+#include "curves/ExpressionProblems.h"
 
 #include <utility>
 
@@ -54,31 +55,32 @@ qsizetype CurveContents::copyCurveForUndo(NodeStruct* node, std::unique_ptr<Spli
 
 bool CurveContents::restoreCurveContent(const Version& version)
 {
-    Problems problems;
     for (const std::size_t& i : exchangeKeys(version)) {
         const NodeStruct* const node = entries[i].node;
-        if (const std::optional<QString>& text = textOf(i, version)) {
-            problems += restoreExpression(*context, node, *text);
-        } else {
+        const std::optional<QString>& text = textOf(i, version);
+        if (!text) {
             writeExpression(node, nullptr);
+        } else if (!restoreExpression(*context, node, *text)) {
+            return false;
         }
     }
-    return context->tell(problems);
+    return true;
 }
 
 bool CurveContents::restoreRecordContent(const Version& version)
 {
-    Problems problems;
     for (const std::size_t& i : exchangeKeys(version)) {
         std::unique_ptr<FunctionFloatBase> expression;
         if (const std::optional<QString>& text = textOf(i, version)) {
             ParseMessage message;
             expression = parseText(*text, message, &context->catalogue().parserScope());
-            problems += syntaxProblems(message);
+            if (!context->tell(syntaxProblems(message))) {
+                return false;
+            }
         }
         writeExpression(entries[i].node, std::move(expression));
     }
-    return context->tell(problems);
+    return true;
 }
 
 const QList<NodeStruct*>& CurveContents::nodes() const
@@ -86,7 +88,7 @@ const QList<NodeStruct*>& CurveContents::nodes() const
     return records;
 }
 
-/// Of all curves before the first expression is restored, which looks at the curves that it names.
+/// Of all curves before the first expression is restored: its box lets the curves be painted.
 /// Returns the entries whose version changes.
 std::vector<std::size_t> CurveContents::exchangeKeys(const Version& version)
 {

@@ -53,8 +53,8 @@ public:
                                const std::optional<QString>& expression);
 
     /// Both put one version in place where the other one stands, and drop the keys that are gone
-    /// from the selections. Then boxes tell of texts that do not parse; false if nothing of the
-    /// context is left after them.
+    /// from the selections. A box tells of each text that does not parse; false if nothing of the
+    /// context is left after it, and the curves behind that one keep their expression.
     ///
     /// Through the curve on the canvas, which also says when it now depends on itself.
     bool restoreCurveContent(const Version& version);

@@ -8,6 +8,7 @@
 #include "core/SplineBase.h"
 #include "curves/Catalogue.h"
 #include "curves/CurveNodeBase.h"
+#include "curves/ExpressionProblems.h"
 #include "curves/NodeStruct.h"
 
 #include <utility>
@@ -39,14 +40,13 @@ Problems giveExpression(const CommandContext& context, const NodeStruct* record,
     return {};
 }
 
-Problems restoreExpression(const CommandContext& context, const NodeStruct* record,
-                           const QString& text)
+bool restoreExpression(CommandContext& context, const NodeStruct* record, const QString& text)
 {
     ParseMessage message;
     std::unique_ptr<FunctionFloatBase> expression =
         parseText(text, message, &context.catalogue().parserScope());
-    const Problems problems = syntaxProblems(message);
-    return problems + giveExpression(context, record, std::move(expression), message);
+    return context.tell(syntaxProblems(message)) &&
+           context.tell(giveExpression(context, record, std::move(expression), message));
 }
 
 void emptySlot(const NodeStruct* record)

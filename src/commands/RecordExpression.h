@@ -24,9 +24,10 @@ std::optional<QString> expressionTextOf(const NodeStruct* record);
 Problems giveExpression(const CommandContext& context, const NodeStruct* record,
                         std::unique_ptr<FunctionFloatBase> expression, ParseMessage& message);
 
-/// The slot takes what a stored text parses into, which is null if it has become wrong.
-Problems restoreExpression(const CommandContext& context, const NodeStruct* record,
-                           const QString& text);
+/// The slot takes what a stored text parses into, which is null if it has become wrong, and the
+/// user is told what went wrong at once. False if the context is gone by then.
+[[nodiscard]] bool restoreExpression(CommandContext& context, const NodeStruct* record,
+                                     const QString& text);
 
 /// Frees the expression and empties the slot.
 void emptySlot(const NodeStruct* record);

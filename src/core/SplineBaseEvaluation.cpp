@@ -3,6 +3,7 @@
 #include "core/Ease.h"
 #include "core/SplineBase.h"
 #include "core/SplineFormulas.h"
+#include "core/TcbTangents.h"
 
 #include <algorithm>
 
@@ -20,26 +21,22 @@ using namespace spline_formulas;
 
 const double SplineBase::getFactorL0(const PointInfo* point) const
 {
-    const PointInfo::TcbData& data = point->tcb;
-    return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 + data.bias);
+    return tcbFactorL0(point->tcb);
 }
 
 const double SplineBase::getFactorL1(const PointInfo* point) const
 {
-    const PointInfo::TcbData& data = point->tcb;
-    return (1.0 - data.tension) / 2.0 * (1.0 - data.continuity) * (1.0 - data.bias);
+    return tcbFactorL1(point->tcb);
 }
 
 const double SplineBase::getFactorR0(const PointInfo* point) const
 {
-    const PointInfo::TcbData& data = point->tcb;
-    return (1.0 - data.tension) / 2.0 * (1.0 - data.continuity) * (1.0 + data.bias);
+    return tcbFactorR0(point->tcb);
 }
 
 const double SplineBase::getFactorR1(const PointInfo* point) const
 {
-    const PointInfo::TcbData& data = point->tcb;
-    return (1.0 - data.tension) / 2.0 * (1.0 + data.continuity) * (1.0 - data.bias);
+    return tcbFactorR1(point->tcb);
 }
 
 /// The slope of the straight line from the key at the index to the next one. As with all slopes
@@ -51,9 +48,7 @@ double SplineBase::chord(std::size_t index, double scale) const
     return slopeOf(scale * right.value - scale * left.value, right.time - left.time);
 }
 
-/// Kochanek-Bartels over uneven gaps: the published weights hold for gaps of one length, so the
-/// weighted rise is taken over the mean of the two gaps. At an end the one gap stands for both,
-/// which keeps keys on a straight line on that line.
+/// At an end the one gap stands for both, which keeps keys on a straight line on that line.
 double SplineBase::tcbSlope(std::size_t index, double factor0, double factor1, double scale) const
 {
     const std::size_t last = controlPoints.size() - 1;
@@ -68,7 +63,7 @@ double SplineBase::tcbSlope(std::size_t index, double factor0, double factor1, d
         scale * controlPoints[after + 1]->value - scale * controlPoints[after]->value;
     const double run0 = controlPoints[before + 1]->time - controlPoints[before]->time;
     const double run1 = controlPoints[after + 1]->time - controlPoints[after]->time;
-    return slopeOf(2.0 * (factor0 * rise0 + factor1 * rise1), run0 + run1);
+    return slopeOverGaps(factor0 * rise0 + factor1 * rise1, run0, run1);
 }
 
 /// The slope with which a Bezier or TCB key takes the curve in.

@@ -7,6 +7,7 @@
 #include "curves/CurveHost.h"
 #include "curves/CurveNodeBase.h"
 #include "curves/CurveTree.h"
+#include "curves/ExpressionProblems.h"
 #include "curves/NodeStruct.h"
 
 #include <QPointer>
@@ -14,7 +15,6 @@
 #include <algorithm>
 #include <utility>
 
-using curve_editor::Problem;
 using curve_editor::Problems;
 
 namespace {
@@ -66,8 +66,7 @@ Problems CurveNodeBase::takeExpression(std::unique_ptr<FunctionFloatBase> expres
         return {};
     }
     markVariable(curve_editor::parserForm(offender), message);
-    const QString text = tr("Cyclical dependency has been found for d-var %1 ").arg(offender);
-    return {{Problem::warning, tr("Cyclical dependency"), text}};
+    return {curve_editor::cyclicProblem(offender)};
 }
 
 const ParserScope* CurveNodeBase::parserScope() const

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "curves/Problem.h"
-
 #include <QString>
 
 #include <memory>
@@ -18,10 +16,6 @@ namespace curve_editor {
 /// also where the message tells of an error.
 std::unique_ptr<FunctionFloatBase> parseText(const QString& text, ParseMessage& message,
                                              const ParserScope* scope);
-
-/// What a box titled "Syntax error" is to say of a text that was parsed; nothing where no place in
-/// it is marked as wrong.
-Problems syntaxProblems(const ParseMessage& message);
 
 /// The expression's canonical text; none for null.
 std::optional<QString> expressionTextOf(const FunctionFloatBase* expression);

@@ -166,7 +166,9 @@ void CurveEditor::deleteSelectedKeys()
 
 void CurveEditor::flatTangents()
 {
-    d->canvas().flatTangents();
+    d->canvas().flatTangents(); // which refreshes by itself as well
+    d->canvas().updateCanvas();
+    d->functionEditor->refreshKeysDialog();
 }
 
 void CurveEditor::breakTangents()

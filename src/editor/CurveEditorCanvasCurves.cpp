@@ -289,7 +289,7 @@ void CurveEditor::setColorToEditingNode(NodeStruct* record, const QColor& color)
     if (curve && curve->isCurve()) {
         curve->setColor(record->color, d->canvas().canvasColor);
         showColor(checkListsEditing->findTreeItem(record->dotName), record->color);
-        d->canvas().updateCanvas();
+        d->functionEditor->update();
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace curve_editor {
+
 /// The rectangle that a view may become, or that selects keys. While it is dragged its corners may
 /// be the wrong way round.
 struct CandidateRect
@@ -12,3 +14,5 @@ struct CandidateRect
     bool rectValid = false;                              ///< it passed the last check
     bool rectActive = false;                             ///< it is being dragged or checked
 };
+
+} // namespace curve_editor

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace curve_editor {
+
 /// How times are shown, and which time is marked.
 struct TimeAxis
 {
@@ -8,3 +10,5 @@ struct TimeAxis
     int frameDigits = 1;    ///< digits of fps, written by setFps
     double timeLine = 0.0;  ///< seconds
 };
+
+} // namespace curve_editor

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace curve_editor {
+
 /// What the mouse does to a view, as flags that others read and write, too.
 struct ViewDrags
 {
@@ -23,3 +25,5 @@ struct ViewDrags
     /// Cancels what is dragged: clears all flags but zoomMode.
     void clearDrags() { rubberDrag = panDrag = zoomDrag = viewDrag = selectDrag = false; }
 };
+
+} // namespace curve_editor

@@ -269,9 +269,9 @@ void ViewPort::centerTimeline()
 
 void ViewPort::resetView()
 {
-    showFrames = TimeAxis().showFrames;
-    static_cast<ViewRange&>(*this) = ViewRange();
-    static_cast<CandidateRect&>(*this) = CandidateRect();
+    showFrames = curve_editor::TimeAxis().showFrames;
+    static_cast<curve_editor::ViewRange&>(*this) = curve_editor::ViewRange();
+    static_cast<curve_editor::CandidateRect&>(*this) = curve_editor::CandidateRect();
     clearDrags();
     zoomMode = false;
     canvasDirty = true;

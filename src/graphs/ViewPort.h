@@ -12,7 +12,10 @@ class QMouseEvent;
 
 /// The view on the curves, seconds across and value up, and its size in pixels. A plain record
 /// whose fields others write; all pixels come from truncation toward zero.
-class ViewPort : public ViewRange, public CandidateRect, public TimeAxis, public ViewDrags
+class ViewPort : public curve_editor::ViewRange,
+                 public curve_editor::CandidateRect,
+                 public curve_editor::TimeAxis,
+                 public curve_editor::ViewDrags
 {
 public:
     int viewWidth = 0;       ///< pixels

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace curve_editor {
+
 /// The visible part of the curves.
 struct ViewRange
 {
@@ -8,3 +10,5 @@ struct ViewRange
     double minY = -1.0; ///< bottom edge, value
     double maxY = 1.0;
 };
+
+} // namespace curve_editor
