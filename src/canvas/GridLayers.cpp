@@ -1,6 +1,7 @@
 #include "canvas/GridLayers.h"
 
 #include "canvas/FrameGrid.h"
+#include "canvas/GridLabels.h"
 #include "canvas/LayerPlace.h"
 #include "core/ContentHash.h"
 
@@ -70,7 +71,7 @@ void GridLayers::draw(QPainter* painter, const LayerPlace& place, const QSize& c
         makePicture(lines, *painter, place, canvas, [&](QPainter* onto) { grid.drawLines(onto); });
         makePicture(labels, *painter, place, canvas, [&](QPainter* onto) {
             onto->setPen(grid.fontColor);
-            grid.drawLabels(onto);
+            drawGridLabels(onto, grid, canvas.height());
         });
     }
     place.draw(painter, lines);

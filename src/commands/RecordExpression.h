@@ -1,6 +1,7 @@
 #pragma once
 
 #include "curves/ExpressionText.h"
+#include "curves/Problem.h"
 
 class CurveNode;
 
