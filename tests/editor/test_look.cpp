@@ -1,4 +1,5 @@
 #include "editor/Look.h"
+#include "graphs/CanvasColors.h"
 #include "support/EditorFixture.h"
 #include "support/FailOnWarning.h"
 #include "support/Pixels.h"
