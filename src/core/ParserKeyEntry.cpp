@@ -128,12 +128,14 @@ double ParserKeyEntry::refreshAndRead()
 void ParserKeyEntry::forgetKey()
 {
     key = nullptr;
+    registrations.clear(); // nobody would take them out of here any more
+    hasRefresh = false;
     for (const Pointer& view : views) {
-        view->key = nullptr;
+        view->forgetKey();
     }
     for (const auto& orphan : orphans) {
         if (const Pointer view = orphan.lock()) {
-            view->key = nullptr;
+            view->forgetKey();
         }
     }
 }
