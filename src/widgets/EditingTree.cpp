@@ -3,12 +3,48 @@
 #include "core/Trace.h"
 #include "widgets/TreeNameIndex.h"
 
+#include <QColor>
 #include <QContextMenuEvent>
+#include <QHash>
+#include <QIcon>
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QSet>
+#include <QStyledItemDelegate>
 
 namespace {
+
+constexpr int mostSwatches = 256;
+
+/// Draws the colour of an item as a swatch, of which there is one for each colour: the toolkit
+/// makes a new picture for each painting of each item, and keeps something of all of them.
+class SwatchDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const auto color = index.data(Qt::DecorationRole).value<QColor>();
+        if (!color.isValid()) {
+            return;
+        }
+        const auto known = swatches.constFind(color.rgba());
+        if (known != swatches.cend()) {
+            option->icon = *known;
+            return;
+        }
+        if (swatches.size() >= mostSwatches) {
+            swatches.clear();
+        }
+        swatches.insert(color.rgba(), option->icon);
+    }
+
+private:
+    mutable QHash<QRgb, QIcon> swatches;
+};
 
 /// Children stand in ascending order. A new one goes straight to its place among them, for sorting
 /// them anew at each of thousands of siblings takes too long.
@@ -66,6 +102,7 @@ EditingTree::EditingTree(QWidget* parent)
     : QTreeWidget(parent)
     , nameIndex(std::make_unique<TreeNameIndex>(*this))
 {
+    setItemDelegate(new SwatchDelegate(this)); // a child
     // Else each new item has the heights of all measured again when it is selected.
     setUniformRowHeights(true);
 }
