@@ -127,13 +127,19 @@ double ParserKeyEntry::refreshAndRead()
 
 void ParserKeyEntry::forgetKey()
 {
-    key = nullptr;
+    // Nobody tells a parser that is gone of addresses that go.
+    const auto forget = [](ParserKeyEntry& entry) {
+        entry.key = nullptr;
+        entry.registrations.clear();
+        entry.hasRefresh = false;
+    };
+    forget(*this);
     for (const Pointer& view : views) {
-        view->key = nullptr;
+        forget(*view);
     }
     for (const auto& orphan : orphans) {
         if (const Pointer view = orphan.lock()) {
-            view->key = nullptr;
+            forget(*view);
         }
     }
 }
