@@ -6,13 +6,19 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <vector>
 
 using spline_formulas::isFinite;
 
 namespace {
 
-constexpr int samples = 64;
 constexpr int easeSteps = 16;
+
+// Of each stretch in which no speed bends. Values differ there by a polynomial of the sixth
+// degree, and by the inequality of the brothers Markov it exceeds the samples by this share of its
+// greatest value at most.
+constexpr int samplesOfStretch = 64;
+constexpr double hiddenShare = 420.0 / (2.0 * samplesOfStretch * samplesOfStretch);
 
 /// A cubic over the share of a way, by its end values and the rises at the slopes of its ends.
 struct Cubic
@@ -31,6 +37,12 @@ struct Cubic
         return out +
                way * (2.0 * (3.0 * rise - 2.0 * out - in) + way * 3.0 * (out + in - 2.0 * rise));
     }
+};
+
+struct Sample
+{
+    double share;
+    double weight;
 };
 
 double held(double ease)
@@ -63,14 +75,57 @@ struct SegmentSplit::Piece
         out = whole.riseAt(from) * (to - from);
         in = whole.riseAt(to) * (to - from);
     }
-    double errorOf(const Cubic& cubic, const Ease& ease) const
+    /// Places all over the piece, as close in a narrow ease as in a wide one. The piece would have
+    /// the ease told.
+    std::vector<Sample> samples(const Ease& ease) const
+    {
+        std::vector<double> ends = {0.0, 1.0};
+        for (const double bend : {ease.endOfStart(), ease.startOfEnd(),
+                                  (wholeEase.endOfStart() - begin) / (end - begin),
+                                  (wholeEase.startOfEnd() - begin) / (end - begin)}) {
+            if (bend > 0.0 && bend < 1.0) {
+                ends.push_back(bend);
+            }
+        }
+        std::sort(ends.begin(), ends.end());
+        std::vector<Sample> made;
+        for (std::size_t i = 1; i < ends.size(); ++i) {
+            const double length = ends[i] - ends[i - 1];
+            for (int j = 0; length > 0.0 && j <= samplesOfStretch; ++j) {
+                made.push_back({ends[i - 1] + length * j / samplesOfStretch, length});
+            }
+        }
+        return made;
+    }
+    double errorOf(const Cubic& cubic, const Ease& ease, const std::vector<Sample>& samples) const
     {
         double error = 0.0;
-        for (int i = 1; i < samples; ++i) {
-            const double share = static_cast<double>(i) / samples;
-            error = std::max(error, std::abs(cubic.at(ease.way(share)) - formerValue(share)));
+        for (const Sample& sample : samples) {
+            const double value = cubic.at(ease.way(sample.share));
+            error = std::max(error, std::abs(value - formerValue(sample.share)));
         }
-        return error;
+        return error / (1.0 - hiddenShare);
+    }
+    /// Gives the cubic the slopes of least squares: the normal equations of two unknowns.
+    void fitSlopes(Cubic& cubic, const Ease& ease, const std::vector<Sample>& samples) const
+    {
+        double oo = 0.0, oi = 0.0, ii = 0.0, ro = 0.0, ri = 0.0;
+        for (const auto& [share, weight] : samples) {
+            const double way = ease.way(share);
+            const double rest = 1.0 - way;
+            const double ofOut = way * rest * rest;
+            const double ofIn = -way * way * rest;
+            const double straight = way * way * (1.0 + 2.0 * rest) * (cubic.last - cubic.first);
+            const double residue = formerValue(share) - (cubic.first + straight);
+            oo += weight * ofOut * ofOut;
+            oi += weight * ofOut * ofIn;
+            ii += weight * ofIn * ofIn;
+            ro += weight * ofOut * residue;
+            ri += weight * ofIn * residue;
+        }
+        const double determinant = oo * ii - oi * oi;
+        cubic.out = (ro * ii - ri * oi) / determinant;
+        cubic.in = (ri * oo - ro * oi) / determinant;
     }
 };
 
@@ -170,29 +225,12 @@ void SegmentSplit::fitPiece(const Segment& segment, Piece& piece)
         const double easeFrom = wanted.easeFrom * (isCutAtStart ? kept : 1.0);
         const double easeTo = wanted.easeTo * (isCutAtStart ? 1.0 : kept);
         const Ease ease(easeFrom, easeTo);
+        const std::vector<Sample> samples = wanted.samples(ease);
         Cubic cubic = {first, last, last - first, last - first};
         if (segment.isCurved) {
-            // The normal equations of two unknowns.
-            double oo = 0.0, oi = 0.0, ii = 0.0, ro = 0.0, ri = 0.0;
-            for (int i = 1; i < samples; ++i) {
-                const double share = static_cast<double>(i) / samples;
-                const double way = ease.way(share);
-                const double rest = 1.0 - way;
-                const double ofOut = way * rest * rest;
-                const double ofIn = -way * way * rest;
-                const double residue = wanted.formerValue(share) -
-                                       (first + way * way * (1.0 + 2.0 * rest) * (last - first));
-                oo += ofOut * ofOut;
-                oi += ofOut * ofIn;
-                ii += ofIn * ofIn;
-                ro += ofOut * residue;
-                ri += ofIn * residue;
-            }
-            const double determinant = oo * ii - oi * oi;
-            cubic.out = (ro * ii - ri * oi) / determinant;
-            cubic.in = (ri * oo - ro * oi) / determinant;
+            wanted.fitSlopes(cubic, ease, samples);
         }
-        const double found = wanted.errorOf(cubic, ease);
+        const double found = wanted.errorOf(cubic, ease, samples);
         if (found < least) {
             least = found;
             piece.easeFrom = easeFrom;

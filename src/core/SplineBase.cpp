@@ -31,6 +31,7 @@ SplineBase& SplineBase::operator=(SplineBase&& other) noexcept
     if (this != &other) {
         freePoints();
         takeAll(other);
+        changed = true; // the keys that were here are others now
     }
     return *this;
 }

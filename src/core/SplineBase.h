@@ -70,7 +70,7 @@ public:
     /// Member by member; `other` is left without keys. Keys keep their serials, and one that was
     /// taken out of `other` comes back here. Those who watch a life watch that of their own object.
     SplineBase(SplineBase&& other) noexcept;
-    /// The same; the keys that were here are freed first.
+    /// The same; the keys that were here are freed first, and the changed flag is set.
     SplineBase& operator=(SplineBase&& other) noexcept;
     /// Frees the keys still in the list.
     ~SplineBase();

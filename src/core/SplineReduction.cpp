@@ -81,7 +81,8 @@ SplineReduction::Piece SplineReduction::makePiece(const SplineBase& source, unsi
     piece.rise[0] = left.value;
     if (left.type == zk_spline::stepped) {
         const double step = std::abs(right.value - left.value);
-        piece.isStep = step > tolerance;
+        // A slope for the first step would go on before it.
+        piece.isStep = step > tolerance || (key == 0 && keepsFirstSlope && step > 0.0);
         piece.isSoft = !piece.isStep;
         return piece;
     }

@@ -56,6 +56,7 @@ private slots:
     void aVectorOfSplinesGrowsAndShrinks();
     void aMoveTakesKeysAndFieldsAndLeavesNone();
     void aMoveOntoASplineFreesItsKeys();
+    void aMoveOntoASplineChangesIt();
     void aMoveOntoItselfKeepsTheKeys();
     void keysKeepTheirSerialsWhereTheyMove();
     void aRemovedKeyComesBackToWhereItsSplineMoved();
@@ -109,6 +110,19 @@ void TestSplineMoving::aMoveOntoASplineFreesItsKeys()
     target = splineOf({1.0});
     QCOMPARE(timesOf(target), Times({1.0}));
     QCOMPARE(target.findIndex(former), former == target[0] ? 0 : -1);
+}
+
+void TestSplineMoving::aMoveOntoASplineChangesIt()
+{
+    SplineBase spline = splineOf({1.0, 2.0});
+    spline.setChanged(false);
+    SplineBase backup = spline.clone();
+    spline.setPos(spline.at(0), 3.0);
+    spline.setTime(spline.at(0), 1.5);
+    spline.setChanged(false);
+    spline = std::move(backup);
+    QVERIFY(spline.hasChanged());
+    QCOMPARE(timesOf(spline), Times({1.0, 2.0}));
 }
 
 void TestSplineMoving::aMoveOntoItselfKeepsTheKeys()

@@ -72,6 +72,7 @@ private slots:
     void stepsStayAndSmallOnesGo();
     void jumpsStay();
     void aLineIntoAStepStaysStraight();
+    void aTangentThatIsFollowedStays_data();
     void aTangentThatIsFollowedStays();
     void fieldsAndEndsStay();
     void whatCannotBeWorkedOnComesBackAsItIs_data();
@@ -206,14 +207,34 @@ void TestSplineReduction::aLineIntoAStepStaysStraight()
     QCOMPARE(reduced(3.5), 3.0);
 }
 
+void TestSplineReduction::aTangentThatIsFollowedStays_data()
+{
+    QTest::addColumn<std::vector<PointInfo>>("points");
+    QTest::addColumn<double>("tolerance");
+    const SplineBase sine = bakedSine(6.0);
+    std::vector<PointInfo> points;
+    for (const PointInfo* key : sine.keys()) {
+        points.push_back(*key);
+    }
+    QTest::newRow("a sine") << points << 0.05;
+    points = {makeKey(-4.0, 2.363, zk_spline::stepped), makeKey(-1.0, 1.438, zk_spline::stepped),
+              makeKey(0.0, 4.791, zk_spline::bezier), makeKey(1.438, -4.669, zk_spline::bezier)};
+    QTest::newRow("a small step before a great one") << points << 1.0;
+    points[1].value = points[0].value;
+    QTest::newRow("no step before a great one") << points << 1.0;
+}
+
 void TestSplineReduction::aTangentThatIsFollowedStays()
 {
-    SplineBase spline = bakedSine(6.0);
+    QFETCH(std::vector<PointInfo>, points);
+    QFETCH(double, tolerance);
+    SplineBase spline;
+    spline.addPoints(points);
     spline.setFirstNodeType(SplineBase::followTangent);
     spline.setLastNodeType(SplineBase::followTangent);
-    const SplineBase reduced = spline.reduce(0.05);
+    const SplineBase reduced = spline.reduce(tolerance);
     QVERIFY(reduced.getControlPointsNumber() < 10);
-    for (const double time : {-1000.0, -1.0, 7.0, 1000.0}) {
+    for (const double time : {-1000.0, -11.0, -4.5, 7.0, 1000.0}) {
         QVERIFY(std::abs(reduced(time) - spline(time)) < 1e-9);
     }
 }
