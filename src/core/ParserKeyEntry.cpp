@@ -127,19 +127,15 @@ double ParserKeyEntry::refreshAndRead()
 
 void ParserKeyEntry::forgetKey()
 {
-    // Nobody tells a parser that is gone of addresses that go.
-    const auto forget = [](ParserKeyEntry& entry) {
-        entry.key = nullptr;
-        entry.registrations.clear();
-        entry.hasRefresh = false;
-    };
-    forget(*this);
+    key = nullptr;
+    registrations.clear(); // nobody would take them out of here any more
+    hasRefresh = false;
     for (const Pointer& view : views) {
-        forget(*view);
+        view->forgetKey();
     }
     for (const auto& orphan : orphans) {
         if (const Pointer view = orphan.lock()) {
-            forget(*view);
+            view->forgetKey();
         }
     }
 }

@@ -99,12 +99,12 @@ struct SegmentSplit::Piece
     }
     double errorOf(const Cubic& cubic, const Ease& ease, const std::vector<Sample>& samples) const
     {
-        double error = 0.0;
+        double farthest = 0.0;
         for (const Sample& sample : samples) {
             const double value = cubic.at(ease.way(sample.share));
-            error = std::max(error, std::abs(value - formerValue(sample.share)));
+            farthest = std::max(farthest, std::abs(value - formerValue(sample.share)));
         }
-        return error / (1.0 - hiddenShare);
+        return farthest / (1.0 - hiddenShare);
     }
     /// Gives the cubic the slopes of least squares: the normal equations of two unknowns.
     void fitSlopes(Cubic& cubic, const Ease& ease, const std::vector<Sample>& samples) const

@@ -266,7 +266,5 @@ private:
     QStringList names;
 };
 
-Q_DECLARE_METATYPE(std::function<void(TestCanvasLayers&)>)
-
 QTEST_MAIN(TestCanvasLayers)
 #include "test_canvas_layers.moc"

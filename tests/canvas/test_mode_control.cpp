@@ -182,5 +182,5 @@ void TestModeControl::aNameThatIsNoModifierIsNeverHeld()
     QVERIFY(!modes.isPressed(ModifierRole::snap, nullptr));
 }
 
-QTEST_APPLESS_MAIN(TestModeControl)
+QTEST_MAIN(TestModeControl)
 #include "test_mode_control.moc"

@@ -33,7 +33,7 @@ private slots:
         QTest::newRow("deleting") << "delete" << true << "none";
         QTest::newRow("deleting whole curves") << "delete curves" << true << "none";
         QTest::newRow("loading") << "load" << true << "t+7";
-        QTest::newRow("pasting") << "paste" << false << "none";
+        QTest::newRow("pasting") << "paste" << false << "gone_soon";
     }
 
     void aCommandThatABoxOutlivesAsksForNothingMore()

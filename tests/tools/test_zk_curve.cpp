@@ -8,6 +8,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <fcntl.h>
+#include <stdlib.h>
+#include <unistd.h>
+
 namespace {
 
 const QByteArray lineFile = "1\n2\n3\n0\n3 1 1 0\n"
@@ -45,6 +49,10 @@ private slots:
     void oneBadFileAmongGoodOnesGivesStatusOne();
     void samplesAreCsv();
     void samplesReadVariablesAndOtherCurves();
+    void aFileThatCannotBeWrittenStays();
+    void tooManyFramesAreRefused();
+    void aPictureWithoutRoomIsAnError();
+    void progressStandsWhileAFileIsWorkedOn();
     void reducingLeavesFewerKeys();
     void bakingWorksTheExpressionIn();
     void plotsArePictures_data();
@@ -64,6 +72,16 @@ private:
     {
         QFile file(path(name));
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// Run by a shell that has set a limit.
+    int runLimited(const QString& limit, const QString& words)
+    {
+        QProcess process;
+        process.setWorkingDirectory(folder->path());
+        process.start("bash", {"-c", limit + "; exec '" ZK_CURVE_PROGRAM "' " + words});
+        const bool isEnded = process.waitForFinished(120000);
+        errors = process.readAllStandardError();
+        return isEnded && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
     int run(const QStringList& words, const QByteArray& input = QByteArray())
     {
@@ -113,6 +131,7 @@ void TestZkCurve::wrongUsageIsToldWithStatusTwo_data()
     QTest::newRow("times the wrong way round")
         << QStringList{"sample", "--from", "2", "--to", "1", "a.crv"};
     QTest::newRow("no value") << QStringList{"sample", "--set", "a", "a.crv"};
+    QTest::newRow("samples over the curve") << QStringList{"sample", "a.crv", "./a.crv"};
     QTest::newRow("no picture") << QStringList{"plot", "a.crv", "a.bmp"};
     QTest::newRow("a great picture") << QStringList{"plot", "--width", "1e6", "a.crv", "a.png"};
     QTest::newRow("a name that is none") << QStringList{"rename", "a", "", "a.crv"};
@@ -126,6 +145,7 @@ void TestZkCurve::wrongUsageIsToldWithStatusTwo()
     QVERIFY(errors.contains("zk-curve"));
     QCOMPARE(output, QByteArray());
     QCOMPARE(QDir(folder->path()).entryList(QDir::Files), QStringList("a.crv"));
+    QCOMPARE(content("a.crv"), lineFile);
 }
 
 void TestZkCurve::aFileIsConvertedThereAndBack()
@@ -216,6 +236,69 @@ void TestZkCurve::samplesReadVariablesAndOtherCurves()
     QCOMPARE(output, QByteArray("time,value\n1,6\n2,12\n"));
 }
 
+void TestZkCurve::aFileThatCannotBeWrittenStays()
+{
+    write("a.crv", lineFile);
+    write("a.csv", "former");
+    QCOMPARE(runLimited("trap '' XFSZ; ulimit -f 8", "sample --rate 10000 a.crv a.csv"), 1);
+    QVERIFY2(errors.contains("Cannot write a.csv"), errors.constData());
+    QCOMPARE(content("a.csv"), QByteArray("former"));
+    QCOMPARE(QDir(folder->path()).entryList(QDir::Files), QStringList({"a.crv", "a.csv"}));
+}
+
+void TestZkCurve::tooManyFramesAreRefused()
+{
+    write("a.crv", lineFile);
+    QCOMPARE(run({"sample", "--rate", "1e7", "a.crv", "a.csv"}), 1);
+    QVERIFY2(errors.contains("more than 5000000 frames"), errors.constData());
+    QVERIFY(!QFile::exists(path("a.csv")));
+    QCOMPARE(run({"sample", "--from", "5", "a.crv"}), 1);
+    QVERIFY2(errors.contains("no frames from 5 to 2"), errors.constData());
+    // A picture has no use for them.
+    QCOMPARE(run({"plot", "--rate", "1e300", "--width", "100", "a.crv", "a.svg"}), 0);
+    QCOMPARE(content("a.svg").count(','), 801);
+    QVERIFY(content("a.svg").contains(" 92.00,8.00 \"/>"));
+}
+
+void TestZkCurve::aPictureWithoutRoomIsAnError()
+{
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    QSKIP("The sanitizer needs more room than the picture.");
+#endif
+    write("a.crv", lineFile);
+    QCOMPARE(runLimited("ulimit -v 800000", "plot --width 16384 --height 16384 a.crv a.png"), 1);
+    QCOMPARE(errors, QByteArray("a.png: The picture cannot be made.\n"));
+    QVERIFY(!QFile::exists(path("a.png")));
+}
+
+void TestZkCurve::progressStandsWhileAFileIsWorkedOn()
+{
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0) {
+        QSKIP("There is no terminal to be had.");
+    }
+    write("a.crv", lineFile);
+    QProcess process;
+    process.setWorkingDirectory(folder->path());
+    process.setStandardErrorFile(ptsname(terminal), QIODevice::Append);
+    process.start(ZK_CURVE_PROGRAM, {"check", "-", "a.crv"});
+    QVERIFY(process.waitForStarted());
+    const auto shown = [terminal] {
+        QTest::qWait(500);
+        char text[256];
+        const ssize_t size = read(terminal, text, sizeof text);
+        return QByteArray(text, std::max<ssize_t>(size, 0));
+    };
+    QCOMPARE(shown(), QByteArray("1 of 2: -"));
+    process.write("no curve");
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished(120000));
+    const QByteArray rest = shown();
+    QVERIFY2(rest.startsWith("\r\x1b[Kstandard input:1:"), rest.constData());
+    QVERIFY2(rest.endsWith("2 of 2: a.crv\r\x1b[K"), rest.constData());
+    close(terminal);
+}
+
 void TestZkCurve::reducingLeavesFewerKeys()
 {
     write("a.crv", lineFile);
@@ -278,7 +361,9 @@ void TestZkCurve::aFileInTheWayOfANewNameStays()
 {
     write("a.crv", lineFile);
     write("b.crv", "something else");
-    QCOMPARE(run({"rename", "a", "b", "a.crv"}), 1);
+    write("e.xml", expressionFile("a"));
+    QCOMPARE(run({"rename", "a", "b", "e.xml", "a.crv"}), 1);
+    QCOMPARE(content("e.xml"), expressionFile("a"));
     QVERIFY(errors.contains("b.crv already"));
     QCOMPARE(content("a.crv"), lineFile);
     QCOMPARE(content("b.crv"), QByteArray("something else"));

@@ -32,21 +32,34 @@ bool isReadAsName(const QString& name)
     return result && isAsked;
 }
 
-/// The file of the old name gets the new one, in its folder and with its ending.
-bool renameFile(const QString& path, const QString& oldName, const QString& newName)
+/// The file of the old name gets the new one, in its folder and with its ending. Empty for others.
+QString targetOf(const QString& path, const QString& oldName, const QString& newName)
 {
     const QFileInfo file(path);
-    if (file.completeBaseName() != curve_files::fileNameOfCurve(oldName)) {
-        return true;
+    if (path == QLatin1String("-") ||
+        file.completeBaseName() != curve_files::fileNameOfCurve(oldName)) {
+        return QString();
     }
-    const QString name = curve_files::fileNameOfCurve(newName) + u'.' + file.suffix();
-    const QString target = file.path() + u'/' + name;
-    if (QFileInfo::exists(target)) {
-        tell(QStringLiteral("%1: There is a %2 already.").arg(path, target));
-        return false;
+    return file.path() + u'/' + curve_files::fileNameOfCurve(newName) + u'.' + file.suffix();
+}
+
+bool areTargetsFree(const QStringList& paths, const QString& oldName, const QString& newName)
+{
+    bool areFree = true;
+    for (const QString& path : paths) {
+        const QString target = targetOf(path, oldName, newName);
+        if (!target.isEmpty() && QFileInfo::exists(target)) {
+            tell(QStringLiteral("%1: There is a %2 already.").arg(path, target));
+            areFree = false;
+        }
     }
+    return areFree;
+}
+
+bool renameFile(const QString& path, const QString& target)
+{
     QFile moved(path);
-    if (moved.rename(target)) {
+    if (target.isEmpty() || moved.rename(target)) {
         return true;
     }
     tell(QStringLiteral("%1: %2").arg(path, moved.errorString()));
@@ -70,7 +83,11 @@ int rename(const QStringList& words, QString& problem)
         problem = line.problem();
         return wrongUsage;
     }
-    return forEachFile(line.files().mid(2), [&](const QString& name) {
+    const QStringList paths = line.files().mid(2);
+    if (!areTargetsFree(paths, oldName, newName)) {
+        return someFileBad;
+    }
+    return forEachFile(paths, [&](const QString& name) {
         CurveContent content;
         CurveFormat format = CurveFormat::xml;
         if (!readCurve(name, content, &format)) {
@@ -82,7 +99,7 @@ int rename(const QStringList& words, QString& problem)
         if (needsWriting && !writeCurve(name, content, format)) {
             return false;
         }
-        return isStream || renameFile(name, oldName, newName);
+        return renameFile(name, targetOf(name, oldName, newName));
     });
 }
 

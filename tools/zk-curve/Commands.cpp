@@ -16,6 +16,7 @@ namespace {
 
 constexpr double smallestPicture = 16.0;
 constexpr double greatestPicture = 16384.0;
+constexpr int pointsOfPixel = 8;
 
 const QCommandLineOption formatOption("format", "", "F");
 
@@ -57,6 +58,14 @@ int fromFileToFile(CommandLine& line, QString& problem, const Change& change)
     const bool isDone = readCurve(from, content, &format) && change(from, content) &&
                         writeCurve(to, content, formatToWrite(line, to, format));
     return isDone ? allGood : someFileBad;
+}
+
+/// What is no curve must not take the place of the curve that it is made from.
+void refuseToReplaceSource(CommandLine& line)
+{
+    if (line.files().size() > 1 && isSameFile(line.files().first(), line.files().last())) {
+        line.fail(QStringLiteral("IN and OUT are the same file."));
+    }
 }
 
 void takeKeys(CurveContent& content, const SplineBase& spline)
@@ -109,6 +118,7 @@ int sample(const QStringList& words, QString& problem)
 {
     CommandLine line(words, Sampling::options(), 1, 2);
     Sampling sampling(line);
+    refuseToReplaceSource(line);
     if (!line.isGood()) {
         problem = line.problem();
         return wrongUsage;
@@ -184,10 +194,12 @@ int plot(const QStringList& words, QString& problem)
     if (!isSvg && !to.endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
         line.fail(QStringLiteral("The picture's name must end in .png or .svg."));
     }
+    refuseToReplaceSource(line);
     if (!line.isGood()) {
         problem = line.problem();
         return wrongUsage;
     }
+    sampling.mostTimes = pointsOfPixel * static_cast<int>(width);
     const QString from = line.files().first();
     CurveContent content;
     if (!readCurve(from, content) || !sampling.run(from, content)) {
@@ -195,7 +207,12 @@ int plot(const QStringList& words, QString& problem)
     }
     const Plot picture = {sampling.times, sampling.values, static_cast<int>(width),
                           static_cast<int>(height)};
-    return writeBytes(to, isSvg ? picture.svg() : picture.png()) ? allGood : someFileBad;
+    const QByteArray bytes = isSvg ? picture.svg() : picture.png();
+    if (bytes.isEmpty()) {
+        tell(QStringLiteral("%1: The picture cannot be made.").arg(to));
+        return someFileBad;
+    }
+    return writeBytes(to, bytes) ? allGood : someFileBad;
 }
 
 } // namespace commands

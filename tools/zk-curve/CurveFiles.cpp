@@ -1,7 +1,9 @@
 #include "CurveFiles.h"
+#include "files/FileReplacement.h"
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cstdio>
 #include <unistd.h>
@@ -14,9 +16,33 @@ namespace {
 
 const QString standardStream = QStringLiteral("-");
 
-void clearLine()
+bool isProgressShown = false;
+
+void clearProgress()
 {
-    std::fputs("\r\x1b[K", stderr);
+    if (isProgressShown) {
+        std::fputs("\r\x1b[K", stderr);
+        std::fflush(stderr);
+        isProgressShown = false;
+    }
+}
+
+void showProgress(qsizetype number, const QStringList& names)
+{
+    clearProgress();
+    std::fprintf(stderr, "%lld of %lld: %s", static_cast<long long>(number + 1),
+                 static_cast<long long>(names.size()), names.at(number).toLocal8Bit().constData());
+    std::fflush(stderr);
+    isProgressShown = true;
+}
+
+/// A device that is full takes a part and only then fails.
+void writeAll(QIODevice& device, const QByteArray& bytes)
+{
+    qint64 written = 1;
+    for (qint64 done = 0; written > 0 && done < bytes.size(); done += written) {
+        written = device.write(bytes.constData() + done, bytes.size() - done);
+    }
 }
 
 } // namespace
@@ -26,8 +52,15 @@ QString shownName(const QString& name)
     return name == standardStream ? QStringLiteral("standard input") : name;
 }
 
+bool isSameFile(const QString& name, const QString& other)
+{
+    return name != standardStream && other != standardStream && QFileInfo::exists(name) &&
+           QFileInfo(name) == QFileInfo(other);
+}
+
 void tell(const QString& line)
 {
+    clearProgress();
     std::fprintf(stderr, "%s\n", line.toLocal8Bit().constData());
 }
 
@@ -83,14 +116,21 @@ bool writeCurve(const QString& name, const CurveContent& content, CurveFormat fo
 
 bool writeBytes(const QString& name, const QByteArray& bytes)
 {
-    QFile file(name);
-    const bool isOpen = name == standardStream ? file.open(stdout, QIODevice::WriteOnly)
-                                               : file.open(QIODevice::WriteOnly);
-    if (isOpen && file.write(bytes) == bytes.size() && file.flush()) {
-        return true;
+    QString reason;
+    if (name == standardStream) {
+        QFile file;
+        if (!file.open(stdout, QIODevice::WriteOnly) || file.write(bytes) != bytes.size() ||
+            !file.flush()) {
+            reason = file.errorString();
+        }
+    } else {
+        reason =
+            curve_files::replaceFile(name, [&](QIODevice& device) { writeAll(device, bytes); });
     }
-    tell(QStringLiteral("Cannot write %1: %2").arg(name, file.errorString()));
-    return false;
+    if (!reason.isEmpty()) {
+        tell(QStringLiteral("Cannot write %1: %2").arg(name, reason));
+    }
+    return reason.isEmpty();
 }
 
 int forEachFile(const QStringList& names, const std::function<bool(const QString& name)>& work)
@@ -99,14 +139,11 @@ int forEachFile(const QStringList& names, const std::function<bool(const QString
     int status = allGood;
     for (qsizetype i = 0; i < names.size(); ++i) {
         if (showsProgress) {
-            clearLine();
-            std::fprintf(stderr, "%lld of %lld: %s", static_cast<long long>(i + 1),
-                         static_cast<long long>(names.size()),
-                         names.at(i).toLocal8Bit().constData());
-            std::fflush(stderr);
-            clearLine();
+            showProgress(i, names);
         }
-        if (!work(names.at(i))) {
+        const bool isDone = work(names.at(i));
+        clearProgress();
+        if (!isDone) {
             status = someFileBad;
         }
     }

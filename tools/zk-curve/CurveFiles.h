@@ -21,12 +21,16 @@ bool readCurve(const QString& name, curve_files::CurveContent& content,
                curve_files::CurveFormat* format = nullptr);
 bool writeCurve(const QString& name, const curve_files::CurveContent& content,
                 curve_files::CurveFormat format);
+/// The file that was there outlives a failure.
 bool writeBytes(const QString& name, const QByteArray& bytes);
+
+/// Whether both names are those of one file, which is there; standard streams are none.
+bool isSameFile(const QString& name, const QString& other);
 
 /// The name in messages of a file, or of a standard stream.
 QString shownName(const QString& name);
 
-/// One line on the standard error stream.
+/// One line on the standard error stream, in the place of what forEachFile() shows there.
 void tell(const QString& line);
 void tell(const QString& name, const curve_files::CurveFileResult& result);
 

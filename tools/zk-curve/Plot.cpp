@@ -65,6 +65,9 @@ QByteArray Plot::svg() const
 QByteArray Plot::png() const
 {
     QImage picture(width, height, QImage::Format_RGB32);
+    if (picture.isNull()) {
+        return QByteArray();
+    }
     picture.fill(Qt::white);
     QPainter painter(&picture);
     painter.setPen(QColor(frameColor));

@@ -13,6 +13,7 @@ struct Plot
     int height;
 
     QByteArray svg() const;
+    /// Empty when there is no room for it.
     QByteArray png() const;
 
 private:

@@ -2,11 +2,13 @@
 
 #include "CurveFiles.h"
 #include "core/ParseMessage.h"
+#include "core/RoundingNoise.h"
 #include "core/SamplerRig.h"
 #include "core/SplineBase.h"
 
 #include <QFileInfo>
 
+#include <cmath>
 #include <deque>
 
 using curve_files::CurveContent;
@@ -14,6 +16,7 @@ using curve_files::CurveContent;
 namespace {
 
 constexpr double usualRate = 25.0;
+constexpr double mostFrames = 5e6;
 
 /// How an expression names a curve: in lower case, with "_" for blanks.
 std::string nameInExpressions(const QString& dotName)
@@ -82,18 +85,39 @@ bool Sampling::findTimes(const QString& name, const CurveContent& content)
     }
     const double first = from.value_or(keys.firstKey() ? keys.firstKey()->time : 0.0);
     const double last = to.value_or(keys.firstKey() ? keys.lastKey()->time : 0.0);
-    const SplineBase frames = SplineBase().bake(first, last, rate);
+    const double frames = (last - first) * rate;
     times.clear();
-    for (const PointInfo* frame : frames.keys()) {
-        times.push_back(frame->time);
-    }
-    if (times.empty()) {
-        tell(QStringLiteral("%1: There are no frames from %2 to %3, or too many.")
+    if (!std::isfinite(first) || !std::isfinite(last) || last < first) {
+        tell(QStringLiteral("%1: There are no frames from %2 to %3.")
                  .arg(shownName(name))
                  .arg(first)
                  .arg(last));
+    } else if (mostTimes > 0 && frames > mostTimes) {
+        for (int i = 0; i <= mostTimes; ++i) {
+            const double share = static_cast<double>(i) / mostTimes;
+            times.push_back(first * (1.0 - share) + last * share);
+        }
+    } else if (frames > mostFrames) {
+        tell(QStringLiteral("%1: From %2 to %3 there are more than %4 frames.")
+                 .arg(shownName(name))
+                 .arg(first)
+                 .arg(last)
+                 .arg(mostFrames, 0, 'f', 0));
+    } else {
+        addFrames(first, last);
     }
     return !times.empty();
+}
+
+/// As baked splines have them: one that falls on the end but for roundings is the end.
+void Sampling::addFrames(double first, double last)
+{
+    const double frames = (last - first) * rate;
+    const double noise = frames == 0.0 ? 0.0 : roundingNoise(std::abs(first * rate) + frames);
+    for (double frame = 0.0; frame + noise < frames; frame += 1.0) {
+        times.push_back(first + frame / rate);
+    }
+    times.push_back(last);
 }
 
 bool Sampling::run(const QString& name, const CurveContent& content)

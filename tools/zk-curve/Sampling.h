@@ -22,12 +22,17 @@ public:
     /// the keys from the first to the last where no others were told.
     bool run(const QString& name, const curve_files::CurveContent& content);
 
+    /// Where there are more frames than these, so many even steps take their place; 0 for none,
+    /// and then some millions of frames are refused.
+    int mostTimes = 0;
+
     std::vector<double> times;
     std::vector<double> values;
 
 private:
     bool readOthers();
     bool findTimes(const QString& name, const curve_files::CurveContent& content);
+    void addFrames(double first, double last);
 
     CommandLine& line;
     std::optional<double> from;
