@@ -11,6 +11,8 @@
 #include "curves/ExpressionText.h"
 #include "files/CurveFormat.h"
 
+#include <QSet>
+
 #include <fstream>
 #include <string>
 
@@ -100,9 +102,16 @@ void CanvasFunctionBase::updateCanvas()
 
 void CanvasFunctionBase::saveCurvesXml(const QString& folder)
 {
+    // Of names that differ in a "/" alone no file replaces another.
+    const QStringList names = editing.names();
+    QSet<QString> taken(names.begin(), names.end());
     for (CurveNode* node : editing) {
         if (auto* curve = dynamic_cast<CurveNodeBase*>(node)) {
-            const QString name = curve_files::fileNameOfCurve(curve->dotName());
+            QString name = curve_files::fileNameOfCurve(curve->dotName());
+            while (name != curve->dotName() && taken.contains(name)) {
+                name += QLatin1Char('_');
+            }
+            taken.insert(name);
             curve->saveXML(folder + QLatin1Char('/') + name + QLatin1String(".xml"));
         }
     }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "zk_curve_core_export.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
 /// Cuts the text of an expression into tokens.
-class ExpressionLexer
+class ZK_CURVE_CORE_EXPORT ExpressionLexer
 {
 public:
     enum tokenKind : int

@@ -17,6 +17,7 @@ FunctionParserBase::getAllVars(const FunctionFloatBase* expression)
     for (const FunctionFloatVariable* variable : variablesOf(expression)) {
         keyStruct* key = variable->key();
         if (key && seen.insert(key).second) {
+            variable->sharedEntry().keepKey();
             mentioned.push_back(key);
         }
     }

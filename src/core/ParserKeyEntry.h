@@ -4,6 +4,7 @@
 #include "zk_curve_core_export.h"
 
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,7 @@
 /// Expressions parsed within a scope share a view of it instead: an entry that knows just the
 /// registrations of that scope and, behind them, those without one. Once the scope is gone its
 /// views know all.
-class ZK_CURVE_CORE_EXPORT ParserKeyEntry
+class ZK_CURVE_CORE_EXPORT ParserKeyEntry : public std::enable_shared_from_this<ParserKeyEntry>
 {
 public:
     using keyStruct = FunctionParserBase::keyStruct;
@@ -61,6 +62,9 @@ public:
     void endScope(const ParserScope* scope);
     /// Takes a view whose scope is gone into another scope; one that is none is passed over.
     void adopt(const ParserKeyEntry& view, const ParserScope* scope);
+    /// To be called where the key is handed out: that of a view then stays valid for as long as its
+    /// parser lives.
+    void keepKey();
     /// To be called before the parser of the key is destroyed: from now on all reads give 0.
     void forgetKey();
 
@@ -85,6 +89,8 @@ private:
 
     std::vector<Pointer> views;                         // of scopes that live
     std::vector<std::weak_ptr<ParserKeyEntry>> orphans; // views whose scopes are gone
+    std::set<Pointer> handedOut;                        // views whose keys somebody may hold
+    std::weak_ptr<ParserKeyEntry> viewed;               // of a view: the entry that it is one of
     keyStruct ownKey;                                   // of a view
     const ParserScope* viewScope = nullptr;             // of a view; null once the scope is gone
 };

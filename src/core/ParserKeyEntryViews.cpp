@@ -34,6 +34,7 @@ ParserKeyEntry::Pointer ParserKeyEntry::seenFrom(const Pointer& entry, const Par
     view->ownKey.name = entry->name;
     view->key = &view->ownKey;
     view->viewScope = scope;
+    view->viewed = entry;
     view->refreshing = entry->refreshing;
     entry->updateView(*view);
     entry->views.push_back(view);
@@ -72,6 +73,13 @@ void ParserKeyEntry::endScope(const ParserScope* scope)
             updateView(*view);
             orphans.emplace_back(view);
         }
+    }
+}
+
+void ParserKeyEntry::keepKey()
+{
+    if (const Pointer entry = viewed.lock()) {
+        entry->handedOut.insert(shared_from_this());
     }
 }
 

@@ -51,7 +51,7 @@ CurveContent CurveContent::of(int type, const SplineBase* spline,
     CurveContent content;
     content.type = type;
     if (type != splineCurve && expression) {
-        content.expressionText = QString::fromLocal8Bit(expression->getString().c_str());
+        content.setExpressionBytes(expression->getString());
     }
     if (type == expressionCurve) {
         return content;
@@ -75,7 +75,7 @@ CurveFileResult readXmlDocument(QIODevice& device, const CurveReceiver& receive)
     CurveXmlReader reader(stream);
     reader.readDocument(receive);
     CurveFileResult result = reader.result();
-    if (!result && !guard.refusal().isEmpty()) {
+    if (result.problem == CurveFileResult::malformed && !guard.refusal().isEmpty()) {
         result.message = guard.refusal();
     }
     return result;
@@ -167,8 +167,8 @@ std::unique_ptr<FunctionFloatBase> CurveContent::parseExpression(FunctionParserB
     if (type == splineCurve) {
         return nullptr;
     }
-    const std::string text = expressionText.toLocal8Bit().toStdString();
-    return std::unique_ptr<FunctionFloatBase>(parser.parseWithin(scope, text, message));
+    return std::unique_ptr<FunctionFloatBase>(
+        parser.parseWithin(scope, expressionBytes(), message));
 }
 
 void CurveContent::copyKeysTo(SplineBase& spline) const

@@ -7,12 +7,14 @@
 #include "files/CurveType.h"
 #include "zk_curve_files_export.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
 #include <iosfwd>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 class FunctionParserBase;
@@ -51,6 +53,15 @@ struct ZK_CURVE_FILES_EXPORT CurveContent
     qint64 expressionLine = 0;
     qint64 expressionColumn = 0;
 
+    /// The bytes of the expression where they are no text of the local encoding, else empty. They
+    /// count as long as `expressionText` is what they read as.
+    QByteArray foreignBytes;
+
+    /// The expression as the parser and the older format have it.
+    std::string expressionBytes() const;
+    /// Sets the text, and the bytes where they are none.
+    void setExpressionBytes(const std::string& bytes);
+
     /// Whether the expression is added to the keys.
     bool isAddFunc() const { return type == splinePlusExpressionCurve; }
 
@@ -85,7 +96,7 @@ struct ZK_CURVE_FILES_EXPORT CurveContent
     checkExpression(const std::function<bool(const QString& name)>& isKnown = {}) const;
     /// Puts another name, in quotes where it needs them, in each place where the expression
     /// mentions one, whatever the case of its letters, and returns how many there were; 0 where the
-    /// text is no expression.
+    /// text is no expression, or the new name would not be read back as it is ("t", an empty one).
     int renameInExpression(const QString& name, const QString& newName);
 
     /// The tree of the expression; null when the type has none or the text does not parse. The

@@ -1,12 +1,14 @@
 // The expression of a curve file as a text, and what a file can hold of it.
 
 #include "core/CurveSampler.h"
+#include "core/ExpressionLexer.h"
 #include "core/FunctionParserBase.h"
 #include "core/ParseMessage.h"
 #include "core/SplineBase.h"
 #include "files/CurveContent.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 #include <algorithm>
 #include <ostream>
@@ -23,6 +25,12 @@ QString tr(const char* text)
     return QCoreApplication::translate("CurveFile", text);
 }
 
+/// All of it, also behind a zero.
+QString textOf(const std::string& bytes)
+{
+    return QString::fromLocal8Bit(QByteArray::fromStdString(bytes));
+}
+
 /// Parses with every name known that passes the filter.
 ParseMessage messageOf(const std::string& text, const NameFilter& isKnown)
 {
@@ -32,7 +40,7 @@ ParseMessage messageOf(const std::string& text, const NameFilter& isKnown)
     CurveSampler::make(
         source,
         [&](const std::string& name) -> std::optional<CurveSampler::Binding> {
-            if (isKnown && !isKnown(QString::fromLocal8Bit(name.c_str()))) {
+            if (isKnown && !isKnown(textOf(name))) {
                 return std::nullopt;
             }
             return 0.0;
@@ -41,51 +49,55 @@ ParseMessage messageOf(const std::string& text, const NameFilter& isKnown)
     return message;
 }
 
-bool isBlank(const QChar& character)
+/// What ends a word of the older format.
+bool isBlank(char byte)
 {
-    return character.isSpace();
+    return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
 /// Without the blanks between its words; those in quotes are part of a name, and spelt "\\s".
-QString withoutBlanks(const QString& text)
+std::string withoutBlanks(const std::string& text)
 {
-    QString found;
-    bool isQuoted = false;
-    bool isEscaped = false;
-    for (const QChar& character : text) {
-        if (!isBlank(character)) {
-            found.append(character);
-        } else if (isQuoted) {
-            found.append(QLatin1String("\\s"));
+    using Lexer = ExpressionLexer;
+    std::string found;
+    Lexer lexer(text);
+    for (Lexer::Token token = lexer.next(); token.kind != Lexer::end; token = lexer.next()) {
+        for (const char byte : text.substr(token.start, token.length)) {
+            found += token.isQuoted && byte == ' ' ? std::string("\\s") : std::string(1, byte);
         }
-        if (character == u'\'' && !isEscaped) {
-            isQuoted = !isQuoted;
-        }
-        isEscaped = isQuoted && character == u'\\' && !isEscaped;
     }
     return found;
 }
 
-bool hasBlank(const QString& text)
+bool hasBlank(const std::string& text)
 {
     return std::any_of(text.begin(), text.end(), isBlank);
 }
 
 /// What the older format holds of an expression, which it reads back up to the first blank; with
 /// blanks where there is no such text.
-QString asOneWord(const QString& text)
+std::string asOneWord(const std::string& text)
 {
     if (!hasBlank(text)) {
         return text;
     }
-    const QString word = withoutBlanks(text);
-    const bool isSound = messageOf(text.toLocal8Bit().toStdString(), {}).ok &&
-                         messageOf(word.toLocal8Bit().toStdString(), {}).ok;
-    return isSound ? word : text;
+    const std::string word = withoutBlanks(text);
+    return messageOf(text, {}).ok && messageOf(word, {}).ok ? word : text;
 }
 
-/// Whether an XML document can hold the text, and give it back as it is.
-bool isXmlText(const QString& text)
+/// Whether the written name is read as the name.
+bool isReadAs(const std::string& written, const QString& name)
+{
+    bool isAsked = false;
+    const ParseMessage message = messageOf(written, [&](const QString& word) {
+        isAsked = isAsked || word == name;
+        return true;
+    });
+    return message.ok && isAsked;
+}
+
+/// Whether the text is without control characters and halves of characters.
+bool isSound(const QString& text)
 {
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text.at(i);
@@ -95,11 +107,16 @@ bool isXmlText(const QString& text)
         }
         const char16_t code = character.unicode();
         const bool isControl = code < 0x20 && code != u'\t' && code != u'\n';
-        if (isControl || character.isSurrogate() || code >= 0xfffe) {
+        if (isControl || character.isSurrogate()) {
             return false;
         }
     }
     return true;
+}
+
+bool isXmlCharacter(const QChar& character)
+{
+    return character.unicode() < 0xfffe;
 }
 
 CurveFileResult notWritable(const QString& message)
@@ -120,13 +137,37 @@ CurveFileResult CurveContent::checkWritable(CurveFormat format) const
     if (type == splineCurve) {
         return CurveFileResult();
     }
-    if (format == CurveFormat::xml && !isXmlText(expressionText)) {
-        return notWritable(tr("XML cannot hold the characters of the expression"));
+    const std::string bytes = expressionBytes();
+    if (format == CurveFormat::xml) {
+        const bool isText =
+            isSound(expressionText) &&
+            std::all_of(expressionText.begin(), expressionText.end(), isXmlCharacter) &&
+            expressionText.toLocal8Bit().toStdString() == bytes;
+        return isText ? CurveFileResult()
+                      : notWritable(tr("XML cannot hold the characters of the expression"));
     }
-    if (format == CurveFormat::older && hasBlank(asOneWord(expressionText))) {
+    const std::string word = asOneWord(bytes);
+    if (hasBlank(word)) {
         return notWritable(tr("The older format cannot hold the blanks of the expression"));
     }
+    if (!isSound(textOf(word)) || textOf(bytes) != expressionText) {
+        return notWritable(tr("The older format cannot hold the characters of the expression"));
+    }
     return CurveFileResult();
+}
+
+std::string CurveContent::expressionBytes() const
+{
+    const bool isForeign =
+        !foreignBytes.isEmpty() && QString::fromLocal8Bit(foreignBytes) == expressionText;
+    return (isForeign ? foreignBytes : expressionText.toLocal8Bit()).toStdString();
+}
+
+void CurveContent::setExpressionBytes(const std::string& bytes)
+{
+    expressionText = textOf(bytes);
+    const bool isText = expressionText.toLocal8Bit().toStdString() == bytes;
+    foreignBytes = isText ? QByteArray() : QByteArray::fromStdString(bytes);
 }
 
 CurveFileResult CurveContent::checkExpression(const NameFilter& isKnown) const
@@ -135,23 +176,21 @@ CurveFileResult CurveContent::checkExpression(const NameFilter& isKnown) const
     if (type == splineCurve || expressionText.isEmpty()) {
         return result; // which is what a curve without one is saved as
     }
-    const ParseMessage found = messageOf(expressionText.toLocal8Bit().toStdString(), isKnown);
+    const ParseMessage found = messageOf(expressionBytes(), isKnown);
     if (found.ok) {
         return result;
     }
     result.problem = CurveFileResult::badExpression;
     const std::size_t place = std::min(static_cast<std::size_t>(std::max(found.errorDetail, 0)),
                                        found.expressionText.size());
-    const QString before = QString::fromLocal8Bit(found.expressionText.substr(0, place).c_str());
+    const QString before = textOf(found.expressionText.substr(0, place));
     result.line = std::max<qint64>(expressionLine, 1) + before.count(u'\n');
     result.column = before.contains(u'\n') ? before.size() - before.lastIndexOf(u'\n')
                                            : std::max<qint64>(expressionColumn, 1) + before.size();
     if (found.errorKind == ParseMessage::unknownName && !found.errorSpans.empty()) {
         const auto [start, length] = found.errorSpans.front();
-        result.name = QString::fromLocal8Bit(
-            found.expressionText
-                .substr(static_cast<std::size_t>(start), static_cast<std::size_t>(length))
-                .c_str());
+        result.name = textOf(found.expressionText.substr(static_cast<std::size_t>(start),
+                                                         static_cast<std::size_t>(length)));
         result.message = tr("Variable %1 not found").arg(result.name);
     } else if (found.errorKind == ParseMessage::openParenthesis) {
         result.message = tr("Unmatched parenthesis");
@@ -165,28 +204,39 @@ CurveFileResult CurveContent::checkExpression(const NameFilter& isKnown) const
 
 int CurveContent::renameInExpression(const QString& name, const QString& newName)
 {
-    // Names that are not the old one are known; the parser then stops at each place of the old one.
-    const NameFilter isAnother = [&](const QString& other) {
-        return other.compare(name, Qt::CaseInsensitive) != 0;
-    };
-    if (type == splineCurve || !isAnother(newName) || !checkExpression()) {
+    using Lexer = ExpressionLexer;
+    const std::string written =
+        FunctionParserBase::writtenName(newName.toLocal8Bit().toStdString());
+    const bool isSame = newName.compare(name, Qt::CaseInsensitive) == 0;
+    if (type == splineCurve || isSame || !isReadAs(written, newName)) {
         return 0;
     }
-    std::string text = expressionText.toLocal8Bit().toStdString();
-    const std::string replacement =
-        FunctionParserBase::writtenName(newName.toLocal8Bit().toStdString());
-    int count = 0;
-    for (;;) {
-        const ParseMessage found = messageOf(text, isAnother);
-        if (found.ok || found.errorKind != ParseMessage::unknownName || found.errorSpans.empty()) {
-            break;
+    const std::string text = expressionBytes();
+    QSet<QString> spellings; // of the old name, where it is a variable's
+    const ParseMessage message = messageOf(text, [&](const QString& word) {
+        if (word.compare(name, Qt::CaseInsensitive) == 0) {
+            spellings.insert(word);
         }
-        const auto [start, length] = found.errorSpans.front();
-        text.replace(static_cast<std::size_t>(start), static_cast<std::size_t>(length),
-                     replacement);
-        ++count;
+        return true;
+    });
+    if (!message.ok || spellings.isEmpty()) {
+        return 0;
     }
-    expressionText = QString::fromLocal8Bit(text.c_str());
+    int count = 0;
+    std::string renamed;
+    std::size_t copied = 0;
+    Lexer lexer(text);
+    for (Lexer::Token token = lexer.next(), next; token.kind != Lexer::end; token = next) {
+        next = lexer.next();
+        const bool isFunction = !token.isQuoted && next.sign == '(';
+        if (token.kind == Lexer::name && !isFunction &&
+            spellings.contains(textOf(lexer.nameOf(token)))) {
+            renamed.append(text, copied, token.start - copied).append(written);
+            copied = token.start + token.length;
+            ++count;
+        }
+    }
+    setExpressionBytes(renamed.append(text, copied));
     return count;
 }
 
@@ -194,7 +244,7 @@ void CurveContent::writeOlderBody(std::ostream& stream) const
 {
     stream << std::to_string(type) << '\n';
     if (type != splineCurve) {
-        const std::string text = asOneWord(expressionText).toLocal8Bit().toStdString();
+        const std::string text = asOneWord(expressionBytes());
         // Without a word of its own the expression would be read from the first of the spline's.
         const bool needsWord = text.empty() && hasKeys(type);
         stream << (needsWord ? "0" : text) << '\n';

@@ -51,7 +51,7 @@ CurveFileResult OlderCurveReader::read(CurveContent& content)
         std::string word;
         stream >> word;
         const StreamPlace place = buffer.place();
-        found.expressionText = QString::fromLocal8Bit(word.c_str());
+        found.setExpressionBytes(word);
         found.expressionLine = place.line;
         found.expressionColumn = place.column - static_cast<qint64>(word.size());
     }
@@ -61,6 +61,7 @@ CurveFileResult OlderCurveReader::read(CurveContent& content)
     }
     content.type = found.type;
     content.expressionText = found.expressionText;
+    content.foreignBytes = found.foreignBytes;
     content.expressionLine = found.expressionLine;
     content.expressionColumn = found.expressionColumn;
     return result;

@@ -98,6 +98,10 @@ bool XmlInputGuard::isHarmless(char byte)
         work += declared;
     } else if (byte == '&') {
         work += hasEntities ? workOfReference : 0;
+    } else if (byte == '%' && hasEntities) {
+        // Only where a declaration holds one can "%name;" stand for a longer text.
+        hasParameters = hasParameters || state == declaration;
+        work += hasParameters ? workOfReference : 0;
     } else if (state != text) {
         step(byte);
     }

@@ -64,6 +64,7 @@ private:
     qint64 listedInAll = 0;         ///< bytes of all lists of attributes
     qint64 listed = 0;              ///< bytes of the present list of attributes
     bool hasEntities = false;
+    bool hasParameters = false; ///< entities that declarations refer to, with a "%"
     qint64 work = 0;
 };
 

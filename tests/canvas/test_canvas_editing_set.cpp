@@ -37,6 +37,7 @@ private slots:
     void commandLineTextOfCurves();
     void markingExpressionsChangedReachesTheSetAndIsAnnounced();
     void savingWritesAFileForEachCurve();
+    void noFileReplacesThatOfAnotherCurve();
 
     void aParseErrorIsToldInABox_data();
     void aParseErrorIsToldInABox();
@@ -251,6 +252,18 @@ void TestCanvasEditingSet::savingWritesAFileForEachCurve()
     // A name is no path.
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
              (QStringList{"n.a.xml", "n.b.c.xml", "n.in_.._out.xml"}));
+}
+
+void TestCanvasEditingSet::noFileReplacesThatOfAnotherCurve()
+{
+    const QTemporaryDir folder;
+    add("n.in/out");
+    add("n.in_out");
+    add("n.in_out_");
+    canvas->selectCurves({"n.in/out", "n.in_out", "n.in_out_"});
+    canvas->saveCurvesXml(folder.path());
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files, QDir::Name),
+             (QStringList{"n.in_out.xml", "n.in_out_.xml", "n.in_out__.xml"}));
 }
 
 void TestCanvasEditingSet::aParseErrorIsToldInABox_data()

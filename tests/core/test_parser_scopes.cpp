@@ -88,6 +88,7 @@ private slots:
     void expressionsOutliveTheirScope();
     void anotherScopeAdoptsWhatOutlivedItsOwn();
     void keysOfAScopeAreRefreshedByTheParser();
+    void keysHandedOutOutliveExpressionAndScope();
     void theMapperIsAskedForNamesOfOtherScopes();
     void copiesOfTheParserKeepScopesApart();
     void expressionsOfACopyOutliveIt();
@@ -243,6 +244,22 @@ void TestParserScopes::keysOfAScopeAreRefreshedByTheParser()
     QCOMPARE(a.refreshed, 0);
 }
 
+void TestParserScopes::keysHandedOutOutliveExpressionAndScope()
+{
+    auto scope = std::make_unique<ParserScope>();
+    auto own = std::make_unique<ScopedVariable>(*scope, "body.w", 1.0);
+    Tree tree = parsed(scope.get(), "body.w*2");
+    FunctionParserBase::keyStruct* const key = parser()->getAllVars(tree.get()).at(0);
+    tree.reset();
+    own.reset();
+    scope.reset();
+    QCOMPARE(key->name, std::string("body.w"));
+    QVERIFY(!key->value);
+    const Variable hosts("body.w", 4.0);
+    parser()->refreshKey(key);
+    QCOMPARE(readKeyValue(key), 4.0);
+}
+
 void TestParserScopes::theMapperIsAskedForNamesOfOtherScopes()
 {
     const RegisteringMapper mapper;
@@ -283,7 +300,9 @@ void TestParserScopes::expressionsOfACopyOutliveIt()
     const Tree tree(copy->parseWithin(scope.get(), "body.w+2", message));
     QCOMPARE(tree->value(), 3.0);
     copy.reset();
+    const int refreshed = own->refreshed;
     QCOMPARE(tree->value(), 2.0);
+    QCOMPARE(own->refreshed, refreshed);
     own.reset();
     scope.reset();
     QCOMPARE(tree->value(), 2.0);

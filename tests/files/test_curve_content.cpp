@@ -95,12 +95,19 @@ private slots:
     void whatCannotBeReadBackIsNotWritten_data();
     void whatCannotBeReadBackIsNotWritten();
     void blanksAreLeftOutOfTheOlderFormat();
+    void theOlderFormatKeepsNames_data();
+    void theOlderFormatKeepsNames();
+    void theOlderFormatKeepsBytesThatAreNoText();
+    void aZeroInAnOlderFileIsNoEndOfTheExpression();
     void aFullDeviceIsTold();
 
     void theExpressionIsCheckedWhenAskedFor_data();
     void theExpressionIsCheckedWhenAskedFor();
     void namesInExpressionsAreRenamed_data();
     void namesInExpressionsAreRenamed();
+    void namesAreRenamedToWhatReadsBack_data();
+    void namesAreRenamedToWhatReadsBack();
+    void manyMentionsAreRenamed();
 
     void aLiveCurveGoesInAndComesOut();
     void namesOfFilesHoldNoFolders();
@@ -108,6 +115,8 @@ private slots:
     void manyKeysBehindDeclarationsAreRead();
     void aRefusalNamesTheLimit_data();
     void aRefusalNamesTheLimit();
+    void aRefusalHidesNoErrorBeforeIt();
+    void percentSignsInTextCountForNothing();
 };
 
 void TestCurveContent::whatIsWrittenReadsBack_data()
@@ -317,9 +326,13 @@ void TestCurveContent::whatCannotBeReadBackIsNotWritten_data()
     QTest::addColumn<CurveFormat>("format");
     QTest::newRow("several types") << int(mixedCurves) << "t" << CurveFormat::xml;
     QTest::newRow("several types, older") << int(mixedCurves) << "t" << CurveFormat::older;
-    QTest::newRow("a control character") << 1 << "t\x01" << CurveFormat::xml;
-    QTest::newRow("half a character") << 1 << QString(QChar(0xd800)) << CurveFormat::xml;
     QTest::newRow("no character") << 1 << QString(QChar(0xffff)) << CurveFormat::xml;
+    for (const CurveFormat format : {CurveFormat::xml, CurveFormat::older}) {
+        const char* const name = format == CurveFormat::xml ? "XML" : "older";
+        QTest::addRow("a zero, %s", name) << 1 << QString("t") + QChar(0) + "*2" << format;
+        QTest::addRow("a control character, %s", name) << 1 << "t\x01" << format;
+        QTest::addRow("half a character, %s", name) << 1 << QString(QChar(0xd800)) << format;
+    }
     QTest::newRow("blanks that part two words") << 2 << "t f" << CurveFormat::older;
 }
 
@@ -356,6 +369,50 @@ void TestCurveContent::blanksAreLeftOutOfTheOlderFormat()
     const CurveContent quoted = sample(expressionCurve, "'arm left.x' * 2");
     QVERIFY(readFrom(back, written(quoted, CurveFormat::older)));
     QCOMPARE(back.expressionText, "'arm\\sleft.x'*2");
+}
+
+void TestCurveContent::theOlderFormatKeepsNames_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("a wide blank in a name")
+        << QStringLiteral("arm\u3000left.x + 1") << QStringLiteral("arm\u3000left.x+1");
+    QTest::newRow("another") << QStringLiteral("arm\u2003left.x\t+ a\u0085b")
+                             << QStringLiteral("arm\u2003left.x+a\u0085b");
+    QTest::newRow("a no-break space in quotes")
+        << QStringLiteral("'arm\u00a0left.x' * 2") << QStringLiteral("'arm\u00a0left.x'*2");
+    QTest::newRow("a no-break space") << QStringLiteral("t\u00a0* 2") << QStringLiteral("t*2");
+    QTest::newRow("no other blank") << QStringLiteral("t\u00a0*2") << QStringLiteral("t\u00a0*2");
+    QTest::newRow("quotes in quotes") << R"('a\'b c' + 'd\\' * t)"
+                                      << R"('a\'b\sc'+'d\\'*t)";
+}
+
+void TestCurveContent::theOlderFormatKeepsNames()
+{
+    QFETCH(QString, text);
+    CurveContent back;
+    QVERIFY(readFrom(back, written(sample(expressionCurve, text), CurveFormat::older)));
+    QTEST(back.expressionText, "word");
+}
+
+void TestCurveContent::theOlderFormatKeepsBytesThatAreNoText()
+{
+    CurveContent content;
+    QVERIFY(readFrom(content, "1 2 3\n1\ncaf\xe9.x+1\n"));
+    QVERIFY(content.checkExpression());
+    QVERIFY(written(content, CurveFormat::older).contains("\ncaf\xe9.x+1\n"));
+    QCOMPARE(content.checkWritable(CurveFormat::xml).problem, CurveFileResult::notWritable);
+    content.expressionText = "t";
+    QVERIFY(written(content, CurveFormat::older).endsWith("\nt\n"));
+    QVERIFY(content.checkWritable(CurveFormat::xml));
+}
+
+void TestCurveContent::aZeroInAnOlderFileIsNoEndOfTheExpression()
+{
+    CurveContent content;
+    QVERIFY(readFrom(content, QByteArray("1 2 3\n1\nt\0*2\n", 13)));
+    QCOMPARE(content.expressionText.size(), 4);
+    QCOMPARE(content.checkExpression().problem, CurveFileResult::badExpression);
 }
 
 void TestCurveContent::aFullDeviceIsTold()
@@ -445,6 +502,40 @@ void TestCurveContent::namesInExpressionsAreRenamed()
     }
 }
 
+void TestCurveContent::namesAreRenamedToWhatReadsBack_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("count");
+    QTest::newRow("empty") << "" << 0;
+    QTest::newRow("the time") << "t" << 0;
+    QTest::newRow("a constant") << "PI" << 0;
+    QTest::newRow("two lines") << "b\nc" << 0;
+    QTest::newRow("half a character") << QString(QChar(0xd800)) << 0;
+    QTest::newRow("two words") << "b c" << 1;
+    QTest::newRow("a function's") << "sin" << 1;
+}
+
+void TestCurveContent::namesAreRenamedToWhatReadsBack()
+{
+    QFETCH(QString, name);
+    QFETCH(int, count);
+    CurveContent content = sample(expressionCurve, "arm.x*2");
+    QCOMPARE(content.renameInExpression("arm.x", name), count);
+    QCOMPARE(content.expressionText == "arm.x*2", count == 0);
+    QCOMPARE(content.renameInExpression(name, "leg.x"), count);
+}
+
+void TestCurveContent::manyMentionsAreRenamed()
+{
+    constexpr int mentions = 50000;
+    const QString sum = QString("+arm.x").repeated(mentions);
+    CurveContent content = sample(expressionCurve, "sin(sin)" + sum);
+    QCOMPARE(content.renameInExpression("arm.x", "b"), mentions);
+    QCOMPARE(content.expressionText, "sin(sin)" + QString("+b").repeated(mentions));
+    QCOMPARE(content.renameInExpression("sin", "c"), 1);
+    QVERIFY(content.expressionText.startsWith("sin(c)+b"));
+}
+
 void TestCurveContent::aLiveCurveGoesInAndComesOut()
 {
     SplineBase spline;
@@ -509,6 +600,14 @@ void TestCurveContent::aRefusalNamesTheLimit_data()
     for (int i = 0; i < 50000; ++i) {
         list += " a" + QByteArray::number(i) + " CDATA #IMPLIED";
     }
+    QByteArray defaults;
+    for (int i = 0; i < 140; ++i) {
+        defaults += "<!ATTLIST x a" + QByteArray::number(i) + " CDATA '1'>";
+    }
+    QTest::newRow("parameters") << "<!DOCTYPE curve [<!-- <a> --><!ENTITY % a \"" + defaults +
+                                       "\">" + QByteArray("%a;\n").repeated(40000) + "]>" +
+                                       xmlOf("<type>spline</type>")
+                                << "Declarations are too long";
     QTest::newRow("declarations") << "<!DOCTYPE curve [<!ATTLIST x" + list + ">]>" +
                                          xmlOf("<type>spline</type>" +
                                                QByteArray("<x></x>").repeated(100000))
@@ -523,6 +622,27 @@ void TestCurveContent::aRefusalNamesTheLimit()
     const CurveFileResult result = readFrom(content, text);
     QCOMPARE(result.problem, CurveFileResult::malformed);
     QVERIFY2(result.message.contains(words), qPrintable(result.message));
+}
+
+void TestCurveContent::aRefusalHidesNoErrorBeforeIt()
+{
+    QByteArray attributes;
+    for (int i = 0; i < 210; ++i) {
+        attributes += " a" + QByteArray::number(i) + "='1'";
+    }
+    CurveContent content;
+    const CurveFileResult result = readFrom(content, "<svg><g" + attributes + "/></svg>");
+    QCOMPARE(result.problem, CurveFileResult::otherContent);
+    QCOMPARE(result.message, "Bad Format: Expected <curve> instead of <svg>");
+}
+
+void TestCurveContent::percentSignsInTextCountForNothing()
+{
+    CurveContent content;
+    const QByteArray percents = "<!--" + QByteArray("%").repeated(100000) + "-->";
+    const CurveFileResult result = readFrom(content, "<!DOCTYPE curve [<!ENTITY a 'spline'>]>" +
+                                                         xmlOf("<type>&a;</type>" + percents));
+    QVERIFY2(result, qPrintable(result.text()));
 }
 
 QTEST_GUILESS_MAIN(TestCurveContent)

@@ -38,7 +38,7 @@ struct Source
             source.spline = &spline;
         }
         if (content.type != splineCurve) {
-            source.text = content.expressionText.toLocal8Bit().toStdString();
+            source.text = content.expressionBytes();
         }
         source.fps = rate;
     }
