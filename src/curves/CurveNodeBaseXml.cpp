@@ -12,6 +12,7 @@
 #include "graphs/SplineCurveGraph.h"
 
 #include <QFile>
+#include <QXmlStreamReader>
 
 using curve_editor::FileReading;
 using curve_editor::Problem;
