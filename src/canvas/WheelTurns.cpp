@@ -3,6 +3,7 @@
 #include <QPoint>
 #include <QWheelEvent>
 
+#include <cmath>
 #include <cstdlib>
 
 namespace {

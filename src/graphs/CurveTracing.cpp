@@ -2,6 +2,8 @@
 
 #include "core/Truncate.h"
 
+#include <cmath>
+
 namespace {
 
 // Narrower bends than this cannot be told from a line.
