@@ -15,8 +15,10 @@ public:
         static_assert(std::is_arithmetic_v<Number> || std::is_enum_v<Number> ||
                           std::is_pointer_v<Number>,
                       "of records, add each field: there may be gaps between them");
+        // NOLINTNEXTLINE(bugprone-sizeof-expression): of a pointer, too
         static_assert(sizeof(Number) <= sizeof(std::uint64_t), "one word at a time");
         std::uint64_t word = 0;
+        // NOLINTNEXTLINE(bugprone-sizeof-expression)
         std::memcpy(&word, &number, sizeof number);
         // Two lanes in turn, so that neither waits for its last product.
         const std::uint64_t mixed = (second ^ word) * factor;

@@ -78,18 +78,18 @@ ValueBounds SplineBase::bounds(const double& from, const double& to) const
     if (std::isnan(from) || std::isnan(to)) {
         return ValueBounds();
     }
-    const double lowest = std::min(from, to);
-    const double highest = std::max(from, to);
-    if (controlPoints.empty() || !(lowest >= controlPoints.front()->time) ||
-        !(highest <= controlPoints.back()->time)) {
-        return SamplerKeys(*this).bounds(lowest, highest);
+    const double earliest = std::min(from, to);
+    const double latest = std::max(from, to);
+    if (controlPoints.empty() || !(earliest >= controlPoints.front()->time) ||
+        !(latest <= controlPoints.back()->time)) {
+        return SamplerKeys(*this).bounds(earliest, latest);
     }
     // The keys of the stretch alone, with one more on either side that lends its slope.
-    const std::size_t begin = std::max<std::size_t>(segmentAt(lowest), 1) - 1;
-    const std::size_t end = std::min(segmentAt(highest) + 3, controlPoints.size());
+    const std::size_t begin = std::max<std::size_t>(segmentAt(earliest), 1) - 1;
+    const std::size_t end = std::min(segmentAt(latest) + 3, controlPoints.size());
     SplineBase stretch;
     for (std::size_t key = begin; key < end; ++key) {
         stretch.addPointPtr(new PointInfo(*controlPoints[key]));
     }
-    return SamplerKeys(stretch).bounds(lowest, highest);
+    return SamplerKeys(stretch).bounds(earliest, latest);
 }

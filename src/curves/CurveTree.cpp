@@ -259,7 +259,7 @@ QStringList CurveTree::edit(const QList<CurveNode*>& wanted)
 {
     const CurveVisit visit(this);
     const QList<CurveNode*> former = editing.curves();
-    const QStringList entered = editing.replace(wanted);
+    QStringList entered = editing.replace(wanted);
     for (CurveNode* curve : former) {
         unlinked.nameDropped(curve);
     }

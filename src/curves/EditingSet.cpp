@@ -97,7 +97,7 @@ QStringList EditingSet::replace(const QList<CurveNode*>& nodes)
 
 QList<CurveNode*> EditingSet::leave()
 {
-    const QList<CurveNode*> former = std::exchange(editing, {});
+    QList<CurveNode*> former = std::exchange(editing, {});
     for (CurveNode* curve : former) {
         curve->setActive(false);
     }
@@ -199,7 +199,7 @@ QString EditingSet::lineText() const
     if (setType != expressionCurve && setType != splinePlusExpressionCurve) {
         return tr("Multiple Types");
     }
-    const QString text = expressionText(editing.first());
+    QString text = expressionText(editing.first());
     for (CurveNode* curve : editing) {
         if (expressionText(curve) != text) {
             return QStringLiteral("...");
