@@ -98,7 +98,7 @@ QStringList EditingSet::replace(const QList<CurveNode*>& nodes)
 QList<CurveNode*> EditingSet::leave()
 {
     QList<CurveNode*> former = std::exchange(editing, {});
-    for (CurveNode* curve : former) {
+    for (CurveNode* curve : std::as_const(former)) {
         curve->setActive(false);
     }
     return former;
