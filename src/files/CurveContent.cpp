@@ -92,7 +92,7 @@ CurveFileResult CurveContent::read(QIODevice& device, CurveFormat format)
         return OlderCurveReader(device).read(*this);
     }
     CurveContent found;
-    const CurveFileResult result =
+    CurveFileResult result =
         readXmlDocument(device, [&](const CurveContent& content) { found = content; });
     if (result) {
         *this = std::move(found);
@@ -121,7 +121,7 @@ CurveFileResult CurveContent::readFile(const QString& path, CurveFormat* format)
 
 CurveFileResult CurveContent::write(QIODevice& device, CurveFormat format) const
 {
-    const CurveFileResult writable = checkWritable(format);
+    CurveFileResult writable = checkWritable(format);
     if (!writable) {
         return writable;
     }
@@ -150,7 +150,7 @@ CurveFileResult CurveContent::writeFile(const QString& path) const
 
 CurveFileResult CurveContent::writeFile(const QString& path, CurveFormat format) const
 {
-    const CurveFileResult writable = checkWritable(format);
+    CurveFileResult writable = checkWritable(format);
     if (!writable) {
         return writable;
     }
