@@ -34,7 +34,7 @@ int curve_tracing::stepsOver(const double& pixels)
     if (!(pixels > narrow)) {
         return 1;
     }
-    const int columns = std::min(truncateToInt(pixels) + 1, mostSteps);
+    const int columns = truncateToInt(std::min<double>(pixels, mostSteps - 1)) + 1;
     if (pixels < 2.0) {
         return 2;
     }

@@ -105,8 +105,14 @@ void LineRaster::cover(quint32* first, const qsizetype& stride, const int& lengt
 
 void LineRaster::walk(const Way& way)
 {
-    const int first = truncateToInt(std::ceil(std::max(way.from - 0.5, 0.0)));
-    const int last = truncateToInt(std::ceil(std::min<double>(way.to - 0.5, way.length))) - 1;
+    const auto heldToPicture = [&way](double place) {
+        return truncateToInt(std::ceil(std::clamp<double>(place, 0.0, way.length)));
+    };
+    const int first = heldToPicture(way.from - 0.5);
+    const int last = heldToPicture(way.to - 0.5) - 1;
+    if (first > last) {
+        return;
+    }
     const double reach = width / 2.0 * std::sqrt(1.0 + way.slope * way.slope) * wholePixel;
     const int start = way.isReversed ? last : first;
     const int step = way.isReversed ? -1 : 1;
@@ -119,8 +125,8 @@ void LineRaster::walk(const Way& way)
         if (dotLength == 0 || isOn()) {
             const double held =
                 std::clamp(middle, -farthest * wholePixel, 2.0 * farthest * wholePixel);
-            cover(pixels, way.acrossStride, way.acrossLength, static_cast<int>(held - reach),
-                  static_cast<int>(held + reach));
+            cover(pixels, way.acrossStride, way.acrossLength, truncateToInt(held - reach),
+                  truncateToInt(held + reach));
         }
         middle += rise;
         pixels += step * way.stride;
