@@ -72,6 +72,24 @@ private slots:
         QCOMPARE(countOf(image, Qt::white), 100 + 100 - 1);
     }
 
+    /// Farther than an int reaches, on one side of the picture.
+    void aLineBeyondAllPixelsCoversNothing_data()
+    {
+        QTest::addColumn<QPointF>("begin");
+        QTest::addColumn<QPointF>("end");
+        QTest::newRow("left") << QPointF(-1e12, 40.5) << QPointF(-1e11, 50.5);
+        QTest::newRow("right") << QPointF(1e11, 40.5) << QPointF(1e12, 50.5);
+        QTest::newRow("above") << QPointF(40.5, -1e12) << QPointF(50.5, -1e11);
+        QTest::newRow("below") << QPointF(40.5, 1e11) << QPointF(50.5, 1e12);
+    }
+    void aLineBeyondAllPixelsCoversNothing()
+    {
+        QFETCH(QPointF, begin);
+        QFETCH(QPointF, end);
+        const QImage image = drawn(1.0, CurvePen::solid, {begin, end});
+        QCOMPARE(countOf(image, Qt::black), image.width() * image.height());
+    }
+
     void manyPointsInOneColumnAreDrawnFromTheLowestToTheHighest()
     {
         QList<QPointF> points;
